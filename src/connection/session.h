@@ -1,0 +1,22 @@
+#pragma once
+
+#include "dataaccess/Connection.h"
+
+#include <QString>
+
+#include <memory>
+
+/// The process-wide values of the one session that this program has at a time.
+
+/// The connection that every statement runs on; null before the first log-on and after the editor
+/// window has closed.
+extern std::shared_ptr<Connection> gConnection;
+/// The connection string that last opened gConnection. Holds the password.
+extern QString gConnectString;
+extern QString gUserName;
+extern QString gPassword;
+extern QString gTnsName;
+
+/// Most records that a result set is meant to return; 100 whenever an editor window loads. 0 and
+/// more than 10000 mean all.
+extern qint32 maxRecords;

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "dataaccess/dataAccessTypes.h"
+
+#include <QString>
+
+#include <memory>
+
+class ConnectionPrivate;
+class Recordset;
+
+/// One session with a data source, over ODBC.
+///
+/// Every failure of the driver is a RuntimeError whose description is the driver's own text (all
+/// diagnostic records, joined by line ends).
+class Connection : public std::enable_shared_from_this<Connection>
+{
+public:
+    Connection();
+    /// Rolls back what was not committed and closes.
+    ~Connection();
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+
+    /// Where the rows of Execute() go: adUseServer (at first) for a forward-only reader, adUseClient for a
+    /// copy in memory.
+    CursorLocationEnum CursorLocation() const;
+    void setCursorLocation(CursorLocationEnum location);
+
+    /// Opens the session that @p connectionString describes; docs/connections.md lists the items.
+    /// @throws RuntimeError 3705 when open, 3706 for an unknown provider, otherwise the driver's
+    void Open(const QString &connectionString);
+
+    /// Rolls back an open transaction, closes the connection and its recordsets.
+    /// @throws RuntimeError 3704 when closed
+    void Close();
+    ObjectStateEnum State() const;
+
+    /// Sends a command text. A text that is nothing but a procedure reference, with or without an
+    /// argument list, is sent as `{call …}`.
+    /// @returns the first result's rows; a closed recordset when the command returns none
+    /// @throws RuntimeError 3704 when closed, otherwise the driver's
+    std::shared_ptr<Recordset> Execute(const QString &commandText);
+
+    /// @throws RuntimeError -2147168237 when one is open already
+    void BeginTrans();
+    /// @throws RuntimeError -2147168242 when none is open
+    void CommitTrans();
+    void RollbackTrans();
+
+private:
+    friend class Recordset;
+    friend class Command;
+    std::unique_ptr<ConnectionPrivate> d;
+};

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "dataaccess/Value.h"
+#include "dataaccess/dataAccessTypes.h"
+
+#include <QString>
+
+#include <memory>
+
+class Connection;
+class RecordsetPrivate;
+
+/// A table of rows with one current row: a forward-only reader over an ODBC result, a client-side
+/// copy of one, or a table built in memory out of appended fields.
+///
+/// What ADO's recordset does carries ADO's name here, with a capital; the rest is ours. Rows are
+/// counted from 0. Field names match in any letter case. Everything that reads or moves
+/// raises RuntimeError 3704 while the recordset is closed.
+class Recordset
+{
+public:
+    Recordset();
+    ~Recordset();
+    Recordset(const Recordset &) = delete;
+    Recordset &operator=(const Recordset &) = delete;
+
+    // Set before opening. Changing one on an open recordset raises 3705.
+    CursorLocationEnum CursorLocation() const;
+    void setCursorLocation(CursorLocationEnum location);
+    CursorTypeEnum CursorType() const;
+    void setCursorType(CursorTypeEnum type);
+    LockTypeEnum LockType() const;
+    void setLockType(LockTypeEnum type);
+    /// Rows fetched in one call of the driver by a forward-only reader; 1 at first.
+    int CacheSize() const;
+    /// @throws RuntimeError 3001 below 1
+    void setCacheSize(int rows);
+    /// A provider's dynamic property ("Initial Fetch Size", "Background Fetch Size"): kept, and
+    /// given back, for providers that know it. @throws RuntimeError 3265 when it was never set
+    Value Property(const QString &name) const;
+    void setProperty(const QString &name, const Value &value);
+
+    /// Adds a column to a closed recordset that is to be opened without a source.
+    /// @param definedSize  longest text in UTF-16 units that a character column takes; 0 for no
+    ///                     limit
+    /// @throws RuntimeError 3705 when open, 3367 when the name is there already
+    void appendField(const QString &name, DataTypeEnum type, int definedSize = 0);
+
+    /// Opens an empty table over the appended fields; the cursor location becomes adUseClient.
+    /// @throws RuntimeError 3705 when open, 3709 when there are no fields either
+    void Open();
+
+    /// Sends @p source on @p connection and opens on its rows. A command that returns no rows
+    /// leaves the recordset closed. Cursor type and lock type are taken as they were set.
+    /// @throws RuntimeError 3705 when open, 3709 on a closed connection, otherwise the server's
+    void Open(const QString &source, const std::shared_ptr<Connection> &connection);
+
+    void Close();
+    ObjectStateEnum State() const;
+
+    bool Bof() const;
+    bool Eof() const;
+    /// Rows of a client-side table; -1 for a forward-only reader.
+    qint64 RecordCount() const;
+    void MoveFirst();
+    /// @throws RuntimeError 3021 when the end is passed already
+    void MoveNext();
+    /// Makes row @p row (in the present order) current; client-side tables only.
+    void moveTo(qint64 row);
+
+    int fieldCount() const;
+    QString fieldName(int field) const;
+    DataTypeEnum fieldType(int field) const;
+    /// @throws RuntimeError 3265 for an unknown name
+    int fieldIndex(const QString &name) const;
+
+    /// A value of the current row. @throws RuntimeError 3021 without one, 3265 for no such field
+    Value value(int field) const;
+    Value value(const QString &name) const;
+    /// Sets a value of the current row of a table built in memory.
+    /// @throws RuntimeError -2147217887 when a text is longer than the field's defined size; the
+    ///         field then keeps its value
+    void setValue(int field, const Value &value);
+    void setValue(const QString &name, const Value &value);
+
+    /// Adds a row of empty values and makes it current. The next move or addition keeps it.
+    void AddNew();
+
+    /// Adds a row that holds the current row of @p source, nulls becoming empty texts, and makes
+    /// it current: AddNew() and setValue() of every field, without the detour over single values.
+    /// The columns of both must correspond.
+    void addNewFrom(const Recordset &source);
+
+    /// The order of the rows, as `FIELD [ASC|DESC], …`; an empty text restores the order of
+    /// arrival. May be set before opening. Client-side tables only.
+    void setSort(const QString &order);
+    QString Sort() const;
+
+    // Reading any row of a client-side table without moving the current one, for views.
+    Value valueAt(qint64 row, int field) const;
+    /// The text form of a value; what valueAt(…).toText() gives, without building the value.
+    QString textAt(qint64 row, int field) const;
+    bool isNumberAt(qint64 row, int field) const;
+    /// Appends the text forms of row @p row's fields @p firstField to @p lastField, with
+    /// @p separator between them.
+    void appendRowText(qint64 row, int firstField, int lastField, QChar separator,
+                       QString &text) const;
+    /// Bytes that the rows occupy.
+    qint64 storedBytes() const;
+
+private:
+    friend class Connection;
+    friend class Command;
+    std::unique_ptr<RecordsetPrivate> d;
+};

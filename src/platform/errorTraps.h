@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/RuntimeError.h"
+#include "platform/messageBox.h"
+#include "platform/process.h"
+
+#include <exception>
+#include <utility>
+
+/// The ways in which a command handles what goes wrong below it. Qt's event loop lets no exception
+/// through, so every handler that may fail runs inside one of these.
+
+/// What a caught exception tells the user: a RuntimeError's description, or the text that fits an
+/// exception of the language itself (memory ran out, for example).
+RuntimeError currentRuntimeError() noexcept;
+
+/// Runs @p work; a failure is shown as its description alone and ends the command.
+/// @returns whether the work went through
+template <typename Work>
+bool reportErrors(Work &&work)
+{
+    try {
+        std::forward<Work>(work)();
+        return true;
+    } catch (...) {
+        showMessage(currentRuntimeError().description);
+        return false;
+    }
+}
+
+/// Runs @p work and passes over a failure in silence.
+template <typename Work>
+void ignoreErrors(Work &&work) noexcept
+{
+    try {
+        std::forward<Work>(work)();
+    } catch (...) { // a step that fails is skipped, by its caller's design
+    }
+}
+
+/// Runs @p work; a failure is shown and then ends the program.
+template <typename Work>
+void endOnError(Work &&work)
+{
+    if (!reportErrors(std::forward<Work>(work)))
+        endProgram(1);
+}

@@ -1,0 +1,8 @@
+#include "platform/eventYield.h"
+
+#include <QCoreApplication>
+
+void yieldToEvents()
+{
+    QCoreApplication::processEvents();
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/// Starts a program that goes on by itself.
+/// @param program  path of the program file
+/// @throws RuntimeError 53 when there is no such file, 5 when it cannot be started
+void startProgram(const QString &program, const QStringList &arguments);
+
+/// Opens a page the desktop's own way.
+/// @throws RuntimeError 53 when the desktop offers none, 5 when it cannot be started
+void openPage(const QString &address);
+
+/// Ends the process at once: no window is asked, nothing is saved, an open transaction is left to
+/// the server to roll back.
+void endProgram(int exitCode = 0);
+
+/// Called by endProgram() in place of ending, so that a test can see that it was reached; the
+/// caller of endProgram() then goes on and must have nothing left to do. An empty function
+/// restores the real end.
+void setProgramEnd(std::function<void(int exitCode)> end);
