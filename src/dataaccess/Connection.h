@@ -22,8 +22,8 @@ public:
     Connection(const Connection &) = delete;
     Connection &operator=(const Connection &) = delete;
 
-    /// Where the rows of Execute() go: adUseServer (at first) for a forward-only reader, adUseClient for a
-    /// copy in memory.
+    /// Where the rows of Execute() go: adUseServer (at first) for a forward-only reader,
+    /// adUseClient for a copy in memory.
     CursorLocationEnum CursorLocation() const;
     void setCursorLocation(CursorLocationEnum location);
 

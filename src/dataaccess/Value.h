@@ -49,16 +49,43 @@ public:
                                  Timestamp, QString, QByteArray>;
 
     Value() = default;
-    Value(EmptyValue) { }
-    Value(NullValue null) : m_value(null) { }
-    Value(bool value) : m_value(value) { }
-    Value(int value) : m_value(std::int64_t{value}) { }
-    Value(std::int64_t value) : m_value(value) { }
-    Value(double value) : m_value(value) { }
-    Value(ExactNumber value) : m_value(std::move(value)) { }
-    Value(Timestamp value) : m_value(value) { }
-    Value(QString value) : m_value(std::move(value)) { }
-    Value(QByteArray value) : m_value(std::move(value)) { }
+    Value(EmptyValue) {}
+    Value(NullValue null)
+        : m_value(null)
+    {
+    }
+    Value(bool value)
+        : m_value(value)
+    {
+    }
+    Value(int value)
+        : m_value(std::int64_t{value})
+    {
+    }
+    Value(std::int64_t value)
+        : m_value(value)
+    {
+    }
+    Value(double value)
+        : m_value(value)
+    {
+    }
+    Value(ExactNumber value)
+        : m_value(std::move(value))
+    {
+    }
+    Value(Timestamp value)
+        : m_value(value)
+    {
+    }
+    Value(QString value)
+        : m_value(std::move(value))
+    {
+    }
+    Value(QByteArray value)
+        : m_value(std::move(value))
+    {
+    }
     /// To the second, as a data source would hold a date of this program.
     Value(const QDateTime &value);
 

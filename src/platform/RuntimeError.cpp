@@ -88,6 +88,8 @@ RuntimeError::RuntimeError(int errorNumber)
 }
 
 RuntimeError::RuntimeError(int errorNumber, QString errorDescription)
-    : number(errorNumber), description(std::move(errorDescription)), m_what(description.toUtf8())
+    : number(errorNumber)
+    , description(std::move(errorDescription))
+    , m_what(description.toUtf8())
 {
 }

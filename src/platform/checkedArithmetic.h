@@ -22,7 +22,10 @@ class Int16
 {
 public:
     constexpr Int16() = default;
-    constexpr Int16(qint64 value) : m_value(checkedCast<qint16>(value)) { }
+    constexpr Int16(qint64 value)
+        : m_value(checkedCast<qint16>(value))
+    {
+    }
 
     constexpr qint16 value() const { return m_value; }
 

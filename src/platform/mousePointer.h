@@ -22,7 +22,11 @@ void setMousePointerPresenter(std::function<void(int shape)> presenter);
 class HourglassPointer
 {
 public:
-    HourglassPointer() : m_before(mousePointer()) { setMousePointer(MousePointer::Hourglass); }
+    HourglassPointer()
+        : m_before(mousePointer())
+    {
+        setMousePointer(MousePointer::Hourglass);
+    }
     ~HourglassPointer() { setMousePointer(m_before); }
     HourglassPointer(const HourglassPointer &) = delete;
     HourglassPointer &operator=(const HourglassPointer &) = delete;

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+
+class QWidget;
+
+/// The common dialogs for files, colours and fonts, with the properties that the classic control
+/// has. A cancelled dialog raises RuntimeError 32755 when CancelError is set; otherwise FileName is
+/// left empty, or the colour and font as they were.
+class CommonDialog
+{
+public:
+    explicit CommonDialog(QWidget *parent)
+        : m_parent(parent)
+    {
+    }
+
+    bool CancelError = false;
+    QString FileName;
+    QString InitDir;
+    QString DialogTitle;
+    /// Pairs of a name and a pattern separated by `|`: "All Files (*.*)|*.*".
+    QString Filter;
+    /// Extension given to a name typed without one.
+    QString DefaultExt;
+    int Flags = 0;
+    QColor Color;
+    QFont Font;
+
+    void ShowOpen();
+    /// Asks for a file to save to; an existing one is taken without a question.
+    void ShowSave();
+    void ShowColor();
+    void ShowFont();
+
+private:
+    QWidget *m_parent;
+};
