@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QSettings;
+
+/// The program's own settings files: INI files in the user's configuration folder, in a folder
+/// that only the owner can open (0700), each readable by the owner alone (0600).
+
+/// The path of the settings file with base name @p name. Nothing is created.
+QString privateSettingsPath(const QString &name);
+
+/// Runs @p read on the file's settings; without a file nothing is run.
+/// @throws RuntimeError 75 when the file is there and cannot be read
+void readPrivateSettings(const QString &name, const std::function<void(QSettings &)> &read);
+
+/// Runs @p change on the file's settings, creating the file if need be, and has them on disk
+/// when it returns. The owner alone can read the file at every moment.
+/// @throws RuntimeError 75 when the file cannot be created or written
+void changePrivateSettings(const QString &name, const std::function<void(QSettings &)> &change);

@@ -1,0 +1,164 @@
+#include "platform/privateSettings.h"
+#include "platform/registry.h"
+#include "platform/settings.h"
+#include "support/raisedError.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString application = u"Orbek Oracle"_s;
+const QString section = u"Settings"_s;
+const QString controlKey = u"Software\\BCDLL\\CurrentVersion"_s;
+
+int modeOf(const QString &path)
+{
+    struct stat status = {};
+    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+        return -1;
+    return static_cast<int>(status.st_mode & 07777);
+}
+
+} // namespace
+
+class tst_Platform : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void settingsComeBackAsWritten_data();
+    void settingsComeBackAsWritten();
+    void settingsAreApart();
+    void storeIsTheOwnersAlone();
+    void storeThatCannotBeUsed();
+    void registryKeys();
+    void registryValues();
+    void registryThatCannotBeWritten();
+
+private:
+    std::unique_ptr<QTemporaryDir> m_config;
+};
+
+void tst_Platform::init()
+{
+    m_config = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_config->isValid());
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_config->filePath(u"home"_s)));
+}
+
+void tst_Platform::settingsComeBackAsWritten_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::newRow("plain") << u"tiger"_s;
+    QTest::newRow("empty") << u""_s;
+    QTest::newRow("blanks") << u"  a  "_s;
+    QTest::newRow("signs of the file's own") << u"@a,b;c=\"d\"\\n%20[x]"_s;
+    QTest::newRow("line ends") << u"a\r\nb\tc"_s;
+    QTest::newRow("other scripts") << u"pässwörd \u4e2d \U0001F600"_s;
+}
+
+void tst_Platform::settingsComeBackAsWritten()
+{
+    QFETCH(QString, value);
+    QCOMPARE(getSetting(application, section, u"Password"_s), QString());
+    QVERIFY(!QFileInfo::exists(privateSettingsPath(application)));
+    saveSetting(application, section, u"Password"_s, value);
+    QCOMPARE(getSetting(application, section, u"Password"_s), value);
+    QFile file(privateSettingsPath(application));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("Password="));
+}
+
+void tst_Platform::settingsAreApart()
+{
+    saveSetting(application, section, u"Login"_s, u"scott"_s);
+    saveSetting(application, u"Other"_s, u"Login"_s, u"system"_s);
+    saveSetting(u"Another"_s, section, u"Login"_s, u"sys"_s);
+    saveSetting(application, section, u"Login"_s, u"adams"_s);
+    QCOMPARE(getSetting(application, section, u"Login"_s), u"adams"_s);
+    QCOMPARE(getSetting(application, u"Other"_s, u"Login"_s), u"system"_s);
+    QCOMPARE(getSetting(u"Another"_s, section, u"Login"_s), u"sys"_s);
+    QCOMPARE(getSetting(application, section, u"Database"_s), QString());
+}
+
+void tst_Platform::storeIsTheOwnersAlone()
+{
+    const QString path = privateSettingsPath(application);
+    const QString folder = QFileInfo(path).path();
+    const mode_t before = umask(0);
+    changePrivateSettings(application, [&](QSettings &) {
+        QCOMPARE(modeOf(path), 0600);
+        QCOMPARE(modeOf(folder), 0700);
+    });
+    saveSetting(application, section, u"Password"_s, u"tiger"_s);
+    umask(before);
+    QCOMPARE(modeOf(path), 0600);
+
+    chmod(QFile::encodeName(path).constData(), 0644);
+    chmod(QFile::encodeName(folder).constData(), 0755);
+    saveSetting(application, section, u"Password"_s, u"lantern"_s);
+    QCOMPARE(modeOf(path), 0600);
+    QCOMPARE(modeOf(folder), 0700);
+}
+
+void tst_Platform::storeThatCannotBeUsed()
+{
+    QFile inTheWay(m_config->filePath(u"home"_s));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    const auto save = [] { saveSetting(application, section, u"Login"_s, u"scott"_s); };
+    const auto get = [] { getSetting(application, section, u"Login"_s); };
+    QCOMPARE(raisedError(save), ErrorNumber::PathFileAccessError);
+
+    QVERIFY(inTheWay.remove());
+    QVERIFY(QDir().mkpath(privateSettingsPath(application)));
+    QCOMPARE(raisedError(save), ErrorNumber::PathFileAccessError);
+    QCOMPARE(raisedError(get), ErrorNumber::PathFileAccessError);
+}
+
+void tst_Platform::registryKeys()
+{
+    QCOMPARE(CreateRegKey(controlKey, RegistryHive::LocalMachine), 1);
+    QCOMPARE(CreateRegKey(controlKey, RegistryHive::LocalMachine), 2);
+    QCOMPARE(CreateRegKey(u"Software\\BCDLL"_s, RegistryHive::LocalMachine), 2);
+    QCOMPARE(CreateRegKey(controlKey), 1);
+    QCOMPARE(modeOf(privateSettingsPath(u"Registry"_s)), 0600);
+}
+
+void tst_Platform::registryValues()
+{
+    const QString name = u"/opt/querna\\Defaults"_s;
+    QCOMPARE(SetRegValue(controlKey, name, QString()), 0);
+    QVERIFY(!QFileInfo::exists(privateSettingsPath(u"Registry"_s)));
+
+    QCOMPARE(SetRegValue(controlKey, name, u"-2147483646"_s), 1);
+    QCOMPARE(CreateRegKey(controlKey), 2);
+    QCOMPARE(SetRegValue(controlKey, name, u"1"_s), 1);
+    QCOMPARE(SetRegValue(controlKey, name, QString(), RegistryHive::LocalMachine), 0);
+    QCOMPARE(CreateRegKey(controlKey, RegistryHive::LocalMachine), 1);
+    QCOMPARE(SetRegValue(controlKey, u"other"_s, QString()), 0);
+    QCOMPARE(SetRegValue(controlKey, name, QString()), 1);
+    QCOMPARE(SetRegValue(controlKey, name, QString()), 0);
+    QCOMPARE(CreateRegKey(controlKey), 2);
+}
+
+void tst_Platform::registryThatCannotBeWritten()
+{
+    QFile inTheWay(m_config->filePath(u"home"_s));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    QCOMPARE(CreateRegKey(controlKey, RegistryHive::LocalMachine), 0);
+    QCOMPARE(SetRegValue(controlKey, u"name"_s, u"value"_s), 0);
+    QCOMPARE(SetRegValue(controlKey, u"name"_s, QString()), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_Platform)
+#include "tst_platform.moc"
