@@ -37,21 +37,35 @@ as_root() {
     fi
 }
 
+# Runs apt-get with its many lines going to a file; what shows is how much there is to fetch, and a
+# point for every ten packages fetched, unpacked or set up. What went wrong is shown whole.
+apt_get() {
+    local log=$root/build/packages.log
+    mkdir -p "$root/build"
+    if as_root apt-get -q -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 "$@" 2>&1 | tee "$log" | awk '
+        /^Need to get|^After this/ { print "  " $0; fflush() }
+        /^(Get:|Unpacking|Setting up)/ && ++steps % 10 == 0 { printf "."; fflush() }
+        END { if (steps >= 10) print "" }'; then
+        return
+    fi
+    grep -A 2 '^[EW]:' "$log" >&2 || tail -n 5 "$log" >&2
+    return 1
+}
+
 # --no-remove: a package that would push another one out (a second database server, say) is the
 # machine owner's decision and not ours.
 apt_install() {
-    as_root apt-get install -y -q --no-install-recommends --no-remove \
-        -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 -- "$@"
+    apt_get install -y --no-install-recommends --no-remove -- "$@"
 }
 
 apt_update() {
     echo "Bringing the package lists up to date."
-    as_root apt-get update -q -o DPkg::Lock::Timeout=300
+    apt_get update
 }
 
 # Installs what is missing of the named groups; does and prints nothing when all of it is there.
 ensure_packages() {
-    local missing names
+    local missing names by_hand
     if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
         [ -d "$build_dir" ] || echo "This is no Debian system: nothing is installed for you." \
             "scripts/packages.txt lists what is needed."
@@ -60,22 +74,25 @@ ensure_packages() {
     missing=$(missing_packages "$@")
     [ -n "$missing" ] || return 0
     mapfile -t names < <(cut -f1 <<<"$missing")
+    by_hand="  apt-get install --no-install-recommends ${names[*]}"
 
     echo "These packages are needed and not installed yet:"
     awk -F'\t' '{ printf "  %-24s %s\n", $1, $2 }' <<<"$missing"
-    if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
-        die "" "Installing them takes the system's administrator, and there is no sudo here. As root:" \
-            "  apt-get install --no-install-recommends ${names[*]}"
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null ||
+            die "" "Only the system's administrator can install them. As root:" "$by_hand"
+        echo "Installing them asks sudo for the right to do so."
+        sudo true || die "" "That was refused. To install them by hand, as root:" "$by_hand"
     fi
-    echo "Installing them from this system's package sources, which takes a minute or a few," \
-        "only this once."
-    [ "$(id -u)" -eq 0 ] || echo "(sudo may ask for your password.)"
+    echo "Installing them from this system's package sources; it is done once and takes a minute or more."
 
-    apt-cache show -- "${names[@]}" >/dev/null 2>&1 || apt_update
-    # Lists that are known but old name files which are gone: one more try with new lists.
-    apt_install "${names[@]}" || { apt_update && apt_install "${names[@]}"; } ||
-        die "" "The packages could not be installed; the lines above say why. By hand, as root:" \
-            "  apt-get install --no-install-recommends ${names[*]}"
+    # Lists that do not know a package, or that name files which are gone, are too old.
+    local up_to_date=
+    apt-get install --print-uris -qq -- "${names[@]}" >/dev/null 2>&1 ||
+        { up_to_date=yes && apt_update; } || true
+    apt_install "${names[@]}" ||
+        { [ -z "$up_to_date" ] && apt_update && apt_install "${names[@]}"; } ||
+        die "" "The packages could not be installed; the lines above say why. By hand, as root:" "$by_hand"
 }
 
 # Builds the named targets of a preset, all of them when none is named. One build at a time in
