@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+
+#include <functional>
+
+class QMessageBox;
+class QWidget;
+
+/// Answers message boxes as a user would, by pressing one of their buttons, for as long as it
+/// lives, and keeps what they said.
+class MessageAnswers : public QObject
+{
+    Q_OBJECT
+public:
+    /// @param answer  the caption of the button to press; a box without it is accepted with Enter
+    explicit MessageAnswers(const QString &answer = QStringLiteral("OK"));
+
+    QStringList texts;
+    QStringList titles;
+
+private:
+    void answer(QMessageBox &box);
+
+    QString m_answer;
+    QTimer m_timer;
+};
+
+/// Calls @p handle once, with the next modal window other than a message box that comes up.
+/// A window that does not come within five seconds is a failure of the running test.
+void whenModal(std::function<void(QWidget *window)> handle);
+
+/// Lets events run until the window is gone or five seconds have passed.
+/// @returns whether it went
+bool waitUntilClosed(QWidget *window);
