@@ -4,6 +4,8 @@
 #include <QFont>
 #include <QString>
 
+class QDialog;
+class QFileDialog;
 class QWidget;
 
 /// The common dialogs for files, colours and fonts, with the properties that the classic control
@@ -36,5 +38,8 @@ public:
     void ShowFont();
 
 private:
+    bool run(QDialog &dialog, const QString &objectName) const;
+    void runFileDialog(QFileDialog &dialog, const QString &objectName);
+
     QWidget *m_parent;
 };

@@ -7,16 +7,20 @@
 class FlexGrid : public QTableWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString SelText READ SelText)
 public:
     explicit FlexGrid(QWidget *parent = nullptr);
 
     /// Takes everything out, down to one fixed row and one fixed column.
     void Clear();
     int Rows() const;
+    /// @throws RuntimeError 5 below 1
     void setRows(int rows);
     int Cols() const;
+    /// @throws RuntimeError 5 below 1
     void setCols(int columns);
     /// @param twips  width or height in twips
+    /// @throws RuntimeError 9 for a row or column that is not there
     void setColWidth(int column, int twips);
     void setRowHeight(int row, int twips);
     void setTextMatrix(int row, int column, const QString &text);
@@ -24,4 +28,14 @@ public:
     /// The last row of the selection; 0 when nothing is selected.
     int RowSel() const;
     QString SelText() const;
+
+signals:
+    /// A row was picked with a double click or with Enter.
+    void rowPicked(int row);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void checkCell(int row, int column) const;
 };

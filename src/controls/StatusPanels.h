@@ -1,22 +1,48 @@
 #pragma once
 
 #include <QFrame>
+#include <QRect>
 #include <QString>
 
+#include <array>
+
+class FramePacer;
 class QLabel;
 
 /// The status bar of an editor window: five text panels side by side, labels named
 /// `<objectName>_1` to `<objectName>_5`.
 ///
 /// setPanelText() is made to be called for every row of a long run: the label's text is always the
-/// latest one, but it is painted at most once a frame.
+/// latest one, but it is painted at most once a frame. For that the labels only hold the texts;
+/// the bar paints them.
 class StatusPanels : public QFrame
 {
     Q_OBJECT
 public:
     explicit StatusPanels(const QString &objectName, QWidget *parent = nullptr);
 
-    /// @param panel  1 to 5
+    static constexpr int panelCount = 5;
+
+    /// @param panel  1 to 5; another one is passed over
     void setPanelText(int panel, const QString &text);
+    /// @param panel  1 to 5; another one has no text
     QString panelText(int panel) const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    QLabel *label(int panel) const;
+    QRect textRect(const QLabel *panel) const;
+    void layOutPanels();
+    void showTexts();
+
+    std::array<QLabel *, panelCount> m_labels{};
+    FramePacer *m_pacer;
 };

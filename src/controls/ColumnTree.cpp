@@ -1,0 +1,102 @@
+#include "controls/ColumnTree.h"
+
+#include "controls/selectionText.h"
+#include "controls/theme.h"
+#include "platform/RuntimeError.h"
+#include "platform/errorTraps.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QStyledItemDelegate>
+#include <QTreeWidgetItemIterator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Aligns all cells of a column alike.
+class AlignedColumn : public QStyledItemDelegate
+{
+public:
+    AlignedColumn(Qt::Alignment alignment, QObject *parent)
+        : QStyledItemDelegate(parent)
+        , m_alignment(alignment)
+    {
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->displayAlignment = m_alignment;
+    }
+
+private:
+    Qt::Alignment m_alignment;
+};
+
+QString lineText(const QTreeWidgetItem &line)
+{
+    QString text = line.text(0);
+    for (int column = 1; column < line.treeWidget()->columnCount(); ++column)
+        text += u'\t' + line.text(column);
+    return text;
+}
+
+} // namespace
+
+ColumnTree::ColumnTree(QWidget *parent)
+    : QTreeWidget(parent)
+{
+    setAccessibleName(tr("Execution plan"));
+    setHeaderLabels({QString()});
+    setAlternatingRowColors(true);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(ExtendedSelection);
+    setUniformRowHeights(true);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(false);
+    applyGridColours(this);
+}
+
+void ColumnTree::addColumn(const QString &key, const QString &caption, int width,
+                           Qt::Alignment alignment)
+{
+    const int column = columnCount();
+    setColumnCount(column + 1);
+    m_keys.append(key);
+    headerItem()->setText(column, caption);
+    headerItem()->setTextAlignment(column, alignment);
+    setItemDelegateForColumn(column, new AlignedColumn(alignment | Qt::AlignVCenter, this));
+    setColumnWidth(column, width);
+}
+
+int ColumnTree::columnIndex(const QString &key) const
+{
+    const qsizetype index = m_keys.indexOf(key);
+    if (index < 0)
+        throw RuntimeError(ErrorNumber::ItemNotFound);
+    return static_cast<int>(index) + 1;
+}
+
+QString ColumnTree::SelText() const
+{
+    QString text;
+    auto *tree = const_cast<ColumnTree *>(this);
+    for (QTreeWidgetItemIterator it(tree, QTreeWidgetItemIterator::Selected); *it; ++it) {
+        if (!text.isEmpty())
+            text += "\r\n"_L1;
+        text += lineText(**it);
+    }
+    return text;
+}
+
+void ColumnTree::keyPressEvent(QKeyEvent *event)
+{
+    if (!event->matches(QKeySequence::Copy)) {
+        QTreeWidget::keyPressEvent(event);
+        return;
+    }
+    reportErrors([this] { copyToClipboard(SelText()); });
+    event->accept();
+}

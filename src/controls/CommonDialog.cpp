@@ -1,0 +1,88 @@
+#include "controls/CommonDialog.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// `All Files (*.*)|*.*|SQL File (*.sql)|*.sql` as the toolkit's name filters. Here a file may well
+/// have no dot in its name, so the pattern for all files is `*`.
+QStringList nameFilters(const QString &filter)
+{
+    const QStringList parts = filter.split(u'|');
+    QStringList result;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
+        patterns.replaceInStrings(u"*.*"_s, u"*"_s);
+        result.append(u"%1 (%2)"_s.arg(parts[i], patterns.join(u' ')));
+    }
+    return result;
+}
+
+} // namespace
+
+/// Runs a dialog; @returns whether it was accepted. @throws RuntimeError 32755 when it was
+/// cancelled and the control is set to raise that
+bool CommonDialog::run(QDialog &dialog, const QString &objectName) const
+{
+    dialog.setObjectName(objectName);
+    if (!DialogTitle.isEmpty())
+        dialog.setWindowTitle(DialogTitle);
+    if (dialog.exec() == QDialog::Accepted)
+        return true;
+    if (CancelError)
+        throw RuntimeError(ErrorNumber::CancelWasSelected);
+    return false;
+}
+
+void CommonDialog::runFileDialog(QFileDialog &dialog, const QString &objectName)
+{
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(nameFilters(Filter));
+    if (!InitDir.isEmpty())
+        dialog.setDirectory(InitDir);
+    if (!FileName.isEmpty())
+        dialog.selectFile(FileName);
+    const bool accepted = run(dialog, objectName);
+    FileName = accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+void CommonDialog::ShowOpen()
+{
+    QFileDialog dialog(m_parent);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    runFileDialog(dialog, u"dlgOpen"_s);
+}
+
+void CommonDialog::ShowSave()
+{
+    QFileDialog dialog(m_parent);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setDefaultSuffix(DefaultExt);
+    runFileDialog(dialog, u"dlgSave"_s);
+}
+
+void CommonDialog::ShowColor()
+{
+    QColorDialog dialog(m_parent);
+    if (Color.isValid())
+        dialog.setCurrentColor(Color);
+    if (run(dialog, u"dlgColor"_s))
+        Color = dialog.selectedColor();
+}
+
+void CommonDialog::ShowFont()
+{
+    QFontDialog dialog(m_parent);
+    dialog.setCurrentFont(Font);
+    if (run(dialog, u"dlgFont"_s))
+        Font = dialog.selectedFont();
+}

@@ -1,0 +1,168 @@
+#include "controls/FlexGrid.h"
+
+#include "controls/selectionText.h"
+#include "controls/theme.h"
+#include "controls/twips.h"
+#include "platform/RuntimeError.h"
+#include "platform/errorTraps.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace {
+
+/// Resizing a section of a header that shows itself at once costs time in proportion to all of its
+/// sections.
+void resizeQuietly(QHeaderView *header, int section, int pixels)
+{
+    header->setUpdatesEnabled(false);
+    header->resizeSection(section, pixels);
+    header->setUpdatesEnabled(true);
+}
+
+} // namespace
+
+FlexGrid::FlexGrid(QWidget *parent)
+    : QTableWidget(parent)
+{
+    setAccessibleName(tr("Statements"));
+    setAlternatingRowColors(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+    for (QHeaderView *header : {horizontalHeader(), verticalHeader()}) {
+        header->setHighlightSections(false);
+        header->setMinimumSectionSize(1);
+    }
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    applyGridColours(this);
+    connect(this, &QTableWidget::cellDoubleClicked, this,
+            [this](int row) { emit rowPicked(row + 1); });
+    Clear();
+}
+
+void FlexGrid::Clear()
+{
+    clear();
+    setRowCount(0);
+    setColumnCount(0);
+}
+
+int FlexGrid::Rows() const
+{
+    return rowCount() + 1;
+}
+
+void FlexGrid::setRows(int rows)
+{
+    if (rows < 1)
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    setRowCount(rows - 1);
+}
+
+int FlexGrid::Cols() const
+{
+    return columnCount() + 1;
+}
+
+void FlexGrid::setCols(int columns)
+{
+    if (columns < 1)
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    setColumnCount(columns - 1);
+}
+
+void FlexGrid::checkCell(int row, int column) const
+{
+    if (row < 0 || row >= Rows() || column < 0 || column >= Cols())
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+}
+
+void FlexGrid::setColWidth(int column, int twips)
+{
+    checkCell(0, column);
+    const int pixels = pixelsFromTwips(twips);
+    if (column == 0)
+        verticalHeader()->setFixedWidth(pixels);
+    else
+        resizeQuietly(horizontalHeader(), column - 1, pixels);
+}
+
+void FlexGrid::setRowHeight(int row, int twips)
+{
+    checkCell(row, 0);
+    const int pixels = pixelsFromTwips(twips);
+    if (row == 0)
+        horizontalHeader()->setFixedHeight(pixels);
+    else
+        resizeQuietly(verticalHeader(), row - 1, pixels);
+}
+
+void FlexGrid::setTextMatrix(int row, int column, const QString &text)
+{
+    checkCell(row, column);
+    auto *cell = new QTableWidgetItem(text);
+    cell->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
+    if (row > 0 && column > 0) {
+        setItem(row - 1, column - 1, cell);
+    } else if (column > 0) {
+        cell->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        setHorizontalHeaderItem(column - 1, cell);
+    } else if (row > 0) {
+        setVerticalHeaderItem(row - 1, cell);
+    } else {
+        delete cell;
+    }
+}
+
+QString FlexGrid::TextMatrix(int row, int column) const
+{
+    checkCell(row, column);
+    const QTableWidgetItem *cell = nullptr;
+    if (row > 0 && column > 0)
+        cell = item(row - 1, column - 1);
+    else if (column > 0)
+        cell = horizontalHeaderItem(column - 1);
+    else if (row > 0)
+        cell = verticalHeaderItem(row - 1);
+    return cell ? cell->text() : QString();
+}
+
+int FlexGrid::RowSel() const
+{
+    int last = -1;
+    for (const QItemSelectionRange &range : selectionModel()->selection())
+        last = std::max(last, range.bottom());
+    return last + 1;
+}
+
+QString FlexGrid::SelText() const
+{
+    return selectionText(selectionModel()->selection(),
+                         [this](int row, int first, int last, QString &text) {
+                             for (int column = first; column <= last; ++column) {
+                                 if (column > first)
+                                     text += u'\t';
+                                 text += TextMatrix(row + 1, column + 1);
+                             }
+                         });
+}
+
+void FlexGrid::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Copy)) {
+        reportErrors([this] { copyToClipboard(SelText()); });
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (RowSel() > 0)
+            emit rowPicked(RowSel());
+    } else {
+        QTableWidget::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "dataaccess/Recordset.h"
+
+#include <QAbstractTableModel>
+
+#include <memory>
+
+/// Shows a client-side recordset to item views. It keeps no values of its own, and it knows only
+/// the rows that were there when it was last told to look.
+///
+/// It never raises: what cannot be read, because the recordset was closed in the meantime, is shown
+/// as nothing.
+class RecordsetModel : public QAbstractTableModel
+{
+    Q_OBJECT
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// Shows another recordset; a closed one, a forward-only one or none shows no rows.
+    void setRecordset(std::shared_ptr<Recordset> recordset);
+    const std::shared_ptr<Recordset> &recordset() const { return m_recordset; }
+
+    /// Looks for rows that were added. @returns whether the columns are others than before
+    bool update();
+
+    /// Longest text in UTF-16 units that is shown; a longer one is cut there and ends in an
+    /// ellipsis.
+    static constexpr int longestShownText = 500;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+
+private:
+    void measure();
+    bool holdsCell(int row, int column) const;
+
+    std::shared_ptr<Recordset> m_recordset;
+    int m_rows = 0;
+    int m_columns = 0;
+};

@@ -1,0 +1,39 @@
+#include "controls/RowNumberHeader.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int sideMargin = 5;
+constexpr int fewestDigits = 3;
+
+} // namespace
+
+RowNumberHeader::RowNumberHeader(QWidget *parent)
+    : QHeaderView(Qt::Vertical, parent)
+{
+    setSectionResizeMode(QHeaderView::Fixed);
+    setSectionsClickable(true);
+    setHighlightSections(false);
+    setAccessibleName(tr("Row numbers"));
+}
+
+QSize RowNumberHeader::sizeHint() const
+{
+    const int digits = std::max(fewestDigits, static_cast<int>(QString::number(count()).size()));
+    return QSize(fontMetrics().horizontalAdvance(u'8') * digits + 2 * sideMargin, 0);
+}
+
+void RowNumberHeader::paintSection(QPainter *painter, const QRect &rect, int row) const
+{
+    painter->fillRect(rect, palette().color(QPalette::Button));
+    painter->setPen(palette().color(QPalette::Mid));
+    painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+    painter->drawLine(rect.topRight(), rect.bottomRight());
+    painter->setPen(palette().color(QPalette::Disabled, QPalette::ButtonText));
+    painter->drawText(rect.adjusted(0, 0, -sideMargin, 0), Qt::AlignRight | Qt::AlignVCenter,
+                      QString::number(row + 1));
+}

@@ -1,0 +1,171 @@
+#include "controls/StatusPanels.h"
+
+#include "controls/FramePacer.h"
+
+#include <QHelpEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QToolTip>
+
+#include <algorithm>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int textMargin = 6;
+constexpr int panelGap = 2;
+
+/// Widths in characters of the panels' usual texts; the rest of the bar goes to the second panel,
+/// which has none of its own.
+constexpr std::array<int, StatusPanels::panelCount> panelCharacters = {20, 10, 16, 30, 40};
+constexpr int sparePanel = 1;
+
+QString panelPurpose(int index)
+{
+    const std::array<QString, StatusPanels::panelCount> purposes = {
+        StatusPanels::tr("Caret position"), StatusPanels::tr("Information"),
+        StatusPanels::tr("Elapsed time"), StatusPanels::tr("Records"),
+        StatusPanels::tr("Time of execution")};
+    return purposes[static_cast<std::size_t>(index)];
+}
+
+} // namespace
+
+StatusPanels::StatusPanels(const QString &objectName, QWidget *parent)
+    : QFrame(parent)
+    , m_pacer(new FramePacer([this] { showTexts(); }, this))
+{
+    setObjectName(objectName);
+    setAccessibleName(tr("Status bar"));
+    for (int i = 0; i < panelCount; ++i) {
+        auto *panel = new QLabel(this);
+        panel->setObjectName(u"%1_%2"_s.arg(objectName).arg(i + 1));
+        panel->setAccessibleName(panelPurpose(i));
+        panel->setTextFormat(Qt::PlainText);
+        panel->setUpdatesEnabled(false);
+        m_labels[static_cast<std::size_t>(i)] = panel;
+    }
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QLabel *StatusPanels::label(int panel) const
+{
+    return panel >= 1 && panel <= panelCount ? m_labels[static_cast<std::size_t>(panel - 1)]
+                                             : nullptr;
+}
+
+void StatusPanels::setPanelText(int panel, const QString &text)
+{
+    QLabel *target = label(panel);
+    if (!target)
+        return;
+    target->setText(text);
+    m_pacer->request();
+}
+
+QString StatusPanels::panelText(int panel) const
+{
+    const QLabel *source = label(panel);
+    return source ? source->text() : QString();
+}
+
+void StatusPanels::showTexts()
+{
+    for (QLabel *panel : m_labels)
+        panel->setAccessibleDescription(panel->text());
+    update();
+}
+
+QSize StatusPanels::sizeHint() const
+{
+    const int characters = std::accumulate(panelCharacters.begin(), panelCharacters.end(), 0);
+    return QSize(characters * fontMetrics().averageCharWidth(), fontMetrics().height() + 8);
+}
+
+QSize StatusPanels::minimumSizeHint() const
+{
+    return QSize(0, sizeHint().height());
+}
+
+/// The labels are of fixed size and in no layout, so that a new text asks nobody for room.
+void StatusPanels::layOutPanels()
+{
+    const int unit = fontMetrics().averageCharWidth();
+    const QRect area = rect().adjusted(0, 1, 0, -1);
+    int fixedWidth = (panelCount - 1) * panelGap;
+    for (int i = 0; i < panelCount; ++i)
+        fixedWidth += i == sparePanel ? 0 : panelCharacters[static_cast<std::size_t>(i)] * unit;
+    const int leastSpare = panelCharacters[sparePanel] * unit;
+    const int spare = std::max(leastSpare, area.width() - fixedWidth);
+    const double squeeze = std::min(1.0, double(area.width()) / (fixedWidth + spare));
+
+    int left = area.left();
+    for (int i = 0; i < panelCount; ++i) {
+        const int wanted =
+            i == sparePanel ? spare : panelCharacters[static_cast<std::size_t>(i)] * unit;
+        QLabel *panel = m_labels[static_cast<std::size_t>(i)];
+        panel->setFixedSize(static_cast<int>(wanted * squeeze), area.height());
+        panel->move(left, area.top());
+        left += panel->width() + panelGap;
+    }
+}
+
+void StatusPanels::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    layOutPanels();
+}
+
+void StatusPanels::changeEvent(QEvent *event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        updateGeometry();
+        layOutPanels();
+    }
+}
+
+QRect StatusPanels::textRect(const QLabel *panel) const
+{
+    return panel->geometry().adjusted(textMargin, 0, -textMargin, 0);
+}
+
+void StatusPanels::paintEvent(QPaintEvent *event)
+{
+    QFrame::paintEvent(event);
+    QPainter painter(this);
+    for (const QLabel *panel : m_labels) {
+        QStyleOptionFrame frame;
+        frame.initFrom(this);
+        frame.rect = panel->geometry();
+        frame.frameShape = QFrame::Panel;
+        frame.lineWidth = 1;
+        frame.state |= QStyle::State_Sunken;
+        style()->drawControl(QStyle::CE_ShapedFrame, &frame, &painter, this);
+        const QRect room = textRect(panel);
+        const QString text = fontMetrics().elidedText(panel->text(), Qt::ElideRight, room.width());
+        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    }
+}
+
+/// A text that its panel is too narrow for is shown whole as a tooltip.
+bool StatusPanels::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QFrame::event(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    for (const QLabel *panel : m_labels) {
+        const bool cut = fontMetrics().horizontalAdvance(panel->text()) > textRect(panel).width();
+        if (cut && panel->geometry().contains(help->pos())) {
+            QToolTip::showText(help->globalPos(), panel->text(), this, panel->geometry());
+            return true;
+        }
+    }
+    QToolTip::hideText();
+    event->ignore();
+    return true;
+}

@@ -1,0 +1,124 @@
+#include "controls/selectionText.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+/// Columns next to each other that are selected alike.
+struct ColumnRun
+{
+    int first;
+    int last;
+    bool selected;
+};
+
+/// The ends of intervals, sorted: between two of them everything is selected alike.
+std::vector<int> sortedEdges(std::vector<int> edges)
+{
+    std::sort(edges.begin(), edges.end());
+    edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
+    return edges;
+}
+
+std::vector<int> rowEdges(const QItemSelection &selection)
+{
+    std::vector<int> edges;
+    for (const QItemSelectionRange &range : selection) {
+        edges.push_back(range.top());
+        edges.push_back(range.bottom() + 1);
+    }
+    return sortedEdges(std::move(edges));
+}
+
+std::vector<int> columnEdges(const QItemSelection &selection)
+{
+    std::vector<int> edges;
+    for (const QItemSelectionRange &range : selection) {
+        edges.push_back(range.left());
+        edges.push_back(range.right() + 1);
+    }
+    return sortedEdges(std::move(edges));
+}
+
+bool covers(const QItemSelectionRange &range, int column)
+{
+    return range.left() <= column && column <= range.right();
+}
+
+/// The columns that hold any selected cell, in runs that every range takes wholly or not at all.
+std::vector<ColumnRun> usedColumns(const QItemSelection &selection)
+{
+    const std::vector<int> edges = columnEdges(selection);
+    std::vector<ColumnRun> runs;
+    for (std::size_t i = 0; i + 1 < edges.size(); ++i) {
+        const bool used =
+            std::any_of(selection.begin(), selection.end(),
+                        [&](const QItemSelectionRange &range) { return covers(range, edges[i]); });
+        if (used)
+            runs.push_back({edges[i], edges[i + 1] - 1, false});
+    }
+    return runs;
+}
+
+/// Marks the runs that are selected in the rows from @p row to the next edge.
+/// @returns whether there are any
+bool markSelected(const QItemSelection &selection, int row, std::vector<ColumnRun> &runs)
+{
+    bool any = false;
+    for (ColumnRun &run : runs)
+        run.selected = false;
+    for (const QItemSelectionRange &range : selection) {
+        if (row < range.top() || row > range.bottom())
+            continue;
+        for (ColumnRun &run : runs)
+            run.selected = run.selected || covers(range, run.first);
+        any = true;
+    }
+    return any;
+}
+
+void appendRow(int row, const std::vector<ColumnRun> &runs, const AppendCells &appendCells,
+               QString &text)
+{
+    bool first = true;
+    for (const ColumnRun &run : runs) {
+        if (!first)
+            text += u'\t';
+        first = false;
+        if (run.selected)
+            appendCells(row, run.first, run.last, text);
+        else
+            text.resize(text.size() + run.last - run.first, u'\t');
+    }
+}
+
+} // namespace
+
+QString selectionText(const QItemSelection &selection, const AppendCells &appendCells)
+{
+    QString text;
+    const std::vector<int> edges = rowEdges(selection);
+    std::vector<ColumnRun> runs = usedColumns(selection);
+    bool firstRow = true;
+    for (std::size_t i = 0; i + 1 < edges.size(); ++i) {
+        if (!markSelected(selection, edges[i], runs))
+            continue;
+        for (int row = edges[i]; row < edges[i + 1]; ++row) {
+            if (!firstRow)
+                text += QLatin1StringView("\r\n");
+            firstRow = false;
+            appendRow(row, runs, appendCells, text);
+        }
+    }
+    return text;
+}
+
+void copyToClipboard(const QString &text)
+{
+    if (!text.isEmpty())
+        QGuiApplication::clipboard()->setText(text);
+}

@@ -1,0 +1,95 @@
+#include "controls/uiPresenters.h"
+
+#include "platform/messageBox.h"
+#include "platform/mousePointer.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QMessageBox::Icon boxIcon(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// A text that would make the box higher than a good part of the screen is shown in a field that
+/// scrolls.
+void showLongTextScrolling(QMessageBox &box)
+{
+    const QSize screen = box.screen()->availableGeometry().size();
+    const QSize room(std::min(screen.width() - 100, 700), screen.height() / 2);
+    const QRect needed = box.fontMetrics().boundingRect(QRect(QPoint(), QSize(room.width(), 1)),
+                                                        Qt::TextWordWrap, box.text());
+    auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
+    auto *layout = qobject_cast<QGridLayout *>(box.layout());
+    if (needed.height() <= room.height() || !label || !layout)
+        return;
+    auto *field = new QPlainTextEdit(box.text(), &box);
+    field->setObjectName(u"messageText"_s);
+    field->setReadOnly(true);
+    field->setMinimumSize(room);
+    delete layout->replaceWidget(label, field);
+    label->hide();
+}
+
+MessageAnswer showBox(const Message &message)
+{
+    QMessageBox box(QApplication::activeWindow());
+    box.setObjectName(u"messageBox"_s);
+    box.setWindowTitle(message.title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(message.text);
+    box.setIcon(boxIcon(message.icon));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    const bool choice = message.buttons == MessageButtons::YesNo;
+    box.setStandardButtons(choice ? QMessageBox::Yes | QMessageBox::No
+                                  : QMessageBox::StandardButtons(QMessageBox::Ok));
+    if (choice)
+        box.setEscapeButton(QMessageBox::No);
+    showLongTextScrolling(box);
+
+    QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    const int pressed = box.exec();
+    QGuiApplication::restoreOverrideCursor();
+    if (!choice)
+        return MessageAnswer::Ok;
+    return pressed == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+/// One shape at a time: the hourglass is put on when it is not there, and taken off when it is.
+void showPointer(int shape)
+{
+    static bool shown = false;
+    const bool wanted = shape == MousePointer::Hourglass;
+    if (wanted == shown)
+        return;
+    shown = wanted;
+    if (wanted)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
+} // namespace
+
+void installUiPresenters()
+{
+    setMessagePresenter({showBox, [] { QApplication::beep(); }});
+    setMousePointerPresenter(showPointer);
+}
