@@ -1,0 +1,19 @@
+# cmake --install build/release --prefix <folder> makes <folder> the program's own: the program with
+# its files beside it and nothing anywhere else. The history is written into it, so it has to belong
+# to the user. add-to-menu and uninstall go along and act on the folder they lie in.
+
+install(TARGETS Querna DESTINATION .)
+install(FILES ${QUERNA_APP_DIR}/T-SQL.bcp ${QUERNA_APP_DIR}/dummy.sql README.md LICENSE DESTINATION .)
+install(PROGRAMS packaging/add-to-menu packaging/uninstall DESTINATION .)
+if(EXISTS ${PROJECT_SOURCE_DIR}/resources/icons/querna.svg)
+    install(FILES resources/icons/querna.svg DESTINATION .)
+endif()
+
+# cpack --config build/release/CPackConfig.cmake packs that folder.
+set(CPACK_GENERATOR TGZ)
+set(CPACK_PACKAGE_VENDOR "Querna")
+string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" system)
+set(CPACK_PACKAGE_FILE_NAME "querna-${PROJECT_VERSION}-${system}")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)
+include(CPack)
