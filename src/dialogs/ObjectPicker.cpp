@@ -1,0 +1,134 @@
+#include "dialogs/ObjectPicker.h"
+
+#include "controls/named.h"
+#include "dialogs/listFillers.h"
+#include "platform/errorTraps.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QColor pickColor(255, 140, 0);
+
+QString withoutMnemonic(QString label)
+{
+    return label.remove(u'&');
+}
+
+} // namespace
+
+ObjectPicker::ObjectPicker(const QString &name, const QString &caption, const QString &listLabel,
+                           QWidget *parent)
+    : FormDialog(name, caption, parent)
+    , m_combos(new QFormLayout)
+{
+    cmbSchema = addCombo(u"cmbSchema"_s, u"&Schema"_s);
+    lstObject = named(new QListWidget(this), u"lstObject"_s);
+    lstObject->setUniformItemSizes(true);
+    lstObject->setAccessibleName(withoutMnemonic(listLabel));
+    auto *label = new QLabel(listLabel, this);
+    label->setBuddy(lstObject);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(m_combos);
+    layout->addWidget(label);
+    layout->addWidget(lstObject, 1);
+    resize(360, 420);
+
+    connect(cmbSchema, &QComboBox::activated, this, &ObjectPicker::cmbSchema_Click);
+    connect(lstObject, &QListWidget::itemClicked, this, &ObjectPicker::lstObject_Click);
+    // The list's own signal for Enter may, by the desktop's setting, come with a click as well.
+    for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter})
+        new QShortcut(enter, lstObject, this, &ObjectPicker::lstObject_Click, Qt::WidgetShortcut);
+}
+
+QComboBox *ObjectPicker::addCombo(const QString &name, const QString &label)
+{
+    auto *combo = named(new QComboBox(this), name);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setAccessibleName(withoutMnemonic(label));
+    // A typed name stays as it is typed, and leaving the field does not pick it.
+    combo->setCompleter(nullptr);
+    disconnect(combo->lineEdit(), &QLineEdit::editingFinished, combo, nullptr);
+    m_combos->addRow(label, combo);
+    return combo;
+}
+
+void ObjectPicker::setExtUnameTns(QString &extUname, QString &extTns) const
+{
+    extUname = m_userName;
+    extTns = m_tnsName;
+}
+
+void ObjectPicker::setExtDbC(std::shared_ptr<Connection> &dBdext) const
+{
+    dBdext = m_connection;
+}
+
+void ObjectPicker::setDbc(const std::shared_ptr<Connection> &dbc)
+{
+    m_connection = dbc;
+}
+
+void ObjectPicker::setUserPwd(const QString &usr, const QString &passwd, const QString &tnsname)
+{
+    m_userName = usr;
+    m_password = passwd;
+    m_tnsName = tnsname;
+}
+
+void ObjectPicker::setTxt(EditorControl *ctl, QWidget *frm)
+{
+    m_target = EditorTarget(ctl, frm);
+}
+
+bool ObjectPicker::Form_Load()
+{
+    lstObject->clear();
+    return reportErrors([this] {
+        loadSchemas();
+        loadSchema();
+    });
+}
+
+void ObjectPicker::loadSchemas()
+{
+    fillCombo(u"SELECT username from SYS.ALL_USERS order by username"_s, *cmbSchema, m_connection);
+    const QString schema = m_userName.toUpper();
+    cmbSchema->setCurrentIndex(cmbSchema->findText(schema, Qt::MatchExactly));
+    cmbSchema->setEditText(schema);
+}
+
+void ObjectPicker::cmbSchema_Click()
+{
+    loadOrClose([this] { loadSchema(); });
+}
+
+/// Every step is tried, whatever became of the one before.
+void ObjectPicker::lstObject_Click()
+{
+    const QListWidgetItem *entry = lstObject->currentItem();
+    if (!entry)
+        return;
+    const QString text = textToInsert(entry->text());
+    ignoreErrors([this] { m_target.control().setSelColor(pickColor); });
+    ignoreErrors([&] { m_target.control().InsertText(text); });
+    ignoreErrors([this] { m_target.focusWindow(); });
+    ignoreErrors([this] { m_target.control().setSelColor(Qt::black); });
+}
+
+void ObjectPicker::loadOrClose(const std::function<void()> &load)
+{
+    if (!reportErrors(load))
+        reject();
+}

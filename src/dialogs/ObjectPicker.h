@@ -1,0 +1,69 @@
+#pragma once
+
+#include "controls/EditorTarget.h"
+#include "controls/FormDialog.h"
+#include "dataaccess/Connection.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class QComboBox;
+class QFormLayout;
+class QListWidget;
+
+/// What the dialogs that pick a database object have in common: the session that they browse, the
+/// editor that they write into, a combo box of schemas and a list of what can be picked.
+///
+/// Set the session and the editor, then show the dialog. It stays open after a pick. When the
+/// dictionary cannot be read it says why and closes; a name typed into a combo box is looked up
+/// only when it is picked there.
+class ObjectPicker : public FormDialog
+{
+    Q_OBJECT
+public:
+    /// Hands out the user name and the TNS name.
+    void setExtUnameTns(QString &extUname, QString &extTns) const;
+    /// Hands out the connection.
+    void setExtDbC(std::shared_ptr<Connection> &dBdext) const;
+    void setDbc(const std::shared_ptr<Connection> &dbc);
+    void setUserPwd(const QString &usr, const QString &passwd, const QString &tnsname);
+    void setTxt(EditorControl *ctl, QWidget *frm);
+
+protected:
+    /// @param listLabel  stands above the list
+    ObjectPicker(const QString &name, const QString &caption, const QString &listLabel,
+                 QWidget *parent);
+
+    /// A combo box below the ones that are there.
+    QComboBox *addCombo(const QString &name, const QString &label);
+
+    bool Form_Load() override;
+    /// Fills what depends on the schema's text.
+    /// @throws RuntimeError when the dictionary cannot be read
+    virtual void loadSchema() = 0;
+    /// The text that picking a list entry writes into the editor.
+    virtual QString textToInsert(const QString &entry) const = 0;
+
+    /// Runs @p load; when it fails, says why and closes the dialog.
+    void loadOrClose(const std::function<void()> &load);
+    const std::shared_ptr<Connection> &connection() const { return m_connection; }
+
+    QComboBox *cmbSchema;
+    QListWidget *lstObject;
+
+private slots:
+    void cmbSchema_Click();
+    void lstObject_Click();
+
+private:
+    void loadSchemas();
+
+    QFormLayout *m_combos;
+    std::shared_ptr<Connection> m_connection;
+    QString m_userName;
+    QString m_password;
+    QString m_tnsName;
+    EditorTarget m_target;
+};

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "controls/EditorTarget.h"
+
+#include <QDialog>
+#include <QPointer>
+
+class QCheckBox;
+class QLineEdit;
+class QPushButton;
+class ReplaceAllRun;
+
+/// Searches and replaces in the text of one editor control, which setTxt() names before the dialog
+/// is used. Searching always minds the letter case, whatever the check box says.
+///
+/// Replace All goes on until no occurrence is left, and for ever where each replacement brings a
+/// new one. The program stays usable meanwhile; only its end, or that of the editor or of this
+/// dialog, ends it earlier.
+class frmFind : public QDialog
+{
+    Q_OBJECT
+public:
+    explicit frmFind(QWidget *parent = nullptr);
+
+    /// @throws RuntimeError 91 without a control
+    void setTxt(EditorControl *ctl, QWidget *frm);
+    /// The name of the control.
+    QString controlName() const { return m_controlName; }
+
+    void setVisible(bool visible) override;
+
+private slots:
+    void cmdFindFirst_Click();
+    void cmdFindNext_Click();
+    void cmdReplace_Click();
+    void cmdReplaceAll_Click();
+    void cmdFindCancel_Click();
+
+private:
+    QWidget *buildFields();
+    QWidget *buildButtons();
+
+    void findFrom(qsizetype start, const QString &messageWhenMissing);
+    void findNext();
+    void beginReplacing();
+    void endReplacing();
+
+    QLineEdit *txtFind = nullptr;
+    QLineEdit *txtReplace = nullptr;
+    QCheckBox *chkCase = nullptr;
+    /// What is not at hand while Replace All is under way: everything but Cancel.
+    QList<QWidget *> m_searching;
+
+    EditorTarget m_target;
+    QString m_controlName;
+    QPointer<ReplaceAllRun> m_replacing; ///< null when nothing is under way
+};

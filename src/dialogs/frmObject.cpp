@@ -1,0 +1,25 @@
+#include "dialogs/frmObject.h"
+
+#include "dialogs/listFillers.h"
+
+#include <QComboBox>
+#include <QListWidget>
+
+using namespace Qt::StringLiterals;
+
+frmObject::frmObject(QWidget *parent)
+    : ObjectPicker(u"frmObject"_s, u"Select Schema and Table"_s, u"&Tables"_s, parent)
+{
+}
+
+void frmObject::loadSchema()
+{
+    fillList(u"SELECT table_name FROM SYS.ALL_TABLES where owner = '"_s + cmbSchema->currentText() +
+                 u"'"_s,
+             *lstObject, connection());
+}
+
+QString frmObject::textToInsert(const QString &entry) const
+{
+    return u" "_s + cmbSchema->currentText() + u"."_s + entry + u" "_s;
+}

@@ -1,0 +1,72 @@
+#include "dialogs/frmRecords.h"
+
+#include "connection/session.h"
+#include "controls/named.h"
+#include "platform/errorTraps.h"
+#include "platform/eventYield.h"
+#include "platform/textForms.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 mostRecords = 10000;
+
+} // namespace
+
+frmRecords::frmRecords(QWidget *parent)
+    : FormDialog(u"frmRecords"_s, u"Record Options"_s, parent)
+    , txtRecords(named(new QLineEdit(this), u"txtRecords"_s))
+{
+    auto *label = new QLabel(u"Set &maximum number of records returned"_s, this);
+    label->setBuddy(txtRecords);
+    txtRecords->setAccessibleName(u"Maximum number of records returned"_s);
+
+    auto *buttons = new QDialogButtonBox(this);
+    auto *cmdOK = named(buttons->addButton(QDialogButtonBox::Ok), u"cmdOK"_s);
+    cmdOK->setText(u"&OK"_s);
+    cmdOK->setDefault(true);
+    auto *cmdCancel = named(buttons->addButton(QDialogButtonBox::Cancel), u"cmdCancel"_s);
+    cmdCancel->setText(u"&Cancel"_s);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(label);
+    layout->addWidget(txtRecords);
+    layout->addStretch(1);
+    layout->addWidget(buttons);
+
+    connect(cmdOK, &QPushButton::clicked, this, &frmRecords::cmdOK_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmRecords::cmdCancel_Click);
+}
+
+bool frmRecords::Form_Load()
+{
+    txtRecords->clear();
+    txtRecords->setFocus();
+    return true;
+}
+
+void frmRecords::cmdOK_Click()
+{
+    const bool taken = reportErrors([this] {
+        const QString text = txtRecords->text();
+        if (!trimBlanks(text).isEmpty()) {
+            const qint32 limit = textToInteger(text);
+            maxRecords = limit <= mostRecords ? limit : 0;
+        }
+        yieldToEvents();
+    });
+    if (taken)
+        accept();
+}
+
+void frmRecords::cmdCancel_Click()
+{
+    reject();
+}
