@@ -1,0 +1,11 @@
+#pragma once
+
+#include "dataaccess/StatementAdapter.h"
+
+/// Stands in for the two statements that the sandbox's server does not know; see sandboxDialect.h.
+/// Every other text passes as it is.
+class SandboxAdapter : public StatementAdapter
+{
+public:
+    QString adapt(const QString &commandText, StatementSession &session) override;
+};

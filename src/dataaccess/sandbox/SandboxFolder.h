@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+/// Where the sandbox lives: one folder that nobody but its owner can enter.
+class SandboxFolder
+{
+public:
+    /// The user's sandbox: the folder that the environment variable QUERNA_SANDBOX_DIR names, or
+    /// else "Orbek Oracle/sandbox" in the user's data folder.
+    static SandboxFolder ofUser();
+
+    /// @param path  absolute
+    explicit SandboxFolder(const QString &path);
+
+    /// Makes the folder when there is none, and shuts others out of it.
+    /// @throws RuntimeError 75 when that fails
+    void make() const;
+
+    QString path() const { return m_path; }
+    QString file(const QString &name) const;
+    /// The server's data directory; it exists only when it is complete.
+    QString dataPath() const;
+
+    /// Where the server is to make its socket. A path that is too long for one gives way to a
+    /// folder of this user's own among the temporary files, which this makes.
+    /// @throws RuntimeError 75 when that folder cannot be made or belongs to somebody else
+    QString socketForServer() const;
+
+private:
+    QString m_path;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QStringView>
+
+/// One word, number, literal, quoted name or sign of a statement's text.
+struct SqlToken
+{
+    enum Kind { End, Word, Literal, QuotedName, Sign };
+
+    Kind kind = End;
+    QStringView text; ///< as written, quotes included
+
+    bool isWord(QStringView word) const;
+    bool isSign(QChar sign) const { return kind == Sign && text.front() == sign; }
+    bool isName() const { return kind == Word || kind == QuotedName; }
+
+    /// What a literal or a name stands for: without its quotes, doubled ones single.
+    QString value() const;
+};
+
+/// Reads a statement's text token by token; comments and white space are passed over. It takes
+/// any text: what is not closed ends with the text.
+class SqlTokens
+{
+public:
+    explicit SqlTokens(QStringView text);
+
+    SqlToken next();
+    /// The text that has not been read.
+    QStringView rest() const { return m_text.sliced(m_position); }
+
+private:
+    void skipToToken();
+    qsizetype endOfQuoted(QChar quote) const;
+
+    QStringView m_text;
+    qsizetype m_position = 0;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "dataaccess/sandbox/PlanStep.h"
+
+#include <QString>
+
+#include <optional>
+
+/// The two statements that the sandbox's server does not know, and what stands for them.
+
+/// `EXPLAIN PLAN [SET STATEMENT_ID = '…'] FOR …`
+struct ExplainRequest
+{
+    std::optional<QString> statementId;
+    QString statement; ///< what is to be explained, as written
+};
+
+/// What @p text asks to explain; nothing when it is another statement.
+std::optional<ExplainRequest> explainRequest(const QString &text);
+
+/// The statement that puts @p steps into the plan table.
+QString planInsertion(const std::optional<QString> &statementId, const QList<PlanStep> &steps);
+
+/// The statement id that the hierarchical query of a plan asks for; nothing when @p text is
+/// another statement. White space and letter case do not count.
+std::optional<QString> planQueryId(const QString &text);
+
+/// What stands for that query: the same columns in the same order, each step followed by the steps
+/// below it.
+QString planQuery(const QString &statementId);

@@ -1,0 +1,208 @@
+#include "dataaccess/sandbox/sandboxSetup.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUuid>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+// The library is static: nothing else would keep its resources in the program.
+static void initSandboxResources()
+{
+    Q_INIT_RESOURCE(sandbox);
+}
+
+QByteArray sandboxResource(const QString &name)
+{
+    initSandboxResources();
+    QFile file(u":/sandbox/"_s + name);
+    if (!file.open(QIODevice::ReadOnly))
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    return file.readAll();
+}
+
+namespace {
+
+constexpr int longestStep = 180'000; // milliseconds; a step takes a second, on slow disks some
+
+QString findProgram(const QString &name)
+{
+    QString program = QStandardPaths::findExecutable(name);
+    if (program.isEmpty()) // the system's own folders are not on everybody's path
+        program = QStandardPaths::findExecutable(
+            name, {u"/usr/sbin"_s, u"/usr/local/sbin"_s, u"/usr/bin"_s, u"/usr/local/bin"_s});
+    if (program.isEmpty()) {
+        throw RuntimeError(ErrorNumber::ProviderNotFound,
+                           u"The sandbox needs the MariaDB server (%1 was not found). Install the "
+                           "package mariadb-server, for example with: sudo apt install "
+                           "mariadb-server"_s.arg(name));
+    }
+    return program;
+}
+
+void runStep(const QString &program, const QStringList &arguments, const QByteArray &input,
+             const QString &workingFolder = u"/"_s)
+{
+    QProcess process;
+    process.setWorkingDirectory(workingFolder);
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    const bool ended = process.waitForFinished(longestStep);
+    if (ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+        return;
+
+    const QString words = sandboxErrorLines(process.readAll());
+    throw RuntimeError(
+        ErrorNumber::ProviderFailed,
+        ended ? u"The sandbox's database could not be made. %1"_s.arg(words)
+              : u"Making the sandbox's database took too long and was given up. %1"_s.arg(words));
+}
+
+QByteArray objectStatements()
+{
+    return sandboxStatements(sandboxResource(u"dictionary.sql"_s)) +
+           sandboxStatements(sandboxResource(u"dbms_output.sql"_s)) +
+           sandboxStatements(sandboxResource(u"plan_table.sql"_s));
+}
+
+void runStatements(const QString &dataPath, const QByteArray &statements)
+{
+    // Reading statements the server checks no rights, and knows no accounts until told to.
+    runStep(sandboxServerProgram(), sandboxServerOptions(dataPath) + QStringList{u"--bootstrap"_s},
+            "SET NAMES utf8mb4;\nFLUSH PRIVILEGES;\n" + statements);
+}
+
+QString versionFile(const QString &dataPath)
+{
+    return dataPath + u"/querna-objects"_s;
+}
+
+QByteArray objectsVersion()
+{
+    return QCryptographicHash::hash(objectStatements(), QCryptographicHash::Sha256).toHex();
+}
+
+void noteObjectsVersion(const QString &dataPath)
+{
+    QFile file(versionFile(dataPath));
+    if (!file.open(QIODevice::WriteOnly) || file.write(objectsVersion()) < 0 || !file.flush())
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+}
+
+} // namespace
+
+QString sandboxErrorLines(const QByteArray &log)
+{
+    const QStringList lines = QString::fromUtf8(log).split(u'\n', Qt::SkipEmptyParts);
+    const QStringList errors = lines.filter(u"ERROR"_s);
+    const QStringList &shown = errors.isEmpty() ? lines : errors;
+    return shown.mid(qMax<qsizetype>(0, shown.size() - 3)).join(u'\n');
+}
+
+QString sandboxServerProgram()
+{
+    return findProgram(u"mariadbd"_s);
+}
+
+QStringList sandboxServerOptions(const QString &dataPath)
+{
+    QStringList options = {
+        u"--no-defaults"_s,
+        u"--datadir="_s + dataPath,
+        u"--lower-case-table-names=1"_s,
+        u"--sql-mode=ORACLE,STRICT_TRANS_TABLES,ERROR_FOR_DIVISION_BY_ZERO,"
+        "NO_ENGINE_SUBSTITUTION,EMPTY_STRING_IS_NULL"_s,
+        u"--character-set-server=utf8mb4"_s,
+        u"--collation-server=utf8mb4_nopad_bin"_s,
+        u"--innodb-buffer-pool-size=64M"_s,
+        u"--innodb-log-file-size=16M"_s,
+        u"--innodb-use-native-aio=OFF"_s, // kernels restrict it in containers
+        u"--innodb-buffer-pool-dump-at-shutdown=OFF"_s,
+        u"--innodb-buffer-pool-load-at-startup=OFF"_s,
+        u"--key-buffer-size=1M"_s,
+        u"--aria-pagecache-buffer-size=8M"_s,
+        u"--performance-schema=OFF"_s,
+        u"--table-open-cache=400"_s,
+        u"--max-connections=60"_s,
+        u"--open-files-limit=1024"_s,
+        u"--log-warnings=1"_s,
+        u"--skip-log-bin"_s,
+        u"--skip-networking"_s,
+        u"--skip-name-resolve"_s,
+    };
+    if (::geteuid() == 0) // the server runs as root only when told so
+        options.insert(1, u"--user=root"_s);
+    return options;
+}
+
+QStringList sandboxServingOptions(const SandboxFolder &folder, const QString &socketPath)
+{
+    return {
+        u"--socket="_s + socketPath,
+        u"--log-error="_s + folder.file(u"server.log"_s),
+        u"--transaction-isolation=READ-COMMITTED"_s,
+        u"--innodb-lock-wait-timeout=20"_s,
+        u"--max-allowed-packet=1G"_s,
+        u"--local-infile=OFF"_s,
+        // A session may rest over a long weekend.
+        u"--wait-timeout=2147483"_s,
+        u"--interactive-timeout=2147483"_s,
+        u"--net-write-timeout=86400"_s,
+    };
+}
+
+QByteArray sandboxStatements(const QByteArray &sql)
+{
+    QByteArray statements;
+    QByteArray statement;
+    for (const QByteArray &line : sql.split('\n')) {
+        const QByteArray part = line.trimmed();
+        if (part == "/") {
+            statements += statement + ";\n";
+            statement.clear();
+        } else if (!part.isEmpty() && !part.startsWith("--")) {
+            statement += (statement.isEmpty() ? "" : " ") + part;
+        }
+    }
+    return statements;
+}
+
+void createSandboxData(const SandboxFolder &folder)
+{
+    // What an earlier attempt left. A part of it may still be at work there, which is why each
+    // attempt has a name of its own.
+    QDir parent(folder.path());
+    for (const QString &left : parent.entryList({u"data.new-*"_s}, QDir::Dirs))
+        QDir(parent.filePath(left)).removeRecursively();
+
+    const QString name = u"data.new-"_s + QUuid::createUuid().toString(QUuid::Id128);
+    const QString making = folder.file(name);
+    // A script that does not understand blanks in paths: it is given the path from here.
+    runStep(findProgram(u"mariadb-install-db"_s),
+            sandboxServerOptions(u"./"_s + name) + QStringList{u"--skip-test-db"_s}, {},
+            folder.path());
+    runStatements(making, sandboxStatements(sandboxResource(u"accounts.sql"_s)) +
+                              objectStatements() +
+                              sandboxStatements(sandboxResource(u"scott.sql"_s)));
+    noteObjectsVersion(making);
+    if (!QDir().rename(making, folder.dataPath()))
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+}
+
+void updateSandboxData(const SandboxFolder &folder)
+{
+    QFile file(versionFile(folder.dataPath()));
+    if (file.open(QIODevice::ReadOnly) && file.readAll() == objectsVersion())
+        return;
+    runStatements(folder.dataPath(), objectStatements());
+    noteObjectsVersion(folder.dataPath());
+}
