@@ -21,5 +21,7 @@ private:
         QString name;
         QString value;
     };
+    const Item *find(QStringView name) const;
+
     QList<Item> m_items;
 };

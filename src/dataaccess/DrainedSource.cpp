@@ -1,0 +1,49 @@
+#include "dataaccess/DrainedSource.h"
+
+#include "platform/RuntimeError.h"
+
+#include <utility>
+
+DrainedSource::DrainedSource(RowSource &source)
+    : m_fields(source.fields())
+    , m_rows(static_cast<int>(m_fields.size()))
+    , m_startsAtFirst(source.atFirst())
+{
+    RowWriter row;
+    try {
+        for (; !source.atEnd(); source.next()) {
+            row.clear();
+            source.pack(row, NullForm::Null);
+            m_rows.addRow(row);
+        }
+    } catch (const RuntimeError &) {
+        m_failure = std::current_exception();
+    }
+}
+
+bool DrainedSource::atFirst() const
+{
+    return m_startsAtFirst && m_position == 0;
+}
+
+bool DrainedSource::atEnd() const
+{
+    return m_position == m_rows.rowCount();
+}
+
+void DrainedSource::next()
+{
+    ++m_position;
+    if (atEnd() && m_failure)
+        std::rethrow_exception(std::exchange(m_failure, nullptr));
+}
+
+Value DrainedSource::value(int field) const
+{
+    return m_rows.value(m_position, field);
+}
+
+void DrainedSource::pack(RowWriter &row, NullForm nulls) const
+{
+    m_rows.pack(m_position, row, nulls);
+}

@@ -1,0 +1,234 @@
+#include "dataaccess/MemoryTable.h"
+
+#include "dataaccess/packedCells.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+QString packedText(const char *cell)
+{
+    QString text;
+    appendPackedCellText(cell, text);
+    return text;
+}
+
+} // namespace
+
+MemoryTable::MemoryTable(int fieldCount)
+    : m_fieldCount(fieldCount)
+{
+}
+
+qint64 MemoryTable::rowCount() const
+{
+    const qint64 stored = m_rows.rowCount();
+    return m_edit && m_edit->storedRow == stored ? stored + 1 : stored;
+}
+
+qint64 MemoryTable::addEmptyRow()
+{
+    finishEditing();
+    const qint64 row = m_rows.rowCount();
+    m_edit = Edit{row, std::vector<Value>(static_cast<size_t>(m_fieldCount))};
+    if (!m_sort.isEmpty())
+        m_order.push_back(row);
+    return row;
+}
+
+qint64 MemoryTable::addRow(const RowWriter &row)
+{
+    finishEditing();
+    m_rows.append(row);
+    changed();
+    const qint64 stored = m_rows.rowCount() - 1;
+    if (m_sort.isEmpty())
+        return stored;
+    m_order.push_back(stored);
+    placeInOrder(stored);
+    return positionOf(stored);
+}
+
+void MemoryTable::setValue(qint64 position, int field, const Value &value)
+{
+    if (!isEdited(position)) {
+        finishEditing();
+        beginEditing(position);
+    }
+    m_edit->values[static_cast<size_t>(field)] = value;
+}
+
+void MemoryTable::beginEditing(qint64 position)
+{
+    Edit edit{storedRow(position), {}};
+    edit.values.reserve(static_cast<size_t>(m_fieldCount));
+    for (int field = 0; field < m_fieldCount; ++field)
+        edit.values.push_back(packedCellValue(cell(position, field)));
+    m_edit = std::move(edit);
+}
+
+void MemoryTable::finishEditing()
+{
+    if (!m_edit)
+        return;
+    m_writer.clear();
+    for (const Value &value : m_edit->values)
+        m_writer.addValue(value);
+    const qint64 row = m_edit->storedRow;
+    if (row == m_rows.rowCount())
+        m_rows.append(m_writer);
+    else
+        m_rows.replace(row, m_writer);
+    m_edit.reset();
+    changed();
+    if (!m_sort.isEmpty())
+        placeInOrder(row);
+}
+
+qint64 MemoryTable::finishEditing(qint64 position)
+{
+    if (!m_edit || m_sort.isEmpty()) {
+        finishEditing();
+        return position;
+    }
+    if (position >= rowCount()) {
+        finishEditing();
+        return rowCount();
+    }
+    const qint64 row = storedRow(position);
+    finishEditing();
+    return positionOf(row);
+}
+
+qint64 MemoryTable::positionOf(qint64 storedRow) const
+{
+    return std::find(m_order.begin(), m_order.end(), storedRow) - m_order.begin();
+}
+
+void MemoryTable::sort(const SortOrder &order)
+{
+    finishEditing();
+    m_sort = order;
+    m_order.clear();
+    if (m_sort.isEmpty())
+        return;
+    std::vector<std::vector<Value>> keys;
+    keys.reserve(static_cast<size_t>(m_rows.rowCount()));
+    for (qint64 row = 0; row < m_rows.rowCount(); ++row)
+        keys.push_back(sortValues(row));
+    m_order.resize(keys.size());
+    std::iota(m_order.begin(), m_order.end(), qint64{0});
+    std::stable_sort(m_order.begin(), m_order.end(), [&](qint64 a, qint64 b) {
+        return m_sort.before(keys[static_cast<size_t>(a)], keys[static_cast<size_t>(b)]);
+    });
+}
+
+std::vector<Value> MemoryTable::sortValues(qint64 storedRow) const
+{
+    std::vector<Value> values;
+    for (const SortOrder::Key &key : m_sort.keys()) {
+        const char *cell = m_rows.row(storedRow);
+        for (int field = 0; field < key.field; ++field)
+            cell = packedCellEnd(cell);
+        values.push_back(packedCellValue(cell));
+    }
+    return values;
+}
+
+void MemoryTable::placeInOrder(qint64 row)
+{
+    m_order.erase(std::find(m_order.rbegin(), m_order.rend(), row).base() - 1);
+    const std::vector<Value> values = sortValues(row);
+    const auto place = std::upper_bound(m_order.begin(), m_order.end(), values,
+                                        [this](const std::vector<Value> &added, qint64 other) {
+                                            return m_sort.before(added, sortValues(other));
+                                        });
+    m_order.insert(place, row);
+}
+
+qint64 MemoryTable::storedRow(qint64 position) const
+{
+    return m_order.empty() ? position : m_order[static_cast<size_t>(position)];
+}
+
+bool MemoryTable::isEdited(qint64 position) const
+{
+    return m_edit && m_edit->storedRow == storedRow(position);
+}
+
+const char *MemoryTable::cell(qint64 position, int field) const
+{
+    const char *const row = m_rows.row(storedRow(position));
+    const char *at = row;
+    int reached = 0;
+    if (m_lastCell.row == row && m_lastCell.field <= field) {
+        reached = m_lastCell.field;
+        at = m_lastCell.cell;
+    }
+    for (; reached < field; ++reached)
+        at = packedCellEnd(at);
+    m_lastCell = {row, field, at};
+    return at;
+}
+
+Value MemoryTable::value(qint64 position, int field) const
+{
+    if (isEdited(position))
+        return m_edit->values[static_cast<size_t>(field)];
+    return packedCellValue(cell(position, field));
+}
+
+QString MemoryTable::text(qint64 position, int field) const
+{
+    if (isEdited(position))
+        return m_edit->values[static_cast<size_t>(field)].toText();
+    return packedText(cell(position, field));
+}
+
+bool MemoryTable::isNumber(qint64 position, int field) const
+{
+    if (isEdited(position))
+        return m_edit->values[static_cast<size_t>(field)].isNumber();
+    return isPackedNumber(cell(position, field));
+}
+
+void MemoryTable::appendText(qint64 position, int firstField, int lastField, QChar separator,
+                             QString &text) const
+{
+    const bool edited = isEdited(position);
+    const char *at = edited ? nullptr : cell(position, firstField);
+    for (int field = firstField; field <= lastField; ++field) {
+        if (field > firstField)
+            text += separator;
+        if (edited) {
+            text += m_edit->values[static_cast<size_t>(field)].toText();
+        } else {
+            appendPackedCellText(at, text);
+            at = packedCellEnd(at);
+        }
+    }
+}
+
+void MemoryTable::pack(qint64 position, RowWriter &row, NullForm nulls) const
+{
+    const bool edited = isEdited(position);
+    const char *at = edited ? nullptr : cell(position, 0);
+    for (int field = 0; field < m_fieldCount; ++field) {
+        const char *const end = edited ? nullptr : packedCellEnd(at);
+        const bool isNull =
+            edited ? m_edit->values[static_cast<size_t>(field)].isNull() : isPackedNull(at);
+        if (isNull)
+            row.addNull(nulls);
+        else if (edited)
+            row.addValue(m_edit->values[static_cast<size_t>(field)]);
+        else
+            row.addPacked(at, end);
+        at = end;
+    }
+}
+
+qint64 MemoryTable::bytes() const
+{
+    return m_rows.bytes() + static_cast<qint64>(m_order.capacity() * sizeof(qint64));
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "dataaccess/RowStore.h"
+#include "dataaccess/RowWriter.h"
+#include "dataaccess/SortOrder.h"
+#include "dataaccess/Value.h"
+
+#include <optional>
+#include <vector>
+
+/// The rows of a client-side recordset: packed, in the order of arrival or in a sorted one, with
+/// at most one row unpacked for editing. Positions are those of the present order.
+class MemoryTable
+{
+public:
+    explicit MemoryTable(int fieldCount);
+
+    qint64 rowCount() const;
+    /// Adds a row of empty values and opens it for editing. @returns its position
+    qint64 addEmptyRow();
+    /// Adds a row that is packed already. @returns its position
+    qint64 addRow(const RowWriter &row);
+    /// Sets a value; the row stays open for editing until finishEditing().
+    void setValue(qint64 position, int field, const Value &value);
+    /// Packs the row that is being edited; under a sort it takes its place in the order.
+    /// @returns where the row at @p position stands now
+    qint64 finishEditing(qint64 position);
+    /// Brings the rows into @p order, equal ones in the order of arrival.
+    void sort(const SortOrder &order);
+
+    Value value(qint64 position, int field) const;
+    QString text(qint64 position, int field) const;
+    bool isNumber(qint64 position, int field) const;
+    void appendText(qint64 position, int firstField, int lastField, QChar separator,
+                    QString &text) const;
+    void pack(qint64 position, RowWriter &row, NullForm nulls) const;
+    qint64 bytes() const;
+
+private:
+    struct Edit
+    {
+        qint64 storedRow;
+        std::vector<Value> values;
+    };
+    struct LastCell
+    {
+        const char *row = nullptr;
+        int field = 0;
+        const char *cell = nullptr;
+    };
+
+    qint64 storedRow(qint64 position) const;
+    qint64 positionOf(qint64 storedRow) const; ///< under a sort
+    bool isEdited(qint64 position) const;
+    const char *cell(qint64 position, int field) const;
+    void beginEditing(qint64 position);
+    std::vector<Value> sortValues(qint64 storedRow) const;
+    void finishEditing();
+    void placeInOrder(qint64 storedRow);
+    void changed() { m_lastCell = {}; }
+
+    int m_fieldCount;
+    RowStore m_rows;
+    RowWriter m_writer;
+    std::optional<Edit> m_edit;
+    SortOrder m_sort;
+    std::vector<qint64> m_order; ///< stored rows by position; empty while unsorted
+    mutable LastCell m_lastCell; ///< makes reading a row field by field linear
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "dataaccess/Value.h"
+
+#include <QStringView>
+
+#include <memory>
+
+/// What a null of the data source becomes in a packed row.
+enum class NullForm { Null, EmptyText };
+
+/// Packs the cells of one row, from the first to the last, in the form of packedCells.h. Meant to
+/// be reused for row after row: its memory stays.
+class RowWriter
+{
+public:
+    void clear() { m_size = 0; }
+    const char *data() const { return m_data.get(); }
+    size_t size() const { return m_size; }
+
+    void addEmpty();
+    void addNull(NullForm form = NullForm::Null);
+    void addBoolean(bool value);
+    void addInteger(std::int64_t value);
+    void addDouble(double value);
+    /// An exact number as the data source wrote it.
+    void addDigits(const char *digits, size_t length);
+    void addTimestamp(const Timestamp &value);
+    /// One byte a character when every character is below U+0100, otherwise UTF-16 as it stands:
+    /// lone surrogates and zeros stay.
+    void addText(const char16_t *text, size_t units);
+    void addBinary(const char *bytes, size_t length);
+    void addValue(const Value &value);
+    /// A cell that is packed already, up to @p end.
+    void addPacked(const char *cell, const char *end);
+
+private:
+    /// Room for @p bytes more; what is used of it is told by m_size.
+    char *claim(size_t bytes);
+    void addTag(quint8 tag);
+    void addUtf16(quint8 tag, const char16_t *text, size_t units);
+
+    std::unique_ptr<char[]> m_data;
+    size_t m_size = 0;
+    size_t m_capacity = 0;
+};

@@ -1,0 +1,125 @@
+#include "dataaccess/Value.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/checkedArithmetic.h"
+#include "platform/textForms.h"
+
+#include <cfenv>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <typename... Alternatives>
+struct Overloaded : Alternatives...
+{
+    using Alternatives::operator()...;
+};
+template <typename... Alternatives>
+Overloaded(Alternatives...) -> Overloaded<Alternatives...>;
+
+void appendPadded(QString &text, int number, int digits)
+{
+    text += QString::number(number).rightJustified(digits, u'0');
+}
+
+void appendTimeOfDay(QString &text, const Timestamp &time)
+{
+    appendPadded(text, time.hour, 2);
+    text += u':';
+    appendPadded(text, time.minute, 2);
+    text += u':';
+    appendPadded(text, time.second, 2);
+}
+
+qint32 roundedInteger(double number)
+{
+    const double rounded = std::nearbyint(number); // halves go to the even neighbour
+    // The negation lets "not a number" overflow too.
+    if (!(rounded >= std::numeric_limits<qint32>::min() &&
+          rounded <= std::numeric_limits<qint32>::max()))
+        throw RuntimeError(ErrorNumber::Overflow);
+    return static_cast<qint32>(rounded);
+}
+
+[[noreturn]] qint32 typeMismatch()
+{
+    throw RuntimeError(ErrorNumber::TypeMismatch);
+}
+
+} // namespace
+
+Value::Value(const QDateTime &value)
+{
+    if (!value.isValid())
+        return;
+    const QDate date = value.date();
+    const QTime time = value.time();
+    Timestamp timestamp;
+    timestamp.year = checkedCast<qint16>(date.year());
+    timestamp.month = static_cast<quint8>(date.month());
+    timestamp.day = static_cast<quint8>(date.day());
+    timestamp.hour = static_cast<quint8>(time.hour());
+    timestamp.minute = static_cast<quint8>(time.minute());
+    timestamp.second = static_cast<quint8>(time.second());
+    m_value = timestamp;
+}
+
+bool Value::isNumber() const
+{
+    return std::holds_alternative<std::int64_t>(m_value) ||
+           std::holds_alternative<double>(m_value) || std::holds_alternative<ExactNumber>(m_value);
+}
+
+QString Value::toText() const
+{
+    return std::visit(
+        Overloaded{
+            [](EmptyValue) { return QString(); },
+            [](NullValue) { return QString(); },
+            [](bool value) { return value ? u"True"_s : u"False"_s; },
+            [](std::int64_t value) { return QString::number(value); },
+            [](double value) { return doubleToText(value); },
+            [](const ExactNumber &value) { return exactNumberToText(value.digits); },
+            [](const Timestamp &value) { return timestampToText(value); },
+            [](const QString &value) { return value; },
+            [](const QByteArray &value) { return QString::fromLatin1(value.toHex().toUpper()); },
+        },
+        m_value);
+}
+
+qint32 Value::toInteger() const
+{
+    return std::visit(
+        Overloaded{
+            [](EmptyValue) { return 0; },
+            [](NullValue) -> qint32 { throw RuntimeError(ErrorNumber::InvalidUseOfNull); },
+            [](bool value) { return value ? -1 : 0; },
+            [](std::int64_t value) { return checkedCast<qint32>(value); },
+            [](double value) { return roundedInteger(value); },
+            [](const ExactNumber &value) { return textToInteger(value.digits); },
+            [](const QString &value) { return textToInteger(value); },
+            [](const Timestamp &) { return typeMismatch(); },
+            [](const QByteArray &) { return typeMismatch(); },
+        },
+        m_value);
+}
+
+// Not by way of QDateTime: a data source's local times include those that a time zone's change to
+// summer time leaves out.
+QString timestampToText(const Timestamp &timestamp)
+{
+    QString text;
+    const bool hasDate = timestamp.year != 0 || timestamp.month != 0 || timestamp.day != 0;
+    if (hasDate) {
+        text = QString::number(timestamp.month) + u'/' + QString::number(timestamp.day) + u'/';
+        appendPadded(text, timestamp.year, 4);
+        if (timestamp.hour == 0 && timestamp.minute == 0 && timestamp.second == 0)
+            return text;
+        text += u' ';
+    }
+    appendTimeOfDay(text, timestamp);
+    return text;
+}

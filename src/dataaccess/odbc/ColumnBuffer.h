@@ -1,0 +1,63 @@
+#pragma once
+
+#include "dataaccess/RowWriter.h"
+#include "dataaccess/odbc/OdbcColumn.h"
+
+#include <QByteArrayView>
+
+/// One value as the driver gave it.
+struct CellView
+{
+    bool isNull = false;
+    const char *bytes = nullptr;
+    size_t length = 0; ///< without the zero at its end
+};
+
+/// Makes a value of @p cell, which came in the form @p form.
+Value toValue(ColumnForm form, const CellView &cell);
+/// Adds the same value to a packed row, without building it.
+void packCell(ColumnForm form, const CellView &cell, NullForm nulls, RowWriter &row);
+
+/// A column with the part of the block's memory that it is bound to.
+class ColumnBuffer
+{
+public:
+    explicit ColumnBuffer(OdbcColumn column)
+        : m_column(std::move(column))
+    {
+    }
+
+    const OdbcColumn &column() const { return m_column; }
+    bool isBound() const { return m_isBound; }
+    void setBound(bool bound) { m_isBound = bound; }
+    /// Bytes of one row's value, the zero at its end included.
+    size_t width() const { return m_width; }
+    void setWidth(size_t width) { m_width = width; }
+
+    /// What the column takes of the block's memory.
+    size_t blockBytes(size_t rows) const;
+    /// Binds to @p memory. @throws RuntimeError with the driver's text
+    void bind(const OdbcHandle &statement, SQLUSMALLINT number, char *memory, size_t rows);
+
+    /// Whether row @p row's value is, or may be, longer than its buffer.
+    bool isCut(size_t row) const
+    {
+        const SQLLEN length = m_indicators[row];
+        return m_column.hasVariableSize() && length != SQL_NULL_DATA &&
+               (length < 0 || static_cast<size_t>(length) > m_longest);
+    }
+    SQLLEN indicator(size_t row) const { return m_indicators[row]; }
+    CellView cell(size_t row) const
+    {
+        return {m_indicators[row] == SQL_NULL_DATA, m_values + row * m_width,
+                static_cast<size_t>(m_indicators[row])};
+    }
+
+private:
+    OdbcColumn m_column;
+    bool m_isBound = false;
+    size_t m_width = 0;
+    size_t m_longest = 0; ///< a value up to this many bytes has certainly not been cut
+    char *m_values = nullptr;
+    SQLLEN *m_indicators = nullptr;
+};

@@ -1,0 +1,220 @@
+#include "dataaccess/odbc/OdbcCursor.h"
+
+#include "dataaccess/odbc/OdbcSession.h"
+#include "dataaccess/odbc/diagnostics.h"
+#include "dataaccess/odbc/longValues.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Memory of a block. Fewer rows are fetched at a time rather than more than this be taken.
+constexpr size_t blockBudget = size_t{4} << 20;
+/// Room for values whose size the driver does not know: most are short.
+constexpr size_t unknownSizeBytes = 4096;
+constexpr size_t smallestWidth = 64;
+/// The size that some drivers give every expression.
+constexpr size_t guessedTextBytes = 255 * sizeof(SQLWCHAR);
+
+/// Room for a value and one character more, which shows that it was not cut.
+size_t wantedWidth(const OdbcColumn &column)
+{
+    if (!column.hasVariableSize())
+        return column.expectedBytes;
+    const size_t bytes = column.expectedBytes > 0 ? column.expectedBytes : unknownSizeBytes;
+    return bytes + column.terminatorBytes() + std::max<size_t>(column.terminatorBytes(), 1);
+}
+
+bool hasFreeSize(const OdbcColumn &column)
+{
+    return column.form == ColumnForm::Text || column.form == ColumnForm::Binary;
+}
+
+/// Whether values may well be longer than the driver says.
+bool hasDoubtfulSize(const OdbcColumn &column)
+{
+    return hasFreeSize(column) && (column.expectedBytes == 0 || !column.isTableColumn ||
+                                   column.expectedBytes == guessedTextBytes);
+}
+
+} // namespace
+
+std::unique_ptr<OdbcCursor> OdbcCursor::open(OdbcSession &session, const QString &commandText,
+                                             int rowsPerBlock)
+{
+    OdbcHandle statement = session.executeCommand(commandText);
+    if (!statement)
+        return nullptr;
+    return std::make_unique<OdbcCursor>(session, std::move(statement), rowsPerBlock);
+}
+
+OdbcCursor::OdbcCursor(const OdbcSession &session, OdbcHandle statement, int rowsPerBlock)
+    : m_statement(std::move(statement))
+{
+    for (OdbcColumn &column : describeColumns(m_statement)) {
+        m_fields.push_back(column.field);
+        m_columns.emplace_back(std::move(column));
+    }
+    planReading(session.getDataExtensions(), rowsPerBlock);
+    bind();
+    fetchBlock();
+}
+
+void OdbcCursor::planReading(SQLUINTEGER abilities, int rowsPerBlock)
+{
+    m_rereadsBound = (abilities & SQL_GD_BOUND) != 0;
+    m_rereadsInBlock = m_rereadsBound && (abilities & SQL_GD_BLOCK) != 0;
+    bool isOneRow = false;
+    bool isAfterUnbound = false;
+    // No buffer may take more than its share of a block of one row.
+    const size_t largestWidth = std::max(smallestWidth, blockBudget / (m_columns.size() + 1));
+    for (ColumnBuffer &buffer : m_columns) {
+        const OdbcColumn &column = buffer.column();
+        buffer.setBound(m_rereadsBound || !(hasDoubtfulSize(column) || isAfterUnbound));
+        isOneRow |=
+            !buffer.isBound() || (hasFreeSize(column) && !m_rereadsInBlock && m_rereadsBound);
+        isAfterUnbound |= !buffer.isBound() && (abilities & SQL_GD_ANY_COLUMN) == 0;
+        const size_t width = wantedWidth(column);
+        buffer.setWidth(hasFreeSize(column) && m_rereadsBound ? std::min(width, largestWidth)
+                                                              : width);
+    }
+    size_t rowBytes = 1;
+    for (const ColumnBuffer &buffer : m_columns)
+        rowBytes += buffer.isBound() ? buffer.blockBytes(1) : 0;
+    const size_t affordable = std::max<size_t>(1, blockBudget / rowBytes);
+    m_rowsPerBlock = isOneRow ? 1 : std::min<size_t>(static_cast<size_t>(rowsPerBlock), affordable);
+}
+
+void OdbcCursor::bind()
+{
+    const auto setAttribute = [this](SQLINTEGER attribute, SQLPOINTER value) {
+        return SQLSetStmtAttr(m_statement.get(), attribute, value, 0);
+    };
+    if (m_rowsPerBlock > 1) {
+        const SQLRETURN code =
+            setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(m_rowsPerBlock));
+        SQLULEN granted = 1;
+        SQLGetStmtAttr(m_statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, &granted, 0, nullptr);
+        m_rowsPerBlock = SQL_SUCCEEDED(code) ? std::clamp<SQLULEN>(granted, 1, m_rowsPerBlock) : 1;
+    }
+    m_rowStates.resize(m_rowsPerBlock, SQL_ROW_SUCCESS);
+    checkOdbc(setAttribute(SQL_ATTR_ROWS_FETCHED_PTR, &m_fetched), m_statement);
+    checkOdbc(setAttribute(SQL_ATTR_ROW_STATUS_PTR, m_rowStates.data()), m_statement);
+
+    size_t bytes = 0;
+    for (const ColumnBuffer &buffer : m_columns)
+        bytes += buffer.isBound() ? buffer.blockBytes(m_rowsPerBlock) : 0;
+    m_memory = std::make_unique_for_overwrite<char[]>(bytes);
+    char *memory = m_memory.get();
+    for (size_t i = 0; i < m_columns.size(); ++i) {
+        if (!m_columns[i].isBound())
+            continue;
+        m_columns[i].bind(m_statement, static_cast<SQLUSMALLINT>(i + 1), memory, m_rowsPerBlock);
+        memory += m_columns[i].blockBytes(m_rowsPerBlock);
+    }
+}
+
+void OdbcCursor::end()
+{
+    m_row = 0;
+    m_fetched = 0;
+}
+
+void OdbcCursor::fetchBlock()
+{
+    end();
+    SQLRETURN code = SQL_NO_DATA;
+    try {
+        code = checkOdbc(SQLFetch(m_statement.get()), m_statement);
+    } catch (...) {
+        end(); // what the driver stored before it failed is not to be relied on
+        throw;
+    }
+    if (code == SQL_NO_DATA) {
+        end();
+        takeRemainingResults(m_statement);
+        return;
+    }
+    m_fetched = std::clamp<SQLULEN>(m_fetched, 1, m_rowsPerBlock);
+    arriveAtRow();
+}
+
+void OdbcCursor::next()
+{
+    m_isFirstRow = false;
+    ++m_row;
+    if (m_row < m_fetched)
+        arriveAtRow();
+    else
+        fetchBlock();
+}
+
+void OdbcCursor::arriveAtRow()
+{
+    m_wholeValues.clear();
+    if (m_rowStates[m_row] == SQL_ROW_ERROR)
+        raiseRowError();
+    if (m_rowsPerBlock > 1)
+        return;
+    // In ascending order and before anything else is done with the row: more than that is not to
+    // be expected of every driver.
+    for (size_t i = 0; i < m_columns.size(); ++i) {
+        if (!m_columns[i].isBound() || m_columns[i].isCut(m_row))
+            wholeValue(i);
+    }
+}
+
+void OdbcCursor::raiseRowError()
+{
+    RuntimeError error = odbcError(m_statement);
+    end();
+    throw error;
+}
+
+const OdbcCursor::WholeValue &OdbcCursor::wholeValue(size_t column) const
+{
+    const auto found = std::find_if(m_wholeValues.begin(), m_wholeValues.end(),
+                                    [column](const WholeValue &v) { return v.column == column; });
+    if (found != m_wholeValues.end())
+        return *found;
+    const ColumnBuffer &buffer = m_columns[column];
+    if (buffer.isBound() && !m_rereadsBound) {
+        throw RuntimeError(ErrorNumber::ProviderFailed,
+                           u"A value of column \"%1\" is longer than the driver had said."_s.arg(
+                               m_fields[column].name));
+    }
+    if (m_rowsPerBlock > 1) {
+        checkOdbc(SQLSetPos(m_statement.get(), m_row + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE),
+                  m_statement);
+    }
+    const SQLLEN length = buffer.isBound() ? buffer.indicator(m_row) : SQL_NO_TOTAL;
+    m_wholeValues.push_back(
+        {column, readWholeValue(m_statement, static_cast<SQLUSMALLINT>(column + 1), buffer.column(),
+                                length)});
+    return m_wholeValues.back();
+}
+
+CellView OdbcCursor::cell(size_t column) const
+{
+    const ColumnBuffer &buffer = m_columns[column];
+    if (buffer.isBound() && !buffer.isCut(m_row))
+        return buffer.cell(m_row);
+    const WholeValue &whole = wholeValue(column);
+    if (!whole.bytes)
+        return {true, nullptr, 0};
+    return {false, whole.bytes->constData(), static_cast<size_t>(whole.bytes->size())};
+}
+
+Value OdbcCursor::value(int field) const
+{
+    const auto column = static_cast<size_t>(field);
+    return toValue(m_columns[column].column().form, cell(column));
+}
+
+void OdbcCursor::pack(RowWriter &row, NullForm nulls) const
+{
+    for (size_t i = 0; i < m_columns.size(); ++i)
+        packCell(m_columns[i].column().form, cell(i), nulls, row);
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "dataaccess/RowSource.h"
+#include "dataaccess/odbc/ColumnBuffer.h"
+#include "dataaccess/odbc/OdbcHandle.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class OdbcSession;
+
+/// Reads an executed statement's result forward, a block of rows in one call of the driver.
+///
+/// Values that did not fit their buffers are read again whole. Where a driver can do that inside a
+/// block, blocks are as long as was asked for; otherwise a block is one row as soon as a column's
+/// values may be longer than the driver says.
+class OdbcCursor final : public RowSource
+{
+public:
+    /// Sends @p commandText and reads its first result with columns; null when there is none.
+    static std::unique_ptr<OdbcCursor> open(OdbcSession &session, const QString &commandText,
+                                            int rowsPerBlock);
+
+    OdbcCursor(const OdbcSession &session, OdbcHandle statement, int rowsPerBlock);
+
+    const std::vector<FieldInfo> &fields() const override { return m_fields; }
+    bool atFirst() const override { return m_isFirstRow; }
+    bool atEnd() const override { return m_row >= m_fetched; }
+    void next() override;
+    Value value(int field) const override;
+    void pack(RowWriter &row, NullForm nulls) const override;
+
+private:
+    /// A value of the current row that did not fit its buffer.
+    struct WholeValue
+    {
+        size_t column;
+        std::optional<QByteArray> bytes; ///< none: null
+    };
+
+    void planReading(SQLUINTEGER abilities, int rowsPerBlock);
+    void bind();
+    void fetchBlock();
+    void end();
+    void arriveAtRow();
+    void raiseRowError();
+    CellView cell(size_t column) const;
+    const WholeValue &wholeValue(size_t column) const;
+
+    OdbcHandle m_statement;
+    std::vector<FieldInfo> m_fields;
+    std::vector<ColumnBuffer> m_columns;
+    std::unique_ptr<char[]> m_memory;
+    std::vector<SQLUSMALLINT> m_rowStates;
+    SQLULEN m_rowsPerBlock = 1;
+    SQLULEN m_fetched = 0;
+    SQLULEN m_row = 0; ///< in the block
+    bool m_isFirstRow = true;
+    bool m_rereadsInBlock = false; ///< the driver gives values again anywhere in a block
+    bool m_rereadsBound = false;   ///< it gives values of bound columns again, at least
+    mutable std::vector<WholeValue> m_wholeValues;
+};

@@ -1,0 +1,260 @@
+#include "dataaccess/odbc/OdbcSession.h"
+
+#include "dataaccess/SessionClient.h"
+#include "dataaccess/commandText.h"
+#include "dataaccess/odbc/OdbcCursor.h"
+#include "platform/RuntimeError.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Seconds that logging on may take.
+constexpr SQLULEN loginTimeout = 15;
+
+SQLPOINTER attributeValue(SQLULEN value)
+{
+    return reinterpret_cast<SQLPOINTER>(static_cast<std::uintptr_t>(value));
+}
+
+/// Whether a driver refuses a statement because results are still open, rather than for what the
+/// statement says. Drivers have no common state for this; some only have a text.
+bool saysResultsAreOpen(const RuntimeError &error)
+{
+    if (error.sqlState == "24000"_L1 || error.sqlState == "HY010"_L1)
+        return true;
+    static const QRegularExpression texts(
+        u"busy with|out of sync|(open|active|pending) (result|cursor|statement)|open cursors|"
+        "statements? in progress|table is locked"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    return texts.match(error.description).hasMatch();
+}
+
+template <typename Number>
+Number info(const OdbcHandle &connection, SQLUSMALLINT what, Number otherwise)
+{
+    Number value = otherwise;
+    const SQLRETURN code = SQLGetInfo(connection.get(), what, &value, sizeof value, nullptr);
+    return SQL_SUCCEEDED(code) ? value : otherwise;
+}
+
+bool keepsResults(const OdbcHandle &connection, SQLUSMALLINT what)
+{
+    return info<SQLUSMALLINT>(connection, what, SQL_CB_PRESERVE) == SQL_CB_PRESERVE;
+}
+
+SQLSMALLINT columnCount(const OdbcHandle &statement)
+{
+    SQLSMALLINT columns = 0;
+    checkOdbc(SQLNumResultCols(statement.get(), &columns), statement);
+    return columns;
+}
+
+} // namespace
+
+bool skipToColumns(const OdbcHandle &statement)
+{
+    while (columnCount(statement) == 0) {
+        if (checkOdbc(SQLMoreResults(statement.get()), statement) == SQL_NO_DATA)
+            return false;
+    }
+    return true;
+}
+
+void takeRemainingResults(const OdbcHandle &statement)
+{
+    while (checkOdbc(SQLMoreResults(statement.get()), statement) != SQL_NO_DATA) {
+    }
+}
+
+OdbcSession::OdbcSession(ProviderSession provider)
+    : m_provider(std::move(provider))
+    , m_environment(SQL_HANDLE_ENV, OdbcHandle())
+{
+    checkOdbc(
+        SQLSetEnvAttr(m_environment.get(), SQL_ATTR_ODBC_VERSION, attributeValue(SQL_OV_ODBC3), 0),
+        m_environment);
+    m_connection = OdbcHandle(SQL_HANDLE_DBC, m_environment);
+    connect(m_provider.odbcConnectionString);
+    readAbilities();
+}
+
+OdbcSession::~OdbcSession()
+{
+    close();
+}
+
+void OdbcSession::connect(const QString &odbcConnectionString)
+{
+    if (odbcConnectionString.size() > std::numeric_limits<SQLSMALLINT>::max())
+        throw RuntimeError(ErrorNumber::InvalidArgument);
+    // A courtesy that not every driver knows.
+    SQLSetConnectAttr(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attributeValue(loginTimeout), 0);
+    SQLSMALLINT length = 0;
+    checkOdbc(SQLDriverConnectW(m_connection.get(), nullptr, odbcText(odbcConnectionString),
+                                static_cast<SQLSMALLINT>(odbcConnectionString.size()), nullptr, 0,
+                                &length, SQL_DRIVER_NOPROMPT),
+              m_connection);
+    m_connected = true;
+}
+
+void OdbcSession::readAbilities()
+{
+    m_getDataExtensions = info<SQLUINTEGER>(m_connection, SQL_GETDATA_EXTENSIONS, 0);
+    m_oneResultOnly = info<SQLUSMALLINT>(m_connection, SQL_MAX_CONCURRENT_ACTIVITIES, 0) == 1;
+    m_commitKeepsResults = keepsResults(m_connection, SQL_CURSOR_COMMIT_BEHAVIOR);
+    m_rollbackKeepsResults = keepsResults(m_connection, SQL_CURSOR_ROLLBACK_BEHAVIOR);
+}
+
+void OdbcSession::close()
+{
+    if (!m_connected)
+        return;
+    m_connected = false;
+    while (!m_clients.empty()) {
+        SessionClient *const client = m_clients.back();
+        m_clients.pop_back();
+        client->sessionClosing();
+    }
+    if (!m_autocommit)
+        SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), SQL_ROLLBACK);
+    SQLDisconnect(m_connection.get());
+    m_connection.reset();
+    m_environment.reset();
+    m_provider = {};
+}
+
+void OdbcSession::setAutocommit(bool on)
+{
+    if (m_autocommit == on)
+        return;
+    checkOdbc(SQLSetConnectAttr(m_connection.get(), SQL_ATTR_AUTOCOMMIT,
+                                attributeValue(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),
+                                SQL_IS_UINTEGER),
+              m_connection);
+    m_autocommit = on;
+}
+
+void OdbcSession::beginTransaction()
+{
+    if (m_inTransaction)
+        throw RuntimeError(ErrorNumber::NestedTransaction);
+    setAutocommit(false);
+    m_inTransaction = true;
+}
+
+void OdbcSession::endTransaction(SQLSMALLINT completion)
+{
+    if (!m_inTransaction)
+        throw RuntimeError(ErrorNumber::NoTransaction);
+    const bool keeps = completion == SQL_COMMIT ? m_commitKeepsResults : m_rollbackKeepsResults;
+    if (!keeps)
+        releaseResults();
+    withResultsReleased([&] {
+        checkOdbc(SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), completion), m_connection);
+    });
+    // Autocommit stays off until a statement is sent outside a transaction: as a rule the next
+    // transaction begins before that.
+    m_inTransaction = false;
+}
+
+void OdbcSession::prepareToSend()
+{
+    if (!m_inTransaction)
+        setAutocommit(true);
+    if (m_oneResultOnly)
+        releaseResults();
+}
+
+OdbcHandle OdbcSession::newStatement(const QString &text)
+{
+    OdbcHandle statement(SQL_HANDLE_STMT, m_connection);
+    // Texts are the user's: braces in them that are no escape must reach the server as they are.
+    if (!hasOdbcEscape(text)) {
+        SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, attributeValue(SQL_NOSCAN_ON),
+                       SQL_IS_UINTEGER);
+    }
+    return statement;
+}
+
+OdbcHandle OdbcSession::send(const QString &text)
+{
+    OdbcHandle statement;
+    withResultsReleased([&] {
+        statement = newStatement(text);
+        checkOdbc(
+            SQLExecDirectW(statement.get(), odbcText(text), static_cast<SQLINTEGER>(text.size())),
+            statement);
+    });
+    if (!skipToColumns(statement))
+        return {};
+    return statement;
+}
+
+void OdbcSession::withResultsReleased(const std::function<void()> &action)
+{
+    prepareToSend();
+    try {
+        action();
+        return;
+    } catch (const RuntimeError &error) {
+        if (!hasOpenResults() || !saysResultsAreOpen(error))
+            throw;
+    }
+    releaseResults();
+    action();
+}
+
+QString OdbcSession::adapted(const QString &text)
+{
+    return m_provider.adapter ? m_provider.adapter->adapt(text, *this) : text;
+}
+
+OdbcHandle OdbcSession::executeCommand(const QString &commandText)
+{
+    return send(adapted(asProcedureCall(commandText)));
+}
+
+void OdbcSession::execute(const QString &text)
+{
+    if (const OdbcHandle statement = send(text))
+        takeRemainingResults(statement);
+}
+
+QString OdbcSession::scalar(const QString &text)
+{
+    OdbcHandle statement = send(text);
+    if (!statement)
+        return {};
+    const OdbcCursor cursor(*this, std::move(statement), 1);
+    return cursor.atEnd() ? QString() : cursor.value(0).toText();
+}
+
+bool OdbcSession::hasOpenResults() const
+{
+    return std::any_of(m_clients.begin(), m_clients.end(),
+                       [](const SessionClient *client) { return client->hasOpenResult(); });
+}
+
+void OdbcSession::releaseResults()
+{
+    for (SessionClient *client : m_clients) {
+        if (client->hasOpenResult())
+            client->releaseResult();
+    }
+}
+
+void OdbcSession::addClient(SessionClient *client)
+{
+    m_clients.push_back(client);
+}
+
+void OdbcSession::removeClient(SessionClient *client)
+{
+    std::erase(m_clients, client);
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "dataaccess/ProviderSession.h"
+#include "dataaccess/odbc/OdbcHandle.h"
+
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+class SessionClient;
+
+/// One open session with a data source: the ODBC connection and what belongs to it as a whole,
+/// such as its transaction and the statements that are still being read.
+class OdbcSession final : private StatementSession
+{
+public:
+    /// Connects. @throws RuntimeError with the driver's text
+    explicit OdbcSession(ProviderSession provider);
+    ~OdbcSession();
+    OdbcSession(const OdbcSession &) = delete;
+    OdbcSession &operator=(const OdbcSession &) = delete;
+
+    /// Ends what the clients read, rolls back and disconnects; failures are ignored.
+    void close();
+
+    void beginTransaction();
+    void endTransaction(SQLSMALLINT completion); ///< SQL_COMMIT or SQL_ROLLBACK
+
+    /// Sends a command text, having taken it for a procedure call or adapted it where that is due.
+    /// @returns the statement, on its first result with columns; null when there is none, every
+    ///          result then being taken in
+    OdbcHandle executeCommand(const QString &commandText);
+
+    /// The text as executeCommand() would send it.
+    QString adapted(const QString &text);
+    /// A new statement, for a text that is sent as @p text.
+    OdbcHandle newStatement(const QString &text);
+    /// Runs @p action; when the driver refuses it because results are open on this session, reads
+    /// these into memory and runs it once more.
+    void withResultsReleased(const std::function<void()> &action);
+
+    /// The SQL_GD_… flags of the driver.
+    SQLUINTEGER getDataExtensions() const { return m_getDataExtensions; }
+
+    void addClient(SessionClient *client);
+    void removeClient(SessionClient *client);
+
+private:
+    // For adapters: texts as they stand.
+    void execute(const QString &text) override;
+    QString scalar(const QString &text) override;
+
+    void connect(const QString &odbcConnectionString);
+    void readAbilities();
+    void setAutocommit(bool on);
+    void prepareToSend();
+    OdbcHandle send(const QString &text);
+    bool hasOpenResults() const;
+    void releaseResults();
+
+    ProviderSession m_provider;
+    OdbcHandle m_environment;
+    OdbcHandle m_connection;
+    std::vector<SessionClient *> m_clients;
+    SQLUINTEGER m_getDataExtensions = 0;
+    bool m_connected = false;
+    bool m_oneResultOnly = false;
+    bool m_commitKeepsResults = false;
+    bool m_rollbackKeepsResults = false;
+    bool m_autocommit = true;     ///< as the driver has it
+    bool m_inTransaction = false; ///< as our user has it; the driver is told when it matters
+};
+
+/// Goes to the first result of an executed statement that has columns.
+/// @returns false when there is none; all results have then been taken in
+bool skipToColumns(const OdbcHandle &statement);
+/// Takes in what is left of a statement's results, so that late failures are raised.
+void takeRemainingResults(const OdbcHandle &statement);

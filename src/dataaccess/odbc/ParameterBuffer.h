@@ -1,0 +1,33 @@
+#pragma once
+
+#include "dataaccess/Command.h"
+#include "dataaccess/odbc/OdbcHandle.h"
+
+#include <vector>
+
+/// A command's parameter with the memory that it is bound to; stays where it is while bound.
+class ParameterBuffer
+{
+public:
+    /// @throws RuntimeError 3708 for a type that parameters cannot have
+    explicit ParameterBuffer(const Parameter &parameter);
+
+    /// @throws RuntimeError with the driver's text
+    void bind(const OdbcHandle &statement, SQLUSMALLINT number);
+    /// Puts the value that goes in where the driver looks for it.
+    /// @throws RuntimeError when a text is longer than the parameter's size
+    void store(const Parameter &parameter);
+    /// The value that came out. @throws RuntimeError when a text is longer than the parameter's
+    /// size
+    Value load(const Parameter &parameter) const;
+
+private:
+    [[noreturn]] static void raiseTooLong(const Parameter &parameter);
+
+    SQLSMALLINT m_direction;
+    SQLSMALLINT m_cType;
+    SQLSMALLINT m_sqlType;
+    SQLULEN m_size; ///< characters
+    std::vector<char16_t> m_memory;
+    SQLLEN m_indicator = SQL_NULL_DATA;
+};

@@ -1,0 +1,25 @@
+#include "dataaccess/odbc/installedDrivers.h"
+
+#include "dataaccess/odbc/OdbcHandle.h"
+
+QStringList installedDrivers()
+{
+    const OdbcHandle environment(SQL_HANDLE_ENV, OdbcHandle());
+    checkOdbc(SQLSetEnvAttr(environment.get(), SQL_ATTR_ODBC_VERSION,
+                            reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0),
+              environment);
+    QStringList names;
+    for (SQLUSMALLINT direction = SQL_FETCH_FIRST;; direction = SQL_FETCH_NEXT) {
+        char16_t name[512] = {};
+        SQLSMALLINT length = 0;
+        SQLSMALLINT attributesLength = 0;
+        const SQLRETURN code =
+            checkOdbc(SQLDriversW(environment.get(), direction, reinterpret_cast<SQLWCHAR *>(name),
+                                  static_cast<SQLSMALLINT>(std::size(name)), &length, nullptr, 0,
+                                  &attributesLength),
+                      environment);
+        if (code == SQL_NO_DATA)
+            return names;
+        names.append(QString::fromUtf16(name));
+    }
+}

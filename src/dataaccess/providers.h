@@ -1,0 +1,15 @@
+#pragma once
+
+#include "dataaccess/ProviderSession.h"
+
+#include <QString>
+
+/// Finds the provider that @p connectionString names and lets it say how to connect:
+///
+/// - none, or `MSDASQL`: the driver manager, with the other items as they stand;
+/// - `msdaora`, `OraOLEDB.Oracle`: the installed Oracle driver. Another than the first one found is
+///   named by the setting "OracleDriver" of application "Orbek Oracle", section "Settings";
+/// - `OrbekSandbox`: a private server of this program's own.
+///
+/// @throws RuntimeError 3706 for an unknown provider, and when no Oracle driver is installed
+ProviderSession openProvider(const QString &connectionString);
