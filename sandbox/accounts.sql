@@ -16,7 +16,7 @@ CREATE DATABASE "system"
 
 CREATE USER scott@localhost IDENTIFIED BY 'tiger'
 /
-GRANT ALL PRIVILEGES ON scott.* TO scott@localhost
+GRANT ALL PRIVILEGES ON scott.* TO scott@localhost WITH GRANT OPTION
 /
 CREATE USER "system"@localhost IDENTIFIED BY 'lantern'
 /

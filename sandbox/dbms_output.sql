@@ -50,26 +50,40 @@ BEGIN
 END
 /
 
--- Adds to the line that has been begun; writing after reading drops what was left unread.
-CREATE OR REPLACE DEFINER = dbms_output@localhost PROCEDURE dbms_output.put(a LONGTEXT) AS
-    line_text LONGTEXT;
+-- Adds to the line that has been begun and ends it when told so. Writing after reading drops what
+-- was left unread.
+CREATE OR REPLACE DEFINER = dbms_output@localhost
+PROCEDURE dbms_output.append(a LONGTEXT, ends_line INT) AS
+    line_text LONGTEXT := CONCAT(COALESCE(@dbms_output_partial, ''), COALESCE(a, ''));
+    line_length INT := LENGTH(line_text);
     message VARCHAR2(80);
 BEGIN
-    IF @dbms_output_enabled = 1 THEN
-        IF @dbms_output_next > 1 THEN
-            dbms_output.clear_lines();
-        END IF;
-        line_text := CONCAT(COALESCE(@dbms_output_partial, ''), COALESCE(a, ''));
-        IF LENGTH(line_text) > 32767 THEN
-            SIGNAL SQLSTATE '45000' SET MYSQL_ERRNO = 20000,
-                MESSAGE_TEXT = 'ORU-10028: line length overflow, limit of 32767 bytes per line';
-        END IF;
-        IF @dbms_output_bytes + LENGTH(line_text) > @dbms_output_limit THEN
-            message := CONCAT('ORU-10027: buffer overflow, limit of ', @dbms_output_limit,
-                              ' bytes');
-            SIGNAL SQLSTATE '45000' SET MYSQL_ERRNO = 20000, MESSAGE_TEXT = message;
-        END IF;
+    IF @dbms_output_next > 1 THEN
+        dbms_output.clear_lines();
+    END IF;
+    IF line_length > 32767 THEN
+        SIGNAL SQLSTATE '45000' SET MYSQL_ERRNO = 20000,
+            MESSAGE_TEXT = 'ORU-10028: line length overflow, limit of 32767 bytes per line';
+    END IF;
+    IF @dbms_output_bytes + line_length > @dbms_output_limit THEN
+        message := CONCAT('ORU-10027: buffer overflow, limit of ', @dbms_output_limit, ' bytes');
+        SIGNAL SQLSTATE '45000' SET MYSQL_ERRNO = 20000, MESSAGE_TEXT = message;
+    END IF;
+    IF ends_line = 1 THEN
+        SET @dbms_output_last = @dbms_output_last + 1,
+            @dbms_output_bytes = @dbms_output_bytes + line_length,
+            @dbms_output_partial = NULL;
+        INSERT INTO dbms_output.lines_waiting VALUES (@dbms_output_last, line_text);
+    ELSE
         SET @dbms_output_partial = line_text;
+    END IF;
+END
+/
+
+CREATE OR REPLACE DEFINER = dbms_output@localhost PROCEDURE dbms_output.put(a LONGTEXT) AS
+BEGIN
+    IF @dbms_output_enabled = 1 THEN
+        dbms_output.append(a, 0);
     END IF;
 END
 /
@@ -77,13 +91,7 @@ END
 CREATE OR REPLACE DEFINER = dbms_output@localhost PROCEDURE dbms_output.new_line AS
 BEGIN
     IF @dbms_output_enabled = 1 THEN
-        IF @dbms_output_next > 1 THEN
-            dbms_output.clear_lines();
-        END IF;
-        SET @dbms_output_last = @dbms_output_last + 1,
-            @dbms_output_bytes = @dbms_output_bytes + COALESCE(LENGTH(@dbms_output_partial), 0);
-        INSERT INTO dbms_output.lines_waiting VALUES (@dbms_output_last, @dbms_output_partial);
-        SET @dbms_output_partial = NULL;
+        dbms_output.append(NULL, 1);
     END IF;
 END
 /
@@ -91,13 +99,12 @@ END
 CREATE OR REPLACE DEFINER = dbms_output@localhost PROCEDURE dbms_output.put_line(a LONGTEXT) AS
 BEGIN
     IF @dbms_output_enabled = 1 THEN
-        dbms_output.put(a);
-        dbms_output.new_line();
+        dbms_output.append(a, 1);
     END IF;
 END
 /
 
--- The status is 0 with a line and 1 without; a line of no characters is null.
+-- The status is 0 with a line and 1 without; a line without characters is null.
 CREATE OR REPLACE DEFINER = dbms_output@localhost
 PROCEDURE dbms_output.get_line(line OUT LONGTEXT, status OUT INT) AS
 BEGIN

@@ -12,5 +12,5 @@ QString SandboxAdapter::adapt(const QString &commandText, StatementSession &sess
     }
     if (const auto statementId = planQueryId(commandText))
         return planQuery(*statementId);
-    return commandText;
+    return blockStatement(commandText).value_or(commandText);
 }

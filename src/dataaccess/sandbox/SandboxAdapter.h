@@ -2,8 +2,8 @@
 
 #include "dataaccess/StatementAdapter.h"
 
-/// Stands in for the two statements that the sandbox's server does not know; see sandboxDialect.h.
-/// Every other text passes as it is.
+/// Stands in for what the sandbox's server does not know; see sandboxDialect.h. Every other text
+/// passes as it is.
 class SandboxAdapter : public StatementAdapter
 {
 public:

@@ -123,3 +123,21 @@ QString planQuery(const QString &statementId)
            "COALESCE(CAST(cost AS CHAR), ' ') AS \"COST\" "
            "FROM tree ORDER BY path"_s.arg(literal(statementId));
 }
+
+std::optional<QString> blockStatement(const QString &text)
+{
+    SqlTokens tokens(text);
+    const SqlToken first = tokens.next();
+    const QStringView rest = tokens.rest();
+    if (first.isWord(u"BEGIN"))
+        return tokens.next().isWord(u"NOT") ? text : u"BEGIN NOT ATOMIC"_s.append(rest);
+    if (!first.isWord(u"DECLARE"))
+        return std::nullopt;
+
+    SqlToken last;
+    for (SqlToken token = first; token.kind != SqlToken::End; token = tokens.next())
+        last = token;
+    // The ends are on lines of their own: the text may end in a comment.
+    return u"BEGIN NOT ATOMIC DECLARE"_s.append(rest).append(last.isSign(u';') ? u"\nEND"_s
+                                                                               : u"\n; END"_s);
+}

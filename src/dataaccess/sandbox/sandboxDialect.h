@@ -6,7 +6,8 @@
 
 #include <optional>
 
-/// The two statements that the sandbox's server does not know, and what stands for them.
+/// What the sandbox's server, or the driver before it, does not take as it is written, and what
+/// stands for it.
 
 /// `EXPLAIN PLAN [SET STATEMENT_ID = '…'] FOR …`
 struct ExplainRequest
@@ -28,3 +29,8 @@ std::optional<QString> planQueryId(const QString &text);
 /// What stands for that query: the same columns in the same order, each step followed by the steps
 /// below it.
 QString planQuery(const QString &statementId);
+
+/// A block in the form that the driver expects rows from; nothing when @p text is no block. As it
+/// is written, the driver would leave rows that a statement within the block returns on the
+/// connection, which is of no use from then on.
+std::optional<QString> blockStatement(const QString &text);
