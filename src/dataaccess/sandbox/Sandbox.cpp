@@ -1,7 +1,11 @@
 #include "dataaccess/sandbox/Sandbox.h"
 
 #include "dataaccess/connectionString.h"
+#include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/sandbox/SandboxAdapter.h"
+#include "platform/RuntimeError.h"
+
+#include <QDir>
 
 #include <utility>
 
@@ -26,6 +30,29 @@ QString braced(QString value)
     return u'{' + value.replace(u'}', u"}}"_s) + u'}';
 }
 
+// The driver as the driver manager knows it, or its file when it was installed without being made
+// known.
+QString serverDriver()
+{
+    for (const QString &name : installedDrivers()) {
+        if (name.contains("MariaDB"_L1, Qt::CaseInsensitive))
+            return braced(name);
+    }
+    for (const QString &library : {u"/usr/lib"_s, u"/usr/lib64"_s, u"/usr/local/lib"_s}) {
+        QStringList folders = {library, library + u"/odbc"_s};
+        for (const QString &part : QDir(library).entryList({u"*-linux-*"_s}, QDir::Dirs))
+            folders.append(library + u'/' + part + u"/odbc"_s);
+        for (const QString &folder : std::as_const(folders)) {
+            const QString file = folder + u"/libmaodbc.so"_s;
+            if (QFile::exists(file))
+                return file;
+        }
+    }
+    throw RuntimeError(ErrorNumber::ProviderNotFound,
+                       u"The sandbox needs MariaDB's ODBC driver. Install the package "
+                       "odbc-mariadb, for example with: sudo apt install odbc-mariadb"_s);
+}
+
 } // namespace
 
 std::unique_ptr<ProviderSession> openSandbox(const ConnectionString &connectionString)
@@ -34,13 +61,15 @@ std::unique_ptr<ProviderSession> openSandbox(const ConnectionString &connectionS
     const QString user = valueOf(connectionString, u"User ID", u"UID").toLower();
     const QString password = valueOf(connectionString, u"Password", u"PWD");
 
+    const QString driver = serverDriver();
+
     auto session = std::make_unique<ProviderSession>();
     const auto server =
         std::make_shared<SandboxServer>(SandboxFolder::ofUser(), progressListener());
     session->lifetime = server;
     session->odbcConnectionString =
-        u"DRIVER={MariaDB Unicode};SOCKET=%1;DATABASE=%2;UID=%3;PWD=%4;CHARSET=utf8mb4;NO_PROMPT=1"_s
-            .arg(braced(server->socketPath()), braced(user), braced(user), braced(password));
+        u"DRIVER=%1;SOCKET=%2;DATABASE=%3;UID=%4;PWD=%5;CHARSET=utf8mb4;NO_PROMPT=1"_s.arg(
+            driver, braced(server->socketPath()), braced(user), braced(user), braced(password));
     session->adapter = std::make_unique<SandboxAdapter>();
     return session;
 }
