@@ -1,0 +1,1 @@
+-- Scratch file of the editor control.

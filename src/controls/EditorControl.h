@@ -1,25 +1,42 @@
 #pragma once
 
+#include "controls/EditorFormats.h"
+#include "controls/EditorTheme.h"
+#include "controls/Utf16Positions.h"
+#include "sqltext/wordClasses.h"
+
 #include <Qsci/qsciscintilla.h>
 
 #include <QColor>
 #include <QString>
 
+#include <memory>
+#include <utility>
+
+class EditorPageSetup;
+class EditorSearch;
+class SyntaxColouring;
+
 /// The syntax-colouring editor control.
 ///
 /// The text has carriage return + line feed line ends, whatever came in. Positions and lengths are
-/// counted in UTF-16 units of that text; SelStart is 0-based. Operations that stand for the
-/// control's outside interface carry its names, with a capital.
+/// counted in UTF-16 units of that text; SelStart is 0-based. An unpaired surrogate that is handed
+/// in becomes U+FFFD, zero characters stay. Operations that stand for the control's outside
+/// interface carry its names, with a capital.
+///
+/// While the control is read-only, neither typing nor setSelText() changes the text; setText() and
+/// LoadFile() do.
 class EditorControl : public QsciScintilla
 {
     Q_OBJECT
 public:
     explicit EditorControl(QWidget *parent = nullptr);
+    ~EditorControl() override;
 
     // Text
     QString GetText() const;
     QString Text() const { return GetText(); }
-    /// Replaces the whole text; one step for undo.
+    /// Replaces the whole text; one step for undo. The caret goes to the start.
     void setText(const QString &text) override;
     int textLength() const;
 
@@ -35,32 +52,46 @@ public:
     QString GetSelection() const { return SelText(); }
     void InsertText(const QString &text) { setSelText(text); }
 
-    // Character format of the selection; lies over the word colours
+    // Character format of the selection; lies over the word colours. With nothing selected it is
+    // the format of the text that is inserted next, until the caret moves elsewhere.
+    /// Black is the colour of plain text; with nothing selected, what follows is coloured as usual.
     void setSelColor(const QColor &color);
+    /// Sizes from 1 to 400 points.
     void setSelFontSize(double points);
     void setSelBold(bool on);
     void setSelItalic(bool on);
     void setSelUnderline(bool on);
     void setSelStrikeThru(bool on);
 
+    /// The font family of the whole text.
+    void setFontName(const QString &family);
+    QString FontName() const { return m_fontName; }
+
+    /// Colours that depend on the background follow it.
     void setBackColor(const QColor &color);
-    QColor BackColor() const;
+    QColor BackColor() const { return m_theme.background(); }
     bool ReadOnly() const;
 
-    /// Command numbers of ExecuteCommand().
+    /// Command numbers of ExecuteCommand(); other numbers do nothing.
     enum CommandNumber { CommandUndo = 100, CommandRedo = 101 };
     void ExecuteCommand(int number);
 
     /// Loads a syntax definition; docs in the file itself.
-    /// @throws RuntimeError 53 or 76 when it is missing, 13 when it is no definition
+    /// @throws RuntimeError 53 or 76 when it is missing, 13 when it is no definition; the colouring
+    /// then stays as it was
     void LoadSyntax(const QString &path);
+    /// The words that are coloured while typing.
+    void setWordClasses(const WordClasses &classes);
 
     /// Replaces the text by a file's: UTF-8 (with or without a mark), UTF-16 or Latin-1, any line
-    /// ends. @throws RuntimeError 53, 70, 75 or 76; the text then stays as it was
+    /// ends. Nothing of it can be undone.
+    /// @throws RuntimeError 53, 70, 75 or 76, 57 when the reading breaks off, 7 when the file is
+    /// larger than 1 GB; the text then stays as it was
     void LoadFile(const QString &path);
 
     /// Names the control's scratch file; the text stays as it is.
-    void setScratchFile(const QString &path);
+    void setScratchFile(const QString &path) { m_scratchFile = path; }
+    QString ScratchFile() const { return m_scratchFile; }
 
     // The control's own dialogs
     void FindDialog();
@@ -70,8 +101,17 @@ public:
     // Win32 edit-control messages
     /// EM_LINEFROMCHAR: the 0-based line of a position; -1 means the caret's.
     int lineFromCharacter(int position) const;
-    /// EM_LINEINDEX: the position of a 0-based line's first character; -1 means the caret's line.
+    /// EM_LINEINDEX: the position of a 0-based line's first character; -1 means the caret's line,
+    /// and a line that is not there has the position -1.
     int lineIndex(int line) const;
+
+    // For the control's own search, in byte positions of the text's UTF-8
+    QByteArray textBytes(long begin, long end) const;
+    /// Puts @p text in the place of a range; one step for undo.
+    void exchange(long begin, long end, const QByteArray &text);
+
+    /// Steps that the text is zoomed by, -10 to 20; 0 is its own size. zoomTo() sets it.
+    int zoomLevel() const;
 
 signals:
     /// The caret has moved; both counted from 1.
@@ -82,4 +122,37 @@ signals:
     /// @p keyCode is the Windows virtual-key code (32 blank, 9 tab, 48 to 57 digits, 13 Enter, 8
     /// Backspace, 46 Delete, otherwise 0).
     void keyWentDown(int keyCode, int shift);
+    /// A file was dropped on the control, which leaves it to others to load it.
+    void fileDropped(const QString &path);
+
+protected:
+    bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void setUpEditing();
+    void setUpKeys();
+    void applyTheme();
+    void showLineNumbers();
+    void reportCaret();
+    void select(long anchor, long caret);
+    void replaceAll(const QByteArray &text);
+
+    Utf16Positions m_positions;
+    EditorFormats m_formats;
+    std::unique_ptr<SyntaxColouring> m_colouring;
+    std::unique_ptr<EditorSearch> m_search;
+    std::unique_ptr<EditorPageSetup> m_pageSetup;
+    EditorTheme m_theme;
+    bool m_hasOwnBackColor = false;
+    bool m_hasFocus = false;
+    std::pair<int, int> m_reportedCaret{1, 1}; ///< column and line
+    QString m_fontName;
+    QString m_scratchFile;
 };

@@ -1,0 +1,435 @@
+#include "controls/EditorControl.h"
+
+#include "controls/EditorPageSetup.h"
+#include "controls/EditorSearch.h"
+#include "controls/SyntaxColouring.h"
+#include "controls/editorFont.h"
+#include "controls/editorKeys.h"
+#include "sqltext/textFile.h"
+
+#include <Qsci/qscicommandset.h>
+
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QUrl>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int lineNumberMargin = 0;
+constexpr int symbolMargin = 1;
+constexpr int fewestLineNumberDigits = 3;
+constexpr int charactersPerTab = 4;
+
+/// The local file that is being dragged; an empty text when it is something else.
+QString draggedFile(const QMimeData *data)
+{
+    for (const QUrl &url : data->urls()) {
+        if (url.isLocalFile())
+            return url.toLocalFile();
+    }
+    return {};
+}
+
+} // namespace
+
+EditorControl::EditorControl(QWidget *parent)
+    : QsciScintilla(parent)
+    , m_positions(*this)
+    , m_formats(*this)
+    , m_colouring(std::make_unique<SyntaxColouring>(*this, m_formats))
+    , m_search(std::make_unique<EditorSearch>(*this))
+    , m_pageSetup(std::make_unique<EditorPageSetup>(*this))
+    , m_theme(palette().color(QPalette::Base))
+    , m_fontName(fixedWidthFamily())
+{
+    m_formats.setFontsChanged([this](long begin, long end) {
+        applyTheme();
+        m_colouring->colourAgain(begin, end);
+    });
+    setUpEditing();
+    setUpKeys();
+    applyTheme();
+    showLineNumbers();
+}
+
+EditorControl::~EditorControl() = default;
+
+void EditorControl::setUpEditing()
+{
+    setUtf8(true);
+    setEolMode(EolWindows);
+    SendScintilla(SCI_SETPASTECONVERTENDINGS, 1L);
+    setTabWidth(charactersPerTab);
+    setIndentationsUseTabs(true);
+    setWrapMode(WrapNone);
+    SendScintilla(SCI_SETSCROLLWIDTH, 1L);
+    SendScintilla(SCI_SETSCROLLWIDTHTRACKING, 1L);
+    setBraceMatching(SloppyBraceMatch);
+    setCaretLineVisible(true);
+    setCaretWidth(2);
+    setMarginLineNumbers(lineNumberMargin, true);
+    setMarginWidth(symbolMargin, 4);
+    setMarginSensitivity(symbolMargin, false);
+    setAcceptDrops(true);
+
+    SendScintilla(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
+    connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this,
+            [this](int position) { m_colouring->colourTo(position); });
+    connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
+            [this](int position, int type, const char *, int length) {
+                if ((type & SC_MOD_INSERTTEXT) != 0) {
+                    m_colouring->textInserted(position, length);
+                    if ((type & SC_PERFORMED_USER) != 0)
+                        m_formats.textInserted(position, length);
+                } else if ((type & SC_MOD_DELETETEXT) != 0) {
+                    m_colouring->textDeleted(position, length);
+                }
+            });
+    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, &EditorControl::reportCaret);
+    connect(this, &QsciScintillaBase::SCN_ZOOM, this, &EditorControl::showLineNumbers);
+    connect(this, &QsciScintilla::linesChanged, this, &EditorControl::showLineNumbers);
+}
+
+void EditorControl::setUpKeys()
+{
+    // Select All belongs to the menu; the other one would zoom by a key that people expect to
+    // type with.
+    for (const QKeyCombination key : {Qt::CTRL | Qt::Key_A, Qt::CTRL | Qt::Key_Slash}) {
+        if (QsciCommand *command = standardCommands()->boundTo(key.toCombined()))
+            command->setKey(0);
+    }
+}
+
+QString EditorControl::GetText() const
+{
+    return QString::fromUtf8(textBytes(0, SendScintilla(SCI_GETLENGTH)));
+}
+
+void EditorControl::setText(const QString &text)
+{
+    SendScintilla(SCI_BEGINUNDOACTION);
+    replaceAll(editorUtf8(text));
+    SendScintilla(SCI_ENDUNDOACTION);
+    select(0, 0);
+}
+
+void EditorControl::replaceAll(const QByteArray &text)
+{
+    const bool readOnly = isReadOnly();
+    SendScintilla(SCI_SETREADONLY, 0L);
+    exchange(0, SendScintilla(SCI_GETLENGTH), text);
+    SendScintilla(SCI_SETREADONLY, static_cast<long>(readOnly));
+}
+
+int EditorControl::textLength() const
+{
+    return m_positions.length();
+}
+
+QByteArray EditorControl::textBytes(long begin, long end) const
+{
+    QByteArray result(end - begin + 1, Qt::Uninitialized);
+    SendScintilla(SCI_GETTEXTRANGE, begin, end, result.data());
+    result.chop(1);
+    return result;
+}
+
+void EditorControl::exchange(long begin, long end, const QByteArray &text)
+{
+    SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(begin), end);
+    SendScintilla(SCI_REPLACETARGET, static_cast<uintptr_t>(text.size()), text.constData());
+}
+
+int EditorControl::SelStart() const
+{
+    return m_positions.toUnits(SendScintilla(SCI_GETSELECTIONSTART));
+}
+
+void EditorControl::setSelStart(int position)
+{
+    const long at = m_positions.toBytes(position);
+    select(at, at);
+}
+
+int EditorControl::SelLength() const
+{
+    return m_positions.toUnits(SendScintilla(SCI_GETSELECTIONEND)) - SelStart();
+}
+
+void EditorControl::setSelLength(int length)
+{
+    const int start = SelStart();
+    const int longest = textLength() - start;
+    select(m_positions.toBytes(start), m_positions.toBytes(start + std::clamp(length, 0, longest)));
+}
+
+void EditorControl::select(long anchor, long caret)
+{
+    SendScintilla(SCI_SETSEL, anchor, caret);
+    reportCaret();
+}
+
+QString EditorControl::SelText() const
+{
+    if (SendScintilla(SCI_SELECTIONISRECTANGLE) == 0)
+        return QString::fromUtf8(
+            textBytes(SendScintilla(SCI_GETSELECTIONSTART), SendScintilla(SCI_GETSELECTIONEND)));
+    QByteArray lines(SendScintilla(SCI_GETSELTEXT), '\0');
+    SendScintilla(SCI_GETSELTEXT, lines.data());
+    return QString::fromUtf8(lines.constData());
+}
+
+void EditorControl::setSelText(const QString &text)
+{
+    if (isReadOnly())
+        return;
+    const QByteArray inserted = editorUtf8(text);
+    const bool replaces = SendScintilla(SCI_GETSELECTIONEMPTY) == 0;
+    const EditorFormats::Format format =
+        replaces ? m_formats.atSelection() : EditorFormats::Format();
+    SendScintilla(SCI_BEGINUNDOACTION);
+    SendScintilla(SCI_REPLACESEL, "");
+    const long begin = SendScintilla(SCI_GETCURRENTPOS);
+    SendScintilla(SCI_ADDTEXT, static_cast<uintptr_t>(inserted.size()), inserted.constData());
+    SendScintilla(SCI_ENDUNDOACTION);
+    m_formats.apply(format, begin, inserted.size());
+    SendScintilla(SCI_SCROLLCARET);
+    reportCaret();
+}
+
+void EditorControl::setSelColor(const QColor &color)
+{
+    m_formats.setColor(color);
+}
+
+void EditorControl::setSelFontSize(double points)
+{
+    m_formats.setPoints(points);
+}
+
+void EditorControl::setSelBold(bool on)
+{
+    m_formats.setBold(on);
+}
+
+void EditorControl::setSelItalic(bool on)
+{
+    m_formats.setItalic(on);
+}
+
+void EditorControl::setSelUnderline(bool on)
+{
+    m_formats.setUnderline(on);
+}
+
+void EditorControl::setSelStrikeThru(bool on)
+{
+    m_formats.setStrikeThru(on);
+}
+
+void EditorControl::setFontName(const QString &family)
+{
+    m_fontName = family;
+    applyTheme();
+}
+
+void EditorControl::setBackColor(const QColor &color)
+{
+    m_theme = EditorTheme(color);
+    m_hasOwnBackColor = true;
+    applyTheme();
+}
+
+void EditorControl::applyTheme()
+{
+    setPaper(m_theme.background());
+    setColor(m_theme.text());
+    setFont(QFont(m_fontName, defaultPoints()));
+    m_colouring->setLook(m_theme, m_fontName, defaultPoints());
+    m_formats.setTextColor(m_theme.text());
+    setCaretForegroundColor(m_theme.text());
+    setCaretLineBackgroundColor(m_theme.currentLine());
+    setSelectionBackgroundColor(m_theme.selection());
+    resetSelectionForegroundColor();
+    setMarginsFont(QFont(m_fontName, defaultPoints()));
+    setMarginsForegroundColor(m_theme.lineNumber());
+    setMarginsBackgroundColor(m_theme.margin());
+    setMatchedBraceForegroundColor(m_theme.text());
+    setMatchedBraceBackgroundColor(m_theme.brace());
+    setUnmatchedBraceForegroundColor(m_theme.text());
+    setUnmatchedBraceBackgroundColor(m_theme.unmatchedBrace());
+}
+
+bool EditorControl::ReadOnly() const
+{
+    return isReadOnly();
+}
+
+void EditorControl::ExecuteCommand(int number)
+{
+    if (number == CommandUndo)
+        SendScintilla(SCI_UNDO);
+    else if (number == CommandRedo)
+        SendScintilla(SCI_REDO);
+    reportCaret();
+}
+
+void EditorControl::LoadSyntax(const QString &path)
+{
+    const QString text = QString::fromUtf8(editorUtf8FromFile(readWholeFile(path)));
+    m_colouring->setDefinition(parseSyntaxDefinition(text));
+    applyTheme();
+}
+
+void EditorControl::setWordClasses(const WordClasses &classes)
+{
+    m_colouring->setWordClasses(classes);
+    applyTheme();
+}
+
+void EditorControl::LoadFile(const QString &path)
+{
+    const QByteArray text = editorUtf8FromFile(readWholeFile(path));
+    SendScintilla(SCI_SETUNDOCOLLECTION, 0L);
+    replaceAll(text);
+    SendScintilla(SCI_SETUNDOCOLLECTION, 1L);
+    SendScintilla(SCI_EMPTYUNDOBUFFER);
+    SendScintilla(SCI_SETSAVEPOINT);
+    select(0, 0);
+}
+
+void EditorControl::FindDialog()
+{
+    m_search->showFind();
+}
+
+void EditorControl::ReplaceDialog()
+{
+    m_search->showReplace();
+}
+
+void EditorControl::PageSetupDialog()
+{
+    m_pageSetup->exec();
+}
+
+int EditorControl::lineFromCharacter(int position) const
+{
+    return m_positions.lineOf(position < 0 ? SelStart() : std::min(position, textLength()));
+}
+
+int EditorControl::lineIndex(int line) const
+{
+    if (line >= lines())
+        return -1;
+    return m_positions.lineStart(line < 0 ? lineFromCharacter(-1) : line);
+}
+
+int EditorControl::zoomLevel() const
+{
+    return static_cast<int>(SendScintilla(SCI_GETZOOM));
+}
+
+void EditorControl::reportCaret()
+{
+    const long caret = SendScintilla(SCI_GETCURRENTPOS);
+    const int line = static_cast<int>(SendScintilla(SCI_LINEFROMPOSITION, caret));
+    const int column = m_positions.toUnits(caret) - m_positions.lineStart(line);
+    const std::pair place(column + 1, line + 1);
+    if (place == m_reportedCaret)
+        return;
+    m_reportedCaret = place;
+    emit caretMoved(place.first, place.second);
+}
+
+void EditorControl::showLineNumbers()
+{
+    const auto digits = static_cast<int>(QString::number(lines()).size());
+    const QString widest(std::max(digits, fewestLineNumberDigits) + 1, u'9');
+    setMarginWidth(lineNumberMargin, widest);
+}
+
+bool EditorControl::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride &&
+        zoomCommand(*static_cast<QKeyEvent *>(event)) != ZoomCommand::None) {
+        event->accept();
+        return true;
+    }
+    return QsciScintilla::event(event);
+}
+
+void EditorControl::changeEvent(QEvent *event)
+{
+    QsciScintilla::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_colouring && !m_hasOwnBackColor) {
+        m_theme = EditorTheme(palette().color(QPalette::Base));
+        applyTheme();
+    }
+}
+
+void EditorControl::keyPressEvent(QKeyEvent *event)
+{
+    emit keyWentDown(windowsKeyCode(*event), windowsShiftState(*event));
+    switch (zoomCommand(*event)) {
+    case ZoomCommand::In:
+        zoomIn();
+        break;
+    case ZoomCommand::Out:
+        zoomOut();
+        break;
+    case ZoomCommand::Reset:
+        zoomTo(0);
+        break;
+    case ZoomCommand::None:
+        QsciScintilla::keyPressEvent(event);
+        reportCaret();
+        break;
+    }
+}
+
+void EditorControl::focusInEvent(QFocusEvent *event)
+{
+    QsciScintilla::focusInEvent(event);
+    if (!std::exchange(m_hasFocus, true))
+        emit focusEntered();
+}
+
+void EditorControl::focusOutEvent(QFocusEvent *event)
+{
+    QsciScintilla::focusOutEvent(event);
+    if (std::exchange(m_hasFocus, false))
+        emit focusLeft();
+}
+
+void EditorControl::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (draggedFile(event->mimeData()).isEmpty())
+        QsciScintilla::dragEnterEvent(event);
+    else
+        event->acceptProposedAction();
+}
+
+void EditorControl::dragMoveEvent(QDragMoveEvent *event)
+{
+    if (draggedFile(event->mimeData()).isEmpty())
+        QsciScintilla::dragMoveEvent(event);
+    else
+        event->acceptProposedAction();
+}
+
+void EditorControl::dropEvent(QDropEvent *event)
+{
+    const QString file = draggedFile(event->mimeData());
+    if (file.isEmpty()) {
+        QsciScintilla::dropEvent(event);
+        return;
+    }
+    event->acceptProposedAction();
+    emit fileDropped(file);
+}

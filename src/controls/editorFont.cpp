@@ -1,0 +1,30 @@
+#include "controls/editorFont.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+QString fixedWidthFamily()
+{
+    // The desktop may name an alias, behind which any font can stand.
+    const QFontInfo chosen(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    if (QFontDatabase::isFixedPitch(chosen.family()))
+        return chosen.family();
+    for (const QString &family :
+         {u"Cascadia Mono"_s, u"JetBrains Mono"_s, u"Noto Sans Mono"_s, u"DejaVu Sans Mono"_s,
+          u"Liberation Mono"_s, u"Consolas"_s, u"Menlo"_s, u"Courier New"_s}) {
+        if (QFontDatabase::hasFamily(family))
+            return family;
+    }
+    return chosen.family();
+}
+
+int defaultPoints()
+{
+    constexpr int smallest = 10;
+    const QFontInfo chosen(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    return std::max(chosen.pointSize(), smallest);
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+class QKeyEvent;
+
+/// What keys mean to the editor control.
+
+/// The Windows virtual-key code of the keys that the editor's owner distinguishes, 0 of others.
+/// An opening or closing parenthesis is reported as the digit that it stands over on a US
+/// keyboard, wherever it stands on this one.
+int windowsKeyCode(const QKeyEvent &event);
+
+/// 1 Shift + 2 Ctrl + 4 Alt.
+int windowsShiftState(const QKeyEvent &event);
+
+enum class ZoomCommand { None, In, Out, Reset };
+
+/// Ctrl with plus, minus or 0, on either part of the keyboard.
+ZoomCommand zoomCommand(const QKeyEvent &event);

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "sqltext/SyntaxDefinition.h"
+#include "sqltext/wordClasses.h"
+
+#include <QByteArray>
+#include <QHash>
+
+#include <array>
+#include <vector>
+
+/// Cuts SQL text in UTF-8 into stretches of one kind, line by line, in time linear in the text.
+class SqlTokenizer
+{
+public:
+    SqlTokenizer();
+
+    void setDefinition(const SyntaxDefinition &definition);
+    void setWordClasses(const KeywordTable &table);
+
+    /// Between two stretches; otherwise the number of the delimiter that is open, from 1.
+    using State = int;
+    static constexpr State Between = 0;
+
+    struct Token
+    {
+        TextKind kind = TextKind::Name;
+        qsizetype length = 0;
+        /// The state behind it.
+        State state = Between;
+    };
+
+    /// The stretch that begins at @p at; @p at is before @p end. The bytes up to @p end have to
+    /// end at a line's end or be all there are. A stretch is never empty and never goes beyond a
+    /// line's end, which it takes along.
+    Token next(const char *at, const char *end, State state) const;
+
+private:
+    struct Phrase
+    {
+        QByteArray rest; ///< the upper-case words behind the first, each after one blank
+        TextKind kind;
+    };
+
+    Token inside(const Delimiter &delimiter, State state, const char *at, const char *from,
+                 const char *end) const;
+    Token word(const char *at, const char *end) const;
+    Token number(const char *at, const char *end) const;
+    State delimiterAt(const char *at, const char *end) const;
+    void addWord(const QByteArray &word, TextKind kind);
+
+    std::vector<Delimiter> m_delimiters;
+    /// The delimiters that a byte can begin, longest mark first.
+    std::array<std::vector<State>, 256> m_delimitersByByte;
+    QHash<QByteArray, TextKind> m_words;
+    QHash<QByteArray, std::vector<Phrase>> m_phrases;
+    std::array<TextKind, 256> m_punctuation{};
+    qsizetype m_longestWord = 0;
+};

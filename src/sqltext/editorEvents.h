@@ -1,0 +1,44 @@
+#pragma once
+
+#include "sqltext/wordClasses.h"
+
+#include <QString>
+#include <QStringView>
+
+/// The rules behind the editor's events: what kind of key went down, which word lies at the caret
+/// and which class it belongs to.
+
+/// The kinds of keys that decide where the word to colour is looked for.
+enum class KeyClass {
+    Other = 0,
+    Blank = 1,
+    Tab = 2,
+    OpenParenthesis = 3,
+    CloseParenthesis = 4,
+    Enter = 5,
+    Backspace = 6,
+    Delete = 7
+};
+
+/// @param keyCode  Windows virtual-key code
+/// @param shift    1 Shift + 2 Ctrl + 4 Alt
+KeyClass keyClass(int keyCode, int shift);
+
+/// How many characters before the caret the word to colour is looked for: 1 behind a key that has
+/// just put in or taken out the character before the caret, 0 otherwise.
+int caretOffset(KeyClass lastKey);
+
+/// A word of the text; @p start is 1-based. An empty word has length 0.
+struct WordAtCaret
+{
+    QString word;
+    int start = 1;
+    int length = 0;
+};
+
+/// The word at the caret, bounded by blanks, tabs, line ends and parentheses.
+/// @param caret  0-based position in @p text, where the caret was when the key went down
+WordAtCaret wordAtCaret(QStringView text, int caret, KeyClass lastKey);
+
+/// The class, 1 to 6, that lists @p word in any letter case; 0 when none does.
+int keywordGroup(QStringView word, const KeywordTable &table);
