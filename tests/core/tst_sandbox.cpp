@@ -1,0 +1,369 @@
+#include "dataaccess/Command.h"
+#include "dataaccess/Connection.h"
+#include "dataaccess/Recordset.h"
+#include "platform/RuntimeError.h"
+#include "support/SandboxFixture.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using SandboxFixture::scalar;
+using SandboxFixture::table;
+
+namespace {
+
+QString failureOf(const std::shared_ptr<Connection> &connection, const QString &text)
+{
+    try {
+        connection->Execute(text);
+    } catch (const RuntimeError &error) {
+        return error.description;
+    }
+    return {};
+}
+
+QString planText(const QString &id)
+{
+    return u" SELECT  rtrim(substr(OPERATION || ' ' || OPTIONS    || ' ' ||  OPTIMIZER,1,500))  "
+           "Query_Plan, level, id,parent_id, nvl(object_name,' ') object_name, "
+           "nvl(to_char(cardinality),' ') cardinality, nvl(to_char(bytes),' ') bytes, "
+           "nvl(to_char(COST),' ') cost From (SELECT * FROM PLAN_TABLE WHERE statement_id = '"_s +
+           id + u"')   START      WITH ID= 0  CONNECT    BY PRIOR ID= PARENT_ID"_s;
+}
+
+// The lines that wait on the server, each with the status it came with.
+class OutputLines
+{
+public:
+    explicit OutputLines(const std::shared_ptr<Connection> &connection)
+    {
+        m_command.CommandText = u"dbms_output.get_line"_s;
+        m_command.CommandType = adCmdStoredProc;
+        m_command.ActiveConnection = connection;
+        m_command.appendParameter({u"lines"_s, adVarChar, adParamOutput, 255, {}});
+        m_command.appendParameter({u"status"_s, adInteger, adParamOutput, 0, {}});
+    }
+
+    QString next()
+    {
+        m_command.Execute();
+        const Value &line = m_command.parameter(u"lines"_s);
+        return m_command.parameter(u"status"_s).toText() + u':' +
+               (line.isNull() ? u"(null)"_s : line.toText());
+    }
+
+    QString all()
+    {
+        QStringList lines;
+        do {
+            lines.append(next());
+        } while (lines.last().startsWith(u"0:"));
+        return lines.join(u'\n');
+    }
+
+private:
+    Command m_command;
+};
+
+} // namespace
+
+/// What the sandbox's server says to the statements that the program sends.
+class tst_sandbox : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+
+    void refusals_data();
+    void refusals();
+    void reach();
+    void sampleSchema();
+    void blocks_data();
+    void blocks();
+    void rowsWithinABlock();
+    void transactions();
+    void dictionary();
+    void dictionaryShowsWhatOneMaySee();
+    void output();
+    void outputSurvivesRollback();
+    void outputLimits();
+    void explainJoin();
+    void explainAgain();
+    void explainRefused();
+
+private:
+    std::shared_ptr<Connection> m_connection;
+};
+
+void tst_sandbox::initTestCase()
+{
+    m_connection = SandboxFixture::open();
+    m_connection->BeginTrans();
+}
+
+void tst_sandbox::cleanup()
+{
+    m_connection->RollbackTrans();
+    m_connection->BeginTrans();
+}
+
+void tst_sandbox::refusals_data()
+{
+    QTest::addColumn<QString>("user");
+    QTest::addColumn<QString>("password");
+
+    QTest::newRow("wrong password") << u"scott"_s << u"lion"_s;
+    QTest::newRow("no password") << u"scott"_s << u""_s;
+    QTest::newRow("the other's password") << u"system"_s << u"tiger"_s;
+    QTest::newRow("unknown") << u"nobody"_s << u"lion"_s;
+    QTest::newRow("nobody at all") << u""_s << u""_s;
+    QTest::newRow("the server's own root") << u"root"_s << u""_s;
+    QTest::newRow("owner of the packages") << u"dbms_output"_s << u""_s;
+    QTest::newRow("items within the password") << u"scott"_s << u"{x};UID=system;PWD=lantern"_s;
+}
+
+void tst_sandbox::refusals()
+{
+    QFETCH(QString, user);
+    QFETCH(QString, password);
+    try {
+        SandboxFixture::open(user, password);
+        QFAIL("logged on");
+    } catch (const RuntimeError &error) {
+        QVERIFY2(error.description.contains(u"Access denied"_s), error.what());
+        QVERIFY(password.isEmpty() || !error.description.contains(password));
+    }
+}
+
+// No way in but the socket in the user's own folder; names in any letter case.
+void tst_sandbox::reach()
+{
+    const auto system = SandboxFixture::open(u"SYSTEM"_s, u"lantern"_s);
+    QCOMPARE(scalar(system, u"select @@skip_networking from dual"_s), u"1"_s);
+    QCOMPARE(table(system, u"select user, host from mysql.global_priv where json_value(priv, "
+                           "'$.account_locked') is null and user <> 'PUBLIC' order by user"_s),
+             u"scott|localhost\nsystem|localhost"_s);
+    QCOMPARE(scalar(system, u"select count(*) from scott.emp"_s), u"14"_s);
+}
+
+void tst_sandbox::sampleSchema()
+{
+    QCOMPARE(table(m_connection, u"select count(*), count(distinct sale_id), "
+                                 "count(distinct customer) > 100, count(discount) > 1000, "
+                                 "count(note) < 90000 from sales"_s),
+             u"100000|100000|1|1|1"_s);
+    QCOMPARE(scalar(m_connection, u"select count(*) from emp e, dept d "
+                                  "where e.deptno = d.deptno"_s),
+             u"14"_s);
+    QCOMPARE(scalar(m_connection, u"select ename from emp where ename = 'king'"_s), u"(none)"_s);
+    QCOMPARE(table(m_connection, u"select '' || 'a\\' x, nvl('', 'null') y from dual"_s),
+             u"a\\|null"_s);
+}
+
+void tst_sandbox::blocks_data()
+{
+    QTest::addColumn<QString>("block");
+    QTest::addColumn<QString>("effect");
+
+    QTest::newRow("of the Data tab")
+        << u"begin \r\n execute immediate '-- a''s\ninsert into dept\n values (50, ''IT''''S'', "
+           "''a;b'') '; end;"_s
+        << u"IT'S|a;b"_s;
+    QTest::newRow("of a script")
+        << u"Begin \r\nexecute immediate ('\ninsert into dept values (50, ''x'', ''y'')');\r\nend;"_s
+        << u"x|y"_s;
+    QTest::newRow("declare") << u"declare n number := 50; begin insert into dept values (n, 'x', "
+                                "'y'); end;"_s
+                             << u"x|y"_s;
+    QTest::newRow("a block in a script")
+        << u"Begin \r\nexecute immediate ('begin insert into dept values (50, ''x'', ''y''); "
+           "end');\r\nend;"_s
+        << u"x|y"_s;
+}
+
+void tst_sandbox::blocks()
+{
+    QFETCH(QString, block);
+    QFETCH(QString, effect);
+
+    QCOMPARE(m_connection->Execute(block)->State(), adStateClosed);
+    const QString query = u"select dname, loc from dept where deptno = 50"_s;
+    QCOMPARE(table(m_connection, query), effect);
+    QCOMPARE(table(SandboxFixture::open(), query), u""_s);
+}
+
+void tst_sandbox::rowsWithinABlock()
+{
+    for (int round = 0; round < 3; ++round) {
+        m_connection->Execute(u"Begin \r\nexecute immediate ('select * from emp');\r\nend;"_s);
+        m_connection->Execute(
+            u"declare n int; begin select 1 from dual; select * from emp; end;"_s);
+        QVERIFY(failureOf(m_connection, u"Begin \r\nexecute immediate ('select nope');\r\nend;"_s)
+                    .contains(u"Unknown column 'nope'"_s));
+    }
+    QCOMPARE(scalar(m_connection, u"select count(*) from dept"_s), u"4"_s);
+}
+
+void tst_sandbox::transactions()
+{
+    const auto other = SandboxFixture::open();
+    const QString query = u"select count(*) from salgrade where grade = 77"_s;
+    m_connection->Execute(u"insert into salgrade values (77, 0, 1)"_s);
+    QCOMPARE(scalar(m_connection, query), u"1"_s);
+    QCOMPARE(scalar(other, query), u"0"_s);
+
+    m_connection->CommitTrans();
+    m_connection->BeginTrans();
+    QCOMPARE(scalar(other, query), u"1"_s);
+
+    m_connection->Execute(u"delete from salgrade where grade = 77"_s);
+    m_connection->RollbackTrans();
+    QCOMPARE(scalar(other, query), u"1"_s);
+
+    other->Execute(u"delete from salgrade where grade = 77"_s);
+    m_connection->BeginTrans();
+    QCOMPARE(scalar(m_connection, query), u"0"_s);
+
+    auto third = SandboxFixture::open();
+    third->BeginTrans();
+    third->Execute(u"insert into salgrade values (78, 0, 1)"_s);
+    third->Close();
+    QCOMPARE(scalar(m_connection, u"select count(*) from salgrade where grade = 78"_s), u"0"_s);
+}
+
+void tst_sandbox::dictionary()
+{
+    QCOMPARE(table(m_connection, u"SELECT username from SYS.ALL_USERS order by username"_s),
+             u"SCOTT\nSYSTEM"_s);
+    const QString tables =
+        table(m_connection, u"SELECT table_name FROM SYS.ALL_TABLES where owner = 'SCOTT'"_s);
+    for (const QString &name : {u"EMP"_s, u"DEPT"_s, u"SALES"_s, u"PLAN_TABLE"_s})
+        QVERIFY(tables.split(u'\n').contains(name));
+    QCOMPARE(table(m_connection, u"SELECT column_name FROM SYS.ALL_TAB_COLUMNS where owner = "
+                                 "'SCOTT' and table_name = 'EMP' "_s),
+             u"EMPNO\nENAME\nJOB\nMGR\nHIREDATE\nSAL\nCOMM\nDEPTNO"_s);
+    QCOMPARE(table(m_connection, u"SELECT table_name FROM SYS.ALL_TABLES where owner = 'scott'"_s),
+             u""_s);
+}
+
+void tst_sandbox::dictionaryShowsWhatOneMaySee()
+{
+    const auto system = SandboxFixture::open(u"system"_s, u"lantern"_s);
+    const QString query = u"SELECT table_name FROM SYS.ALL_TABLES where owner = 'SYSTEM'"_s;
+    QVERIFY(table(system, query).contains(u"PLAN_TABLE"_s));
+    QCOMPARE(table(m_connection, query), u""_s);
+    QVERIFY(failureOf(m_connection, u"select * from system.plan_table"_s).contains(u"denied"_s));
+    QCOMPARE(table(system, u"select distinct owner from SYS.ALL_TABLES order by owner"_s),
+             u"SCOTT\nSYSTEM"_s);
+}
+
+void tst_sandbox::output()
+{
+    OutputLines lines(m_connection);
+    m_connection->Execute(u"dbms_output.disable"_s);
+    m_connection->Execute(u"begin dbms_output.put_line('lost'); end;"_s);
+    QCOMPARE(lines.all(), u"1:(null)"_s);
+
+    m_connection->Execute(u"dbms_output.enable(20000)"_s);
+    m_connection->Execute(u"begin dbms_output.put_line('one'); dbms_output.put_line(''); "
+                          "dbms_output.put('t'); dbms_output.put(2.50); dbms_output.new_line; "
+                          "dbms_output.put_line(' drei;'); dbms_output.put('begun'); end;"_s);
+    QCOMPARE(lines.all(), u"0:one\n0:(null)\n0:t2.50\n0: drei;\n1:(null)"_s);
+
+    m_connection->Execute(u"begin dbms_output.put_line(', ended'); dbms_output.put_line('x'); "
+                          "end;"_s);
+    QCOMPARE(lines.next(), u"0:begun, ended"_s);
+    m_connection->Execute(u"begin dbms_output.put_line('new'); end;"_s);
+    QCOMPARE(lines.all(), u"0:new\n1:(null)"_s);
+
+    m_connection->Execute(u"begin dbms_output.put_line('cleared'); end;"_s);
+    m_connection->Execute(u"dbms_output.disable"_s);
+    m_connection->Execute(u"dbms_output.enable(20000)"_s);
+    QCOMPARE(lines.all(), u"1:(null)"_s);
+    QVERIFY(failureOf(m_connection, u"dbms_output.enable(abc)"_s).contains(u"abc"_s));
+}
+
+void tst_sandbox::outputSurvivesRollback()
+{
+    const auto system = SandboxFixture::open(u"system"_s, u"lantern"_s);
+    system->BeginTrans();
+    system->Execute(u"dbms_output.enable(20000)"_s);
+    system->Execute(u"begin dbms_output.put_line('kept'); end;"_s);
+    system->RollbackTrans();
+    system->Execute(u"use scott"_s);
+    QCOMPARE(OutputLines(system).all(), u"0:kept\n1:(null)"_s);
+}
+
+void tst_sandbox::outputLimits()
+{
+    OutputLines lines(m_connection);
+    m_connection->Execute(u"dbms_output.disable"_s);
+    m_connection->Execute(u"dbms_output.enable(5)"_s); // 2,000 at least
+    m_connection->Execute(u"begin dbms_output.put_line(rpad('x', 255, 'x')); end;"_s);
+    QCOMPARE(lines.next(), u"0:"_s + QString(255, u'x'));
+
+    m_connection->Execute(u"begin dbms_output.put_line(rpad('x', 256, 'x')); end;"_s);
+    QVERIFY_EXCEPTION_THROWN(lines.next(), RuntimeError); // longer than the parameter, not cut
+    QVERIFY(failureOf(m_connection, u"begin for i in 1..3 loop dbms_output.put_line(rpad('x', "
+                                    "1000, 'x')); end loop; end;"_s)
+                .contains(u"ORU-10027"_s));
+    QVERIFY(failureOf(m_connection, u"begin dbms_output.put_line(rpad('x', 32768, 'x')); end;"_s)
+                .contains(u"ORU-10028"_s));
+    m_connection->Execute(u"dbms_output.disable"_s);
+}
+
+void tst_sandbox::explainJoin()
+{
+    const QString id = u"SCOTT3/2/2024 10:30:00"_s;
+    m_connection->Execute(u"DELETE FROM PLAN_TABLE WHERE statement_id = '%1'"_s.arg(id));
+    m_connection->Execute(u"EXPLAIN PLAN set statement_id = '%1' FOR select e.ename, d.dname from "
+                          "emp e, dept d where e.deptno = d.deptno"_s.arg(id));
+
+    const auto rows = m_connection->Execute(planText(id));
+    QStringList names;
+    for (int field = 0; field < rows->fieldCount(); ++field)
+        names.append(rows->fieldName(field));
+    QCOMPARE(names.join(u' '),
+             u"QUERY_PLAN LEVEL ID PARENT_ID OBJECT_NAME CARDINALITY BYTES COST"_s);
+    QCOMPARE(table(m_connection, planText(id)), u"SELECT STATEMENT|1|0|(null)| | | | \n"
+                                                "NESTED LOOPS|2|1|0| | | | \n"
+                                                "TABLE ACCESS FULL|3|2|1|DEPT|4| | \n"
+                                                "TABLE ACCESS FULL|3|3|1|EMP|14| | "_s);
+
+    // Within the transaction, as everything else.
+    QCOMPARE(table(SandboxFixture::open(), planText(id)), u""_s);
+}
+
+// Steps in the order of reading whatever the order of their numbers, and each id for itself.
+void tst_sandbox::explainAgain()
+{
+    m_connection->Execute(u"EXPLAIN PLAN set statement_id = 'O''NEIL' FOR delete from emp"_s);
+    QCOMPARE(table(m_connection, planText(u"O''NEIL"_s)).section(u'|', 0, 0),
+             u"DELETE STATEMENT"_s);
+
+    m_connection->Execute(u"insert into plan_table (statement_id, operation, id, parent_id) values "
+                          "('x', 'ROOT', 0, null), ('x', 'B', 10, 0), ('x', 'A', 9, 0), "
+                          "('x', 'A1', 11, 9), ('x', 'LOST', 12, 99), ('y', 'OTHER', 1, 0)"_s);
+    QCOMPARE(table(m_connection, planText(u"x"_s)), u"ROOT|1|0|(null)| | | | \n"
+                                                    "A|2|9|0| | | | \n"
+                                                    "A1|3|11|9| | | | \n"
+                                                    "B|2|10|0| | | | "_s);
+}
+
+void tst_sandbox::explainRefused()
+{
+    const QString explain = u"EXPLAIN PLAN set statement_id = 'bad' FOR "_s;
+    QVERIFY(failureOf(m_connection, explain + u"select * from nope"_s).contains(u"nope"_s));
+    QVERIFY(failureOf(m_connection, explain + u"selec"_s).contains(u"syntax"_s));
+    QVERIFY(
+        failureOf(m_connection, explain + u"select 1; delete from emp"_s).contains(u"syntax"_s));
+    QVERIFY(!failureOf(m_connection, explain).isEmpty());
+    QCOMPARE(scalar(m_connection, u"select count(*) from plan_table where statement_id = 'bad'"_s),
+             u"0"_s);
+    QCOMPARE(scalar(m_connection, u"select count(*) from emp"_s), u"14"_s);
+}
+
+QTEST_GUILESS_MAIN(tst_sandbox)
+#include "tst_sandbox.moc"
