@@ -2,9 +2,7 @@
 
 #include "dataaccess/connectionString.h"
 #include "dataaccess/odbc/installedDrivers.h"
-#if __has_include("dataaccess/sandbox/Sandbox.h")
 #include "dataaccess/sandbox/Sandbox.h"
-#endif
 #include "platform/RuntimeError.h"
 #include "platform/settings.h"
 #include "platform/textForms.h"
@@ -84,9 +82,7 @@ ProviderSession openProvider(const QString &connectionString)
         return {withoutProvider(connectionString), nullptr, nullptr};
     if (provider == "msdaora"_L1 || provider == "oraoledb.oracle"_L1)
         return openOracle(items);
-#if __has_include("dataaccess/sandbox/Sandbox.h")
     if (provider == "orbeksandbox"_L1)
         return std::move(*openSandbox(items));
-#endif
     throw RuntimeError(ErrorNumber::ProviderNotFound);
 }

@@ -305,7 +305,7 @@ void tst_sandbox::outputLimits()
     QCOMPARE(lines.next(), u"0:"_s + QString(255, u'x'));
 
     m_connection->Execute(u"begin dbms_output.put_line(rpad('x', 256, 'x')); end;"_s);
-    QVERIFY_EXCEPTION_THROWN(lines.next(), RuntimeError); // longer than the parameter, not cut
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, lines.next()); // longer than the parameter, not cut
     QVERIFY(failureOf(m_connection, u"begin for i in 1..3 loop dbms_output.put_line(rpad('x', "
                                     "1000, 'x')); end loop; end;"_s)
                 .contains(u"ORU-10027"_s));
