@@ -6,10 +6,10 @@
 
 #include <QComboBox>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -45,9 +45,7 @@ ObjectPicker::ObjectPicker(const QString &name, const QString &caption, const QS
 
     connect(cmbSchema, &QComboBox::activated, this, &ObjectPicker::cmbSchema_Click);
     connect(lstObject, &QListWidget::itemClicked, this, &ObjectPicker::lstObject_Click);
-    // The list's own signal for Enter may, by the desktop's setting, come with a click as well.
-    for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter})
-        new QShortcut(enter, lstObject, this, &ObjectPicker::lstObject_Click, Qt::WidgetShortcut);
+    lstObject->installEventFilter(this);
 }
 
 QComboBox *ObjectPicker::addCombo(const QString &name, const QString &label)
@@ -125,6 +123,20 @@ void ObjectPicker::lstObject_Click()
     ignoreErrors([&] { m_target.control().InsertText(text); });
     ignoreErrors([this] { m_target.focusWindow(); });
     ignoreErrors([this] { m_target.control().setSelColor(Qt::black); });
+}
+
+/// Enter on the list picks. Its own signal for that may, by the desktop's setting, come with a
+/// click as well.
+bool ObjectPicker::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == lstObject && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            lstObject_Click();
+            return true;
+        }
+    }
+    return FormDialog::eventFilter(watched, event);
 }
 
 void ObjectPicker::loadOrClose(const std::function<void()> &load)

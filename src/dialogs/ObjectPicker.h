@@ -40,6 +40,7 @@ protected:
     QComboBox *addCombo(const QString &name, const QString &label);
 
     bool Form_Load() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     /// Fills what depends on the schema's text.
     /// @throws RuntimeError when the dictionary cannot be read
     virtual void loadSchema() = 0;

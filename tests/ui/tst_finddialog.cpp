@@ -1,0 +1,332 @@
+#include "controls/EditorControl.h"
+#include "controls/uiPresenters.h"
+#include "dialogs/frmFind.h"
+#include "platform/process.h"
+#include "uisupport/ModalAnswers.h"
+
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An editor window with its find dialog, driven by the names of the controls.
+struct FindBench
+{
+    QWidget window;
+    EditorControl *editor = new EditorControl(&window);
+    std::unique_ptr<frmFind> dialog = std::make_unique<frmFind>(&window);
+
+    explicit FindBench(const QString &text)
+    {
+        editor->setObjectName(u"txtSQL"_s);
+        (new QVBoxLayout(&window))->addWidget(editor);
+        editor->setText(text);
+        editor->setSelStart(0);
+        dialog->setTxt(editor, &window);
+        window.show();
+        editor->setFocus();
+        dialog->show();
+    }
+
+    void type(const QString &field, const QString &text)
+    {
+        auto *edit = dialog->findChild<QLineEdit *>(field);
+        edit->clear();
+        QTest::keyClicks(edit, text);
+    }
+
+    QPushButton *button(const QString &name) { return dialog->findChild<QPushButton *>(name); }
+    void press(const QString &name) { QTest::mouseClick(button(name), Qt::LeftButton); }
+
+    void replaceAll(const QString &find, const QString &replacement)
+    {
+        type(u"txtFind"_s, find);
+        type(u"txtReplace"_s, replacement);
+        press(u"cmdReplaceAll"_s);
+    }
+    bool replacing() { return !button(u"cmdReplaceAll"_s)->isEnabled(); }
+};
+
+constexpr auto endlessArgument = "--replace-without-end";
+
+} // namespace
+
+class tst_finddialog : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase() { installUiPresenters(); }
+    void findsFromTheBeginning();
+    void letterCaseAlwaysCounts();
+    void findNextOverlaps();
+    void findNextAtLineEnds();
+    void findNextEndsBehindTheCaret();
+    void emptySearchDoesNothing();
+    void replaceTakesTheSelection();
+    void replaceAll_data();
+    void replaceAll();
+    void replaceAllOfBigText();
+    void longReplacingEndsByItself();
+    void endlessOneTakesInWhatIsTyped();
+    void closingOrLosingTheEditorEndsReplacing();
+    void endlessOneEndsWithTheProgram();
+    void cancelGivesTheFocusBack();
+};
+
+void tst_finddialog::findsFromTheBeginning()
+{
+    FindBench bench(u"select ename\r\nfrom emp"_s);
+    bench.editor->setSelStart(20);
+    bench.type(u"txtFind"_s, u"e"_s);
+    QTest::keyClick(bench.dialog->findChild<QLineEdit *>(u"txtFind"_s), Qt::Key_Return);
+    QCOMPARE(bench.editor->SelStart(), 1);
+    QCOMPARE(bench.editor->SelText(), u"e"_s);
+    QTRY_VERIFY(bench.editor->hasFocus());
+
+    bench.type(u"txtFind"_s, u"emp"_s);
+    bench.press(u"cmdFindFirst"_s);
+    QCOMPARE(bench.editor->SelStart(), 19);
+    QCOMPARE(bench.editor->SelLength(), 3);
+}
+
+void tst_finddialog::letterCaseAlwaysCounts()
+{
+    MessageAnswers answers;
+    FindBench bench(u"SELECT 1"_s);
+    bench.type(u"txtFind"_s, u"select"_s);
+    bench.press(u"cmdFindFirst"_s);
+    bench.dialog->findChild<QCheckBox *>(u"chkCase"_s)->click();
+    bench.press(u"cmdFindFirst"_s);
+    QCOMPARE(answers.texts, QStringList(2, u"Search string not found"_s));
+    QCOMPARE(answers.titles.first(), u"Orbek SQL Editor"_s);
+}
+
+void tst_finddialog::findNextOverlaps()
+{
+    FindBench bench(u"aaa"_s);
+    bench.type(u"txtFind"_s, u"aa"_s);
+    bench.press(u"cmdFindFirst"_s);
+    QCOMPARE(bench.editor->SelStart(), 0);
+    bench.press(u"cmdFindNext"_s);
+    QCOMPARE(bench.editor->SelStart(), 1);
+    QCOMPARE(bench.editor->SelText(), u"aa"_s);
+}
+
+// The step of two characters may end between the two of a line end, or in the middle of a character
+// that takes two units.
+void tst_finddialog::findNextAtLineEnds()
+{
+    FindBench bench(u"ab\r\nb\r\n\r\nb😀b"_s);
+    bench.type(u"txtFind"_s, u"b"_s);
+    QList<int> found;
+    bench.press(u"cmdFindFirst"_s);
+    found += bench.editor->SelStart();
+    for (int i = 0; i < 3; ++i) {
+        bench.press(u"cmdFindNext"_s);
+        found += bench.editor->SelStart();
+    }
+    QCOMPARE(found, (QList<int>{1, 4, 9, 12}));
+}
+
+void tst_finddialog::findNextEndsBehindTheCaret()
+{
+    MessageAnswers answers;
+    FindBench bench(u"one two three"_s);
+    bench.type(u"txtFind"_s, u"two"_s);
+    bench.press(u"cmdFindFirst"_s);
+    bench.press(u"cmdFindNext"_s);
+    QCOMPARE(answers.texts, QStringList{u"No more occurrences found"_s});
+    QCOMPARE(bench.editor->SelStart(), 6);
+    QCOMPARE(bench.editor->SelLength(), 0);
+
+    bench.editor->setText(QString());
+    bench.press(u"cmdFindNext"_s);
+    QCOMPARE(answers.texts.size(), 2);
+}
+
+void tst_finddialog::emptySearchDoesNothing()
+{
+    MessageAnswers answers;
+    FindBench bench(u"one two"_s);
+    bench.editor->setSelStart(3);
+    bench.press(u"cmdFindFirst"_s);
+    bench.press(u"cmdFindNext"_s);
+    bench.replaceAll(QString(), u"x"_s);
+    QCOMPARE(bench.editor->SelStart(), 3);
+    QCOMPARE(bench.editor->Text(), u"one two"_s);
+    QVERIFY(answers.texts.isEmpty());
+}
+
+void tst_finddialog::replaceTakesTheSelection()
+{
+    MessageAnswers answers;
+    FindBench bench(u"aXb aYb aZb"_s);
+    bench.type(u"txtFind"_s, u"a"_s);
+    bench.type(u"txtReplace"_s, u"--"_s);
+    bench.editor->setSelStart(1);
+    bench.editor->setSelLength(1);
+    bench.press(u"cmdReplace"_s);
+    QCOMPARE(bench.editor->Text(), u"a--b aYb aZb"_s);
+    QCOMPARE(bench.editor->SelStart(), 5);
+    QCOMPARE(bench.editor->SelText(), u"a"_s);
+    QTRY_VERIFY(bench.editor->hasFocus());
+
+    bench.editor->setSelStart(12);
+    bench.press(u"cmdReplace"_s);
+    QCOMPARE(bench.editor->Text(), u"a--b aYb aZb--"_s);
+    QCOMPARE(answers.texts, QStringList{u"No more occurrences found"_s});
+}
+
+void tst_finddialog::replaceAll_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("find");
+    QTest::addColumn<QString>("replacement");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("each letter") << u"banana"_s << u"a"_s << u"b"_s << u"bbnbnb"_s;
+    QTest::newRow("across a border") << u"x aabb"_s << u"ab"_s << u"a"_s << u"x aa"_s;
+    QTest::newRow("empty replacement") << u"banana"_s << u"a"_s << QString() << u"banana"_s;
+    QTest::newRow("lines stay") << u"a\r\nb a\r\n"_s << u"a"_s << u"x"_s << u"x\r\nb x\r\n"_s;
+}
+
+void tst_finddialog::replaceAll()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, find);
+    QFETCH(QString, replacement);
+    MessageAnswers answers;
+    FindBench bench(text);
+    bench.replaceAll(find, replacement);
+    QVERIFY(!bench.replacing());
+    QTEST(bench.editor->Text(), "expected");
+    QVERIFY(answers.texts.isEmpty());
+}
+
+void tst_finddialog::replaceAllOfBigText()
+{
+    const QString unit = u"select ename from employees where empno = 4711;\r\n\r\n"_s;
+    const int hits = 5'000'000 / static_cast<int>(unit.size());
+    FindBench bench(unit.repeated(hits));
+    QElapsedTimer timer;
+    timer.start();
+    bench.replaceAll(u"empno"_s, u"employee_number"_s);
+    const qint64 elapsed = timer.elapsed();
+    qInfo("%d replacements in %lld ms", hits, elapsed);
+    QCOMPARE(bench.editor->Text().count(u"where employee_number = "_s), hits);
+    QVERIFY2(elapsed < 20000, qPrintable(QString::number(elapsed)));
+}
+
+// Sorting takes the square of the length in replacements, which is more than one portion.
+void tst_finddialog::longReplacingEndsByItself()
+{
+    FindBench bench(u"ba"_s.repeated(1000));
+    bench.replaceAll(u"ba"_s, u"ab"_s);
+    QVERIFY(bench.replacing());
+    QTRY_VERIFY(!bench.replacing());
+    QCOMPARE(bench.editor->Text(), QString(1000, u'a') + QString(1000, u'b'));
+}
+
+void tst_finddialog::endlessOneTakesInWhatIsTyped()
+{
+    FindBench bench(u"banana"_s);
+    bench.replaceAll(u"a"_s, u"aa"_s);
+    QTRY_VERIFY(bench.editor->textLength() > 1000);
+    QVERIFY(bench.replacing());
+
+    bench.editor->setSelStart(0);
+    QTest::keyClicks(bench.editor, u"xyz "_s);
+    const int typed = bench.editor->textLength();
+    QTRY_VERIFY(bench.editor->textLength() > typed);
+    QVERIFY(bench.editor->Text().startsWith(u"xyz baaa"_s));
+    QVERIFY(bench.replacing());
+
+    bench.editor->setText(u"nothing left"_s);
+    QTRY_VERIFY(!bench.replacing());
+    QCOMPARE(bench.editor->Text(), u"nothing left"_s);
+}
+
+void tst_finddialog::closingOrLosingTheEditorEndsReplacing()
+{
+    FindBench bench(u"banana"_s);
+    bench.replaceAll(u"a"_s, u"aa"_s);
+    QVERIFY(bench.replacing());
+    bench.press(u"cmdFindCancel"_s);
+    QVERIFY(!bench.dialog->isVisible());
+    const QString text = bench.editor->Text();
+    QTest::qWait(100);
+    QCOMPARE(bench.editor->Text(), text);
+
+    bench.dialog->show();
+    bench.replaceAll(u"a"_s, u"aa"_s);
+    QVERIFY(bench.replacing());
+    delete bench.editor;
+    QTRY_VERIFY(!bench.replacing());
+
+    FindBench other(u"banana"_s);
+    other.replaceAll(u"a"_s, u"aa"_s);
+    other.dialog.reset();
+    QTest::qWait(100);
+}
+
+// This program, started once more with an argument, replaces without end and then closes its
+// windows.
+void tst_finddialog::endlessOneEndsWithTheProgram()
+{
+    QProcess program;
+    program.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(endlessArgument)});
+    QVERIFY(program.waitForFinished(20000));
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), 0);
+    QVERIFY(program.readAllStandardOutput().contains("still replacing"));
+}
+
+void tst_finddialog::cancelGivesTheFocusBack()
+{
+    FindBench bench(u"one"_s);
+    QVERIFY(QTest::qWaitForWindowActive(bench.dialog.get()));
+    bench.press(u"cmdFindCancel"_s);
+    QVERIFY(!bench.dialog->isVisible());
+    QTRY_VERIFY(bench.editor->hasFocus());
+
+    bench.dialog->show();
+    QTest::keyClick(bench.dialog.get(), Qt::Key_Escape);
+    QVERIFY(!bench.dialog->isVisible());
+}
+
+namespace {
+
+int replaceUntilClosed()
+{
+    FindBench bench(u"banana"_s);
+    bench.replaceAll(u"a"_s, u"aa"_s);
+    QTimer::singleShot(300, &bench.window, [&bench] {
+        if (bench.replacing())
+            std::puts("still replacing");
+        bench.dialog->close();
+        bench.window.close();
+    });
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    if (QCoreApplication::arguments().contains(QString::fromLatin1(endlessArgument)))
+        return replaceUntilClosed();
+    tst_finddialog test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_finddialog.moc"
