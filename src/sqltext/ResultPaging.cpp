@@ -1,0 +1,139 @@
+#include "sqltext/ResultPaging.h"
+
+#include "dataaccess/Connection.h"
+#include "dataaccess/Recordset.h"
+#include "platform/RuntimeError.h"
+#include "platform/textForms.h"
+
+#include <QStringList>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int sourceCacheSize = 100;
+
+std::shared_ptr<Recordset> makeSource()
+{
+    auto source = std::make_shared<Recordset>();
+    source->setCursorLocation(adUseServer);
+    source->setCursorType(adOpenForwardOnly);
+    source->setLockType(adLockBatchOptimistic);
+    source->setCacheSize(sourceCacheSize);
+    return source;
+}
+
+/// Each name that stands again, before or behind, gets a suffix; in one pass, so a third one gets
+/// two.
+void makeUnique(QStringList &names)
+{
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        for (qsizetype j = 0; j < names.size(); ++j) {
+            if (j != i && names[j] == names[i])
+                names[j] += "_1"_L1;
+        }
+    }
+}
+
+} // namespace
+
+void ResultPaging::setStatusText(std::function<void(const QString &)> show)
+{
+    m_statusText = std::move(show);
+}
+
+void ResultPaging::setYield(std::function<void()> yield)
+{
+    m_yield = std::move(yield);
+}
+
+void ResultPaging::openResult(QString &sql, const std::shared_ptr<Connection> &connection)
+{
+    if (trimBlanks(sql).isEmpty())
+        return;
+    sql.replace("\r\n"_L1, "\n"_L1);
+    m_source = makeSource();
+    m_recordsFetched = 0;
+    m_source->Open(sql, connection);
+    if (m_source->Eof())
+        return;
+    buildResultFields(*m_source, *m_result);
+    m_source->MoveFirst();
+    fetchRows(*m_source, *m_result, setSize);
+}
+
+void ResultPaging::buildResultFields(const Recordset &source, Recordset &result)
+{
+    QStringList names;
+    for (int i = 0; i < source.fieldCount(); ++i)
+        names += source.fieldName(i);
+    makeUnique(names);
+    for (const QString &name : std::as_const(names))
+        result.appendField(name, adVariant);
+    result.Open();
+}
+
+void ResultPaging::copyRow(Recordset &source, Recordset &result)
+{
+    result.addNewFrom(source);
+    ++m_recordsFetched;
+    source.MoveNext();
+}
+
+void ResultPaging::fetchRows(Recordset &source, Recordset &result, int count)
+{
+    for (int i = 0; i < count && !source.Eof(); ++i)
+        copyRow(source, result);
+}
+
+void ResultPaging::fetchAllRows(const std::shared_ptr<Recordset> &source,
+                                const std::shared_ptr<Recordset> &result)
+{
+    m_fetchingAll = true;
+    if (!source)
+        return;
+    while (source->State() == adStateOpen && !source->Eof() && m_fetchingAll) {
+        copyRow(*source, *result);
+        showCount();
+        if (m_yield)
+            m_yield();
+        // What the user did meanwhile may have put other recordsets in these ones' place.
+        if (source != m_source || result != m_result)
+            return;
+    }
+}
+
+void ResultPaging::retrieveNext()
+{
+    if (!m_source || !m_result)
+        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    fetchRows(*m_source, *m_result, setSize);
+    showCount();
+}
+
+void ResultPaging::retrieveAll()
+{
+    const std::shared_ptr<ResultPaging> self = shared_from_this();
+    const std::shared_ptr<Recordset> source = m_source;
+    const std::shared_ptr<Recordset> result = m_result;
+    try {
+        fetchAllRows(source, result);
+    } catch (...) {
+        showCount(); // the rows before the failure have arrived
+        throw;
+    }
+    showCount();
+}
+
+QString ResultPaging::retrievedText() const
+{
+    return "Records Retrieved: "_L1 + QString::number(m_recordsFetched);
+}
+
+void ResultPaging::showCount() const
+{
+    if (m_statusText)
+        m_statusText(retrievedText());
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class Connection;
+class Recordset;
+
+/// Brings a query's rows into the result that the grid shows: a first set when the query is opened,
+/// further sets or all the rest when asked for.
+///
+/// The rest is fetched with the user interface running between the rows. Whatever happens there
+/// (another Run, a closed connection, the end of the window) ends the fetching, not the program;
+/// so the object is held by a shared pointer.
+class ResultPaging : public std::enable_shared_from_this<ResultPaging>
+{
+public:
+    /// Rows in a set.
+    static constexpr int setSize = 25;
+
+    /// @param show  called with the count of rows as text whenever rows have arrived; an empty
+    ///              function for nobody
+    void setStatusText(std::function<void(const QString &)> show);
+    /// @param yield  called behind every row that retrieveAll() brings
+    void setYield(std::function<void()> yield);
+
+    /// The recordset that the next query fills, set up but not opened.
+    void setResult(std::shared_ptr<Recordset> result) { m_result = std::move(result); }
+    std::shared_ptr<Recordset> result() const { return m_result; }
+
+    /// Opens @p sql on @p connection and copies the first set; a query without rows leaves the
+    /// result closed and without columns. Line ends in @p sql become line feeds. A text of blanks
+    /// does nothing.
+    /// @throws RuntimeError the server's; 3704 when the statement returns no rows at all
+    void openResult(QString &sql, const std::shared_ptr<Connection> &connection);
+
+    /// Copies the next set. @throws RuntimeError 91 before the first query
+    void retrieveNext();
+    /// Copies all that is left, or as much as arrives until stop().
+    void retrieveAll();
+    void stop() { m_fetchingAll = false; }
+
+    /// Rows copied since the query was opened.
+    qint32 recordsFetched() const { return m_recordsFetched; }
+    /// "Records Retrieved: " and their number.
+    QString retrievedText() const;
+
+    /// Gives @p result the columns of @p source, names made unique, and opens it.
+    static void buildResultFields(const Recordset &source, Recordset &result);
+
+private:
+    void fetchRows(Recordset &source, Recordset &result, int count);
+    void fetchAllRows(const std::shared_ptr<Recordset> &source,
+                      const std::shared_ptr<Recordset> &result);
+    void copyRow(Recordset &source, Recordset &result);
+    void showCount() const;
+
+    std::shared_ptr<Recordset> m_source;
+    std::shared_ptr<Recordset> m_result;
+    std::function<void(const QString &)> m_statusText;
+    std::function<void()> m_yield;
+    qint32 m_recordsFetched = 0;
+    bool m_fetchingAll = false;
+};

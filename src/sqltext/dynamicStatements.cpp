@@ -1,0 +1,24 @@
+#include "sqltext/dynamicStatements.h"
+
+#include "sqltext/sqlFilters.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString literalText(const QString &statement)
+{
+    return doubleQuotes(statement).replace("\r\n"_L1, "\n"_L1);
+}
+
+} // namespace
+
+QString dmlBlock(const QString &statement)
+{
+    return "begin \r\n execute immediate '"_L1 + literalText(statement) + "'; end;"_L1;
+}
+
+QString scriptBlock(const QString &statement)
+{
+    return "Begin \r\nexecute immediate ('"_L1 + literalText(statement) + "');\r\nend;"_L1;
+}

@@ -1,0 +1,23 @@
+#include "sqltext/elapsedTime.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/textForms.h"
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+double elapsedSeconds(const SystemTime &start, const SystemTime &end)
+{
+    const int seconds = (end.hour - start.hour) * 3600 + (end.minute - start.minute) * 60 +
+                        (end.second - start.second);
+    if (seconds > std::numeric_limits<qint16>::max())
+        throw RuntimeError(ErrorNumber::Overflow);
+    return seconds + (end.millisecond - start.millisecond) / 1000.0;
+}
+
+QString elapsedText(double seconds)
+{
+    return seconds >= 1.0 ? doubleToText(seconds) + " sec"_L1
+                          : doubleToText(seconds * 1000) + " msec"_L1;
+}
