@@ -1,5 +1,6 @@
 #include "controls/DataGrid.h"
 
+#include "controls/ColumnHeader.h"
 #include "controls/FramePacer.h"
 #include "controls/OneLineDelegate.h"
 #include "controls/RecordsetModel.h"
@@ -11,6 +12,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -19,8 +21,27 @@ namespace {
 constexpr int rowsMeasuredForWidth = 50;
 constexpr int narrowestColumn = 40;
 constexpr int widestColumn = 360;
-constexpr int cellMargins = 14;
 constexpr int rowMargins = 4;
+
+/// Keeps a widget from being painted, and does not have it painted afterwards as
+/// QWidget::setUpdatesEnabled() would.
+class PaintingSuspended
+{
+public:
+    explicit PaintingSuspended(QWidget *widget)
+        : m_widget(widget)
+        , m_before(widget->testAttribute(Qt::WA_UpdatesDisabled))
+    {
+        widget->setAttribute(Qt::WA_UpdatesDisabled);
+    }
+    ~PaintingSuspended() { m_widget->setAttribute(Qt::WA_UpdatesDisabled, m_before); }
+    PaintingSuspended(const PaintingSuspended &) = delete;
+    PaintingSuspended &operator=(const PaintingSuspended &) = delete;
+
+private:
+    QWidget *m_widget;
+    bool m_before;
+};
 
 } // namespace
 
@@ -30,9 +51,12 @@ DataGrid::DataGrid(QWidget *parent)
     , m_pacer(new FramePacer([this] { takeAddedRows(); }, this))
 {
     setAccessibleName(tr("Result rows"));
+    setHorizontalHeader(new ColumnHeader(this));
     setVerticalHeader(new RowNumberHeader(this));
     setItemDelegate(new OneLineDelegate(this));
     setModel(m_model);
+    // The view would lay itself out anew and paint everything for every batch of rows.
+    disconnect(verticalHeader(), &QHeaderView::sectionCountChanged, this, nullptr);
 
     setAlternatingRowColors(true);
     setEditTriggers(NoEditTriggers);
@@ -41,11 +65,7 @@ DataGrid::DataGrid(QWidget *parent)
     setWordWrap(false);
     setHorizontalScrollMode(ScrollPerPixel);
 
-    horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    QFont headerFont = font();
-    headerFont.setBold(true);
-    horizontalHeader()->setFont(headerFont);
 
     applyGridColours(this);
     fitRowHeight();
@@ -77,9 +97,21 @@ void DataGrid::showAddedRows()
 
 void DataGrid::takeAddedRows()
 {
-    if (m_model->update())
+    const int rowsBefore = m_model->rowCount();
+    bool otherColumns = false;
+    {
+        const PaintingSuspended quiet(verticalHeader()->viewport());
+        otherColumns = m_model->update();
+    }
+    if (otherColumns)
         m_widthsFitted = false;
     fitColumnWidths();
+    updateGeometries();
+    const int rowsInView = viewport()->height() / verticalHeader()->defaultSectionSize() + 1;
+    if (rowsBefore >= verticalScrollBar()->value() + rowsInView)
+        return;
+    viewport()->update();
+    verticalHeader()->viewport()->update();
 }
 
 QString DataGrid::SelText() const
@@ -130,11 +162,12 @@ void DataGrid::fitColumnWidths()
 
 int DataGrid::fittingWidth(int column, int rows) const
 {
+    const auto *delegate = static_cast<const OneLineDelegate *>(itemDelegate());
     const QString name = m_model->headerData(column, Qt::Horizontal).toString();
     int width = horizontalHeader()->fontMetrics().horizontalAdvance(name);
     for (int row = 0; row < rows && width < widestColumn; ++row) {
-        const QString text = m_model->index(row, column).data().toString();
+        const QString text = delegate->displayText(m_model->index(row, column).data(), locale());
         width = std::max(width, fontMetrics().horizontalAdvance(text));
     }
-    return std::clamp(width + cellMargins, narrowestColumn, widestColumn);
+    return std::clamp(width + 2 * OneLineDelegate::sideMargin + 2, narrowestColumn, widestColumn);
 }

@@ -108,13 +108,13 @@ QVariant RecordsetModel::data(const QModelIndex &index, int role) const
 
 QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (role != Qt::DisplayRole)
-        return {};
     if (orientation == Qt::Vertical)
-        return section + 1;
+        return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
+    if (role == Qt::TextAlignmentRole)
+        return data(index(0, section), role);
     QVariant name;
     ignoreErrors([&] {
-        if (m_recordset && section < m_columns)
+        if (role == Qt::DisplayRole && m_recordset && section < m_columns)
             name = m_recordset->fieldName(section);
     });
     return name;

@@ -33,7 +33,7 @@ void RowNumberHeader::paintSection(QPainter *painter, const QRect &rect, int row
     painter->setPen(palette().color(QPalette::Mid));
     painter->drawLine(rect.bottomLeft(), rect.bottomRight());
     painter->drawLine(rect.topRight(), rect.bottomRight());
-    painter->setPen(palette().color(QPalette::Disabled, QPalette::ButtonText));
+    painter->setPen(palette().color(QPalette::PlaceholderText));
     painter->drawText(rect.adjusted(0, 0, -sideMargin, 0), Qt::AlignRight | Qt::AlignVCenter,
                       QString::number(row + 1));
 }

@@ -21,7 +21,7 @@ constexpr int panelGap = 2;
 
 /// Widths in characters of the panels' usual texts; the rest of the bar goes to the second panel,
 /// which has none of its own.
-constexpr std::array<int, StatusPanels::panelCount> panelCharacters = {20, 10, 16, 30, 40};
+constexpr std::array<int, StatusPanels::panelCount> panelCharacters = {20, 10, 18, 34, 42};
 constexpr int sparePanel = 1;
 
 QString panelPurpose(int index)
