@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qreal disabledOpacity = 0.4;
+constexpr int disabledAlpha = 100;
 
 QColor lineColour(QIcon::Mode mode)
 {
@@ -35,32 +35,34 @@ SvgIconEngine::SvgIconEngine(QString name, QByteArray svg)
 {
 }
 
-void SvgIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State)
+void SvgIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode,
+                          QIcon::State state)
 {
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    if (mode == QIcon::Disabled)
-        painter->setOpacity(painter->opacity() * disabledOpacity);
-    QSvgRenderer renderer(coloured(m_svg, lineColour(mode)));
-    renderer.render(painter, rect);
-    painter->restore();
+    const qreal scale = painter->device()->devicePixelRatio();
+    painter->drawPixmap(rect, pixmap(rect.size() * scale, mode, state));
 }
 
 /// @param size  in pixels of the device
-QPixmap SvgIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state)
+QPixmap SvgIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State)
 {
+    const QColor colour = lineColour(mode);
     const QString cacheKey = u"querna_%1_%2x%3_%4_%5"_s.arg(m_name)
                                  .arg(size.width())
                                  .arg(size.height())
                                  .arg(int(mode))
-                                 .arg(lineColour(mode).rgba());
+                                 .arg(colour.rgba());
     QPixmap pixmap;
     if (QPixmapCache::find(cacheKey, &pixmap))
         return pixmap;
     pixmap = QPixmap(size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    paint(&painter, pixmap.rect(), mode, state);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QSvgRenderer(coloured(m_svg, colour)).render(&painter);
+    if (mode == QIcon::Disabled) {
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+        painter.fillRect(pixmap.rect(), QColor(0, 0, 0, disabledAlpha));
+    }
     painter.end();
     QPixmapCache::insert(cacheKey, pixmap);
     return pixmap;
