@@ -39,10 +39,10 @@ QString findProgram(const QString &name)
         program = QStandardPaths::findExecutable(
             name, {u"/usr/sbin"_s, u"/usr/local/sbin"_s, u"/usr/bin"_s, u"/usr/local/bin"_s});
     if (program.isEmpty()) {
-        throw RuntimeError(ErrorNumber::ProviderNotFound,
-                           u"The sandbox needs the MariaDB server (%1 was not found). Install the "
-                           "package mariadb-server, for example with: sudo apt install "
-                           "mariadb-server"_s.arg(name));
+        throw RuntimeError(
+            ErrorNumber::ProviderNotFound,
+            u"The sandbox needs the MariaDB server (%1 was not found). Install it "
+            "with: sudo apt install mariadb-server-core mariadb-client-core"_s.arg(name));
     }
     return program;
 }
@@ -186,10 +186,11 @@ void createSandboxData(const SandboxFolder &folder)
 
     const QString name = u"data.new-"_s + QUuid::createUuid().toString(QUuid::Id128);
     const QString making = folder.file(name);
-    // A script that does not understand blanks in paths: it is given the path from here.
+    // A script that does not understand blanks in paths: it is given the path from here. Forced,
+    // it does not mind a machine that cannot look up its own name.
     runStep(findProgram(u"mariadb-install-db"_s),
-            sandboxServerOptions(u"./"_s + name) + QStringList{u"--skip-test-db"_s}, {},
-            folder.path());
+            sandboxServerOptions(u"./"_s + name) + QStringList{u"--skip-test-db"_s, u"--force"_s},
+            {}, folder.path());
     runStatements(making, sandboxStatements(sandboxResource(u"accounts.sql"_s)) +
                               objectStatements() +
                               sandboxStatements(sandboxResource(u"scott.sql"_s)));
