@@ -3,11 +3,9 @@
 # to the user. add-to-menu and uninstall go along and act on the folder they lie in.
 
 install(TARGETS Querna DESTINATION .)
-install(FILES ${QUERNA_APP_DIR}/T-SQL.bcp ${QUERNA_APP_DIR}/dummy.sql README.md LICENSE DESTINATION .)
+install(FILES ${QUERNA_APP_DIR}/T-SQL.bcp ${QUERNA_APP_DIR}/dummy.sql DESTINATION .)
+install(FILES resources/icons/querna.svg README.md LICENSE DESTINATION .)
 install(PROGRAMS packaging/add-to-menu packaging/uninstall DESTINATION .)
-if(EXISTS ${PROJECT_SOURCE_DIR}/resources/icons/querna.svg)
-    install(FILES resources/icons/querna.svg DESTINATION .)
-endif()
 
 # cpack --config build/release/CPackConfig.cmake packs that folder.
 set(CPACK_GENERATOR TGZ)
