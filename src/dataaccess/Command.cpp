@@ -56,7 +56,7 @@ void CommandPrivate::prepare(const std::shared_ptr<OdbcSession> &session, const 
     m_buffers.clear();
     m_buffers.reserve(parameters.size());
     for (const Parameter &parameter : parameters)
-        m_buffers.emplace_back(parameter);
+        m_buffers.emplace_back(parameter, session->outputsAreUtf8());
     const QString adapted = session->adapted(text);
     OdbcHandle statement;
     session->withResultsReleased([&] {

@@ -106,6 +106,10 @@ void OdbcSession::connect(const QString &odbcConnectionString)
 void OdbcSession::readAbilities()
 {
     m_getDataExtensions = info<SQLUINTEGER>(m_connection, SQL_GETDATA_EXTENSIONS, 0);
+    char16_t driver[64] = {};
+    SQLSMALLINT length = 0;
+    SQLGetInfoW(m_connection.get(), SQL_DRIVER_NAME, driver, sizeof driver, &length);
+    m_outputsAreUtf8 = QString::fromUtf16(driver).contains("libmaodbc"_L1);
     m_oneResultOnly = info<SQLUSMALLINT>(m_connection, SQL_MAX_CONCURRENT_ACTIVITIES, 0) == 1;
     m_commitKeepsResults = keepsResults(m_connection, SQL_CURSOR_COMMIT_BEHAVIOR);
     m_rollbackKeepsResults = keepsResults(m_connection, SQL_CURSOR_ROLLBACK_BEHAVIOR);

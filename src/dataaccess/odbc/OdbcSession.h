@@ -43,6 +43,9 @@ public:
     /// The SQL_GD_… flags of the driver.
     SQLUINTEGER getDataExtensions() const { return m_getDataExtensions; }
 
+    /// Whether the driver writes output parameters as UTF-8 text, whatever type they are bound as.
+    bool outputsAreUtf8() const { return m_outputsAreUtf8; }
+
     void addClient(SessionClient *client);
     void removeClient(SessionClient *client);
 
@@ -64,6 +67,7 @@ private:
     OdbcHandle m_connection;
     std::vector<SessionClient *> m_clients;
     SQLUINTEGER m_getDataExtensions = 0;
+    bool m_outputsAreUtf8 = false;
     bool m_connected = false;
     bool m_oneResultOnly = false;
     bool m_commitKeepsResults = false;

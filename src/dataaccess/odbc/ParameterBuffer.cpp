@@ -67,7 +67,7 @@ std::int64_t toInteger64(const Value &value)
 
 } // namespace
 
-ParameterBuffer::ParameterBuffer(const Parameter &parameter)
+ParameterBuffer::ParameterBuffer(const Parameter &parameter, bool outputsAreUtf8)
     : m_direction(odbcDirection(parameter.direction))
 {
     const OdbcTypes types = odbcTypes(parameter.type);
@@ -80,6 +80,10 @@ ParameterBuffer::ParameterBuffer(const Parameter &parameter)
     }
     // One character more than the size, and the zero: so a longer text shows.
     m_memory.resize(std::max<size_t>(m_size + 2, 8));
+    if (outputsAreUtf8 && m_direction == SQL_PARAM_OUTPUT) {
+        m_cType = SQL_C_CHAR;
+        m_memory.resize(2 * m_memory.size()); // up to three bytes where there were two
+    }
 }
 
 void ParameterBuffer::bind(const OdbcHandle &statement, SQLUSMALLINT number)
@@ -139,8 +143,28 @@ Value ParameterBuffer::load(const Parameter &parameter) const
         return get(std::int64_t{});
     if (m_cType == SQL_C_DOUBLE)
         return get(double{});
+    if (m_cType == SQL_C_CHAR)
+        return loadUtf8(parameter);
     const auto units = m_indicator / SQLLEN{sizeof(char16_t)};
     if (m_indicator < 0 || static_cast<SQLULEN>(units) > m_size)
         raiseTooLong(parameter);
     return QString::fromUtf16(m_memory.data(), units);
+}
+
+Value ParameterBuffer::loadUtf8(const Parameter &parameter) const
+{
+    if (m_indicator == 0) // the driver does not tell nulls and empty texts apart
+        return NullValue{};
+    const auto memorySize = static_cast<SQLLEN>(m_memory.size() * sizeof(char16_t));
+    if (m_indicator < 0 || m_indicator >= memorySize)
+        raiseTooLong(parameter);
+    const QString text =
+        QString::fromUtf8(reinterpret_cast<const char *>(m_memory.data()), m_indicator);
+    if (m_sqlType == SQL_INTEGER || m_sqlType == SQL_BIGINT)
+        return std::int64_t{text.toLongLong()};
+    if (m_sqlType == SQL_DOUBLE)
+        return text.toDouble();
+    if (static_cast<SQLULEN>(text.size()) > m_size)
+        raiseTooLong(parameter);
+    return text;
 }

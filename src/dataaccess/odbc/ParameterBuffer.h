@@ -9,8 +9,9 @@
 class ParameterBuffer
 {
 public:
+    /// @param outputsAreUtf8  what OdbcSession says of its driver
     /// @throws RuntimeError 3708 for a type that parameters cannot have
-    explicit ParameterBuffer(const Parameter &parameter);
+    ParameterBuffer(const Parameter &parameter, bool outputsAreUtf8);
 
     /// @throws RuntimeError with the driver's text
     void bind(const OdbcHandle &statement, SQLUSMALLINT number);
@@ -22,6 +23,7 @@ public:
     Value load(const Parameter &parameter) const;
 
 private:
+    Value loadUtf8(const Parameter &parameter) const;
     [[noreturn]] static void raiseTooLong(const Parameter &parameter);
 
     SQLSMALLINT m_direction;
