@@ -1,7 +1,5 @@
 #include "platform/LineReader.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr qsizetype blockSize = 64 * 1024;
@@ -20,12 +18,12 @@ bool LineReader::readLine(QByteArray &line)
     bool any = false;
     for (bool complete = false; !complete && (m_position < m_filled || fill());) {
         any = true;
-        const char *const begin = m_block.constData() + m_position;
-        const char *const end = m_block.constData() + m_filled;
-        const char *const lineFeed = std::find(begin, end, '\n');
-        line.append(begin, lineFeed - begin);
-        complete = lineFeed != end;
-        m_position += lineFeed - begin + (complete ? 1 : 0);
+        const QByteArrayView rest =
+            QByteArrayView(m_block).sliced(m_position, m_filled - m_position);
+        const qsizetype lineFeed = rest.indexOf('\n');
+        complete = lineFeed >= 0;
+        line.append(complete ? rest.first(lineFeed) : rest);
+        m_position = complete ? m_position + lineFeed + 1 : m_filled;
     }
     if (line.endsWith('\r'))
         line.chop(1);

@@ -23,11 +23,31 @@ constexpr bool isWhiteSpace(QChar c)
     return c == u' ' || (c >= u'\t' && c <= u'\r');
 }
 
-void appendPadded(QString &text, int number, int width)
+/// Builds a short text in place; thousands of dates are written one after the other.
+class ShortText
 {
-    const QString digits = QString::number(number);
-    text.append(QString(qMax<qsizetype>(0, width - digits.size()), u'0')).append(digits);
-}
+public:
+    void append(QLatin1StringView characters)
+    {
+        for (const char c : characters)
+            append(c);
+    }
+    void append(char character) { m_characters[m_length++] = QLatin1Char(character); }
+    /// A number of up to six digits, with zeros in front up to @p width digits.
+    void append(int number, int width)
+    {
+        int place = 100'000;
+        for (int digits = 6; digits > 1 && digits > width && number < place; --digits)
+            place /= 10;
+        for (; place > 0; place /= 10)
+            append(static_cast<char>('0' + number / place % 10));
+    }
+    QString toString() const { return QString(m_characters, m_length); }
+
+private:
+    QChar m_characters[32];
+    qsizetype m_length = 0;
+};
 
 /// Reads numbers and separators off the front of a text.
 class FieldReader
@@ -47,7 +67,9 @@ public:
         const qsizetype length = std::distance(m_rest.begin(), end);
         if (length < fewest || length > most)
             throw RuntimeError(ErrorNumber::TypeMismatch);
-        const int value = m_rest.first(length).toInt();
+        int value = 0;
+        for (const QChar digit : m_rest.first(length))
+            value = value * 10 + (digit.unicode() - u'0');
         m_rest = m_rest.sliced(length);
         return value;
     }
@@ -188,6 +210,15 @@ qint32 prefixedNumber(QStringView text)
     return static_cast<qint32>(static_cast<quint32>(bits));
 }
 
+QStringView withoutBlanks(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
 QStringView withoutWhiteSpace(QStringView text)
 {
     while (!text.isEmpty() && isWhiteSpace(text.front()))
@@ -231,36 +262,43 @@ bool takeSigns(QStringView &text)
 
 QString trimBlanks(QStringView text)
 {
-    while (text.startsWith(u' '))
-        text = text.sliced(1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text.toString();
+    return withoutBlanks(text).toString();
 }
 
 QString dateTimeToText(const QDateTime &dateTime)
 {
-    if (!dateTime.isValid())
-        return {};
-    const QDate date = dateTime.date();
-    const QTime time = dateTime.time();
-    QString text = QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/';
-    appendPadded(text, date.year(), 4);
-    if (time.hour() == 0 && time.minute() == 0 && time.second() == 0)
-        return text;
-    text += u' ';
-    appendPadded(text, time.hour(), 2);
-    text += u':';
-    appendPadded(text, time.minute(), 2);
-    text += u':';
-    appendPadded(text, time.second(), 2);
-    return text;
+    return dateTimeToText(ClockTime{dateTime.date(), dateTime.time()});
 }
 
-QDateTime textToDateTime(QStringView text)
+QString dateTimeToText(const ClockTime &clockTime)
 {
-    const QString trimmed = trimBlanks(text);
-    FieldReader fields(trimmed);
+    const auto &[date, time] = clockTime;
+    if (!date.isValid() || !time.isValid())
+        return {};
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    date.getDate(&year, &month, &day);
+    ShortText text;
+    text.append(month, 1);
+    text.append('/');
+    text.append(day, 1);
+    text.append('/');
+    text.append(year, 4);
+    if (time.hour() != 0 || time.minute() != 0 || time.second() != 0) {
+        text.append(' ');
+        text.append(time.hour(), 2);
+        text.append(':');
+        text.append(time.minute(), 2);
+        text.append(':');
+        text.append(time.second(), 2);
+    }
+    return text.toString();
+}
+
+ClockTime textToClockTime(QStringView text)
+{
+    FieldReader fields(withoutBlanks(text));
     const int month = fields.number(1, 2);
     fields.separator(u'/');
     const int day = fields.number(1, 2);
@@ -281,6 +319,12 @@ QDateTime textToDateTime(QStringView text)
     }
     if (!fields.atEnd() || !date.isValid() || !time.isValid())
         throw RuntimeError(ErrorNumber::TypeMismatch);
+    return {date, time};
+}
+
+QDateTime textToDateTime(QStringView text)
+{
+    const auto [date, time] = textToClockTime(text);
     const QDateTime local(date, time);
     // A time that the clocks here skipped was right where it was written: it keeps its fields.
     return local.isValid() ? local : QDateTime(date, time, Qt::UTC);
@@ -293,11 +337,13 @@ QString dayMonthYear(const QDate &date)
                                                    "Sep"_L1, "Oct"_L1, "Nov"_L1, "Dec"_L1};
     if (!date.isValid())
         return {};
-    QString text;
-    appendPadded(text, date.day(), 2);
-    text += u'-' + months[date.month() - 1] + u'-';
-    appendPadded(text, date.year(), 4);
-    return text;
+    ShortText text;
+    text.append(date.day(), 2);
+    text.append('-');
+    text.append(months[date.month() - 1]);
+    text.append('-');
+    text.append(date.year(), 4);
+    return text.toString();
 }
 
 QString doubleToText(double value)
@@ -325,9 +371,8 @@ QString doubleToText(double value)
     if (exponent >= mostDigits || decimals > mostDigits) {
         if (digits.size() > 1)
             digits.insert(1, '.');
-        QString text = sign + QLatin1StringView(digits) + (exponent < 0 ? "E-"_L1 : "E+"_L1);
-        appendPadded(text, qAbs(exponent), 2);
-        return text;
+        return sign + QLatin1StringView(digits) + (exponent < 0 ? "E-"_L1 : "E+"_L1) +
+               QString::number(qAbs(exponent)).rightJustified(2, u'0');
     }
     if (exponent < 0)
         return sign + "0."_L1 + QString(-1 - exponent, u'0') + QLatin1StringView(digits);

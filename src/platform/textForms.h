@@ -14,6 +14,17 @@ QString trimBlanks(QStringView text);
 /// Fractions of a second are not shown.
 QString dateTimeToText(const QDateTime &dateTime);
 
+/// A date and a time of day on the clock of whoever reads it. Unlike QDateTime it asks nobody for
+/// the time zone, which counts where there are thousands of them.
+struct ClockTime
+{
+    QDate date;
+    QTime time;
+};
+QString dateTimeToText(const ClockTime &clockTime);
+/// Reads like textToDateTime().
+ClockTime textToClockTime(QStringView text);
+
 /// Reads what dateTimeToText() writes, blanks around it allowed; seconds may be left out.
 /// The result is in local time.
 /// @throws RuntimeError 13 (type mismatch) for anything else, impossible days included.

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "dataaccess/Connection.h"
+
+#include <QString>
+
+#include <memory>
+
+/// Driver codes of the login.
+namespace LoginDriver {
+inline constexpr qint16 MicrosoftOleDb = 0;
+inline constexpr qint16 OracleOleDb = 1;
+inline constexpr qint16 OdbcDataSource = 2;
+} // namespace LoginDriver
+
+/// Privilege codes of the login.
+namespace LoginPrivilege {
+inline constexpr qint16 Normal = 0;
+inline constexpr qint16 Sysdba = 1;
+inline constexpr qint16 Sysoper = 2;
+} // namespace LoginPrivilege
+
+/// The connection string for a login. A privileged one is always that of an ODBC data source,
+/// whatever @p driver says; an unknown driver without a privilege gives an empty text. Values are
+/// neither quoted nor checked: one that holds `;` or `=` breaks the string.
+QString loginConnectionString(const QString &user, const QString &password, const QString &database,
+                              qint16 driver, qint16 privilege);
+
+/// Opens a new connection for a login and begins its first transaction.
+///
+/// Afterwards @p conn holds the new connection, open or not, in place of any other. Once it is
+/// open, @p connectionString and gConnectString are the string that opened it; when it cannot be
+/// opened they keep what they were. A failure, that of beginning the transaction included, is
+/// shown as its description; nothing is raised.
+/// @param connected  whether everything went through
+void connectDb(const QString &user, const QString &password, const QString &database,
+               bool &connected, std::shared_ptr<Connection> &conn, qint16 driver, qint16 privilege,
+               QString &connectionString);

@@ -1,0 +1,83 @@
+#include "history/HistoryLoader.h"
+
+#include "platform/textForms.h"
+
+#include <QByteArrayView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// No encoding takes more bytes for a UTF-16 unit.
+constexpr qsizetype mostBytesPerUnit = 4;
+
+QByteArrayView withoutBlanks(QByteArrayView line)
+{
+    while (line.startsWith(' '))
+        line = line.sliced(1);
+    while (line.endsWith(' '))
+        line.chop(1);
+    return line;
+}
+
+bool isMarker(QByteArrayView key, QByteArrayView marker)
+{
+    return key.size() == marker.size() && key.compare(marker, Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+HistoryLoader::HistoryLoader(Recordset &recordset)
+    : m_recordset(recordset)
+{
+}
+
+void HistoryLoader::takeLine(const QByteArray &line)
+{
+    const QByteArrayView key = withoutBlanks(line);
+    if (isMarker(key, "SQLTIME"))
+        addRecord();
+    else if (isMarker(key, "SQLEND"))
+        setTime();
+    else
+        addContent(line);
+}
+
+void HistoryLoader::addContent(const QByteArray &line)
+{
+    ++m_lineCount;
+    m_lastLine.resize(0);
+    m_lastLine.append(line); // not shared, or the reader of the lines would need new memory
+    // What no field can hold need not be kept, however large the file is.
+    m_contentTooLong =
+        m_contentTooLong || m_content.size() + line.size() > fieldSize * mostBytesPerUnit;
+    if (!m_contentTooLong)
+        m_content.append(line).append("\r\n");
+}
+
+void HistoryLoader::addRecord()
+{
+    const QString statement = QString::fromLocal8Bit(m_content);
+    m_recordSkipped = m_contentTooLong || statement.size() > fieldSize;
+    if (!m_recordSkipped) {
+        m_recordset.AddNew();
+        m_recordset.setValue(0, statement);
+    }
+    clear();
+}
+
+void HistoryLoader::setTime()
+{
+    if (!m_recordSkipped)
+        m_recordset.setValue(1,
+                             dateTimeToText(textToClockTime(QString::fromLocal8Bit(m_lastLine))));
+    m_lastLine.clear();
+    clear();
+}
+
+void HistoryLoader::clear()
+{
+    m_content.resize(0);
+    m_contentTooLong = false;
+    m_lineCount = 0;
+}

@@ -1,0 +1,212 @@
+#include "dataaccess/Recordset.h"
+#include "history/historyFile.h"
+#include "platform/applicationFolder.h"
+#include "platform/systemClock.h"
+#include "support/raisedError.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Statement and time of every row, in the recordset's order.
+QStringList rowsOf(const Recordset &recordset)
+{
+    QStringList rows;
+    for (qint64 row = 0; row < recordset.RecordCount(); ++row)
+        rows << recordset.textAt(row, 0) << recordset.textAt(row, 1);
+    return rows;
+}
+
+} // namespace
+
+class tst_History : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void writing();
+    void writingFails();
+    void missingFileIsCreated();
+    void loading_data();
+    void loading();
+    void loadingFails_data();
+    void loadingFails();
+    void newestTextFirst();
+    void sizeLimit();
+    void oneHugeLine();
+
+private:
+    void writeFile(const QByteArray &content);
+    QByteArray fileContent() const;
+    void load(Recordset &recordset) { loadHistory(historyFileName(), u"App.path"_s, recordset); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_History::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    setApplicationFolder(m_folder->path());
+}
+
+void tst_History::writeFile(const QByteArray &content)
+{
+    QFile file(m_folder->filePath(u"OrbekSqlHistory.txt"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+}
+
+QByteArray tst_History::fileContent() const
+{
+    QFile file(m_folder->filePath(u"OrbekSqlHistory.txt"_s));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not there)");
+}
+
+void tst_History::writing()
+{
+    setClockSource([] { return QDateTime(QDate(2024, 3, 5), QTime(7, 8, 9, 500)).toUTC(); });
+    appendToHistory(u"  select 'ä'\r\n  from dual\t \r\n  "_s);
+    appendToHistory(QString());
+    setClockSource({});
+    QCOMPARE(fileContent(),
+             QByteArray("select 'ä'\r\n  from dual\t \r\n\r\nSQLTIME\r\n3/5/2024 07:08:09\r\n"
+                        "SQLEND\r\n\r\nSQLTIME\r\n3/5/2024 07:08:09\r\nSQLEND\r\n"));
+    Recordset history;
+    load(history);
+    QCOMPARE(rowsOf(history),
+             (QStringList{u"select 'ä'\r\n  from dual\t \r\n\r\n"_s, u"3/5/2024 07:08:09"_s,
+                          u"\r\n"_s, u"3/5/2024 07:08:09"_s}));
+}
+
+void tst_History::writingFails()
+{
+    setApplicationFolder(m_folder->filePath(u"missing"_s));
+    QCOMPARE(raisedError([] { appendToHistory(u"select 1"_s); }), ErrorNumber::PathNotFound);
+    QVERIFY(QFile::link(u"/dev/full"_s, m_folder->filePath(historyFileName())));
+    setApplicationFolder(m_folder->path());
+    QCOMPARE(raisedError([] { appendToHistory(u"select 1"_s); }), ErrorNumber::DiskFull);
+}
+
+void tst_History::missingFileIsCreated()
+{
+    Recordset history;
+    load(history);
+    QCOMPARE(fileContent(), QByteArray());
+    QVERIFY(history.Eof());
+    QCOMPARE(history.fieldName(0), u"SQL Statement"_s);
+    QCOMPARE(history.fieldName(1), u"SQL_Time"_s);
+}
+
+void tst_History::loading_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("rows");
+    const auto row = [](const char *name, const QByteArray &content, const QStringList &rows) {
+        QTest::newRow(name) << content << rows;
+    };
+    const QString time = u"3/5/2024"_s;
+    row("one record", "select 1\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n", {u"select 1\r\n"_s, time});
+    row("markers in any case, with blanks", "a\r\n  sqlTime \r\n3/5/2024\r\n sqlend  \r\n",
+        {u"a\r\n"_s, time});
+    row("no marker with a tab", "a\r\n\tSQLTIME\r\nSQLTIME\r\n3/5/2024\r\nSQLEND",
+        {u"a\r\n\tSQLTIME\r\n"_s, time});
+    row("lone line feeds", "a\nb\nSQLTIME\n3/5/2024\nSQLEND\n", {u"a\r\nb\r\n"_s, time});
+    row("no statement", "SQLTIME\r\n3/5/2024\r\nSQLEND\r\n", {QString(), time});
+    row("time with blanks", "a\r\nSQLTIME\r\n  3/5/2024 \r\nSQLEND\r\n", {u"a\r\n"_s, time});
+    row("last of two time lines", "a\r\nSQLTIME\r\n1/1/2000\r\n3/5/2024\r\nSQLEND\r\n",
+        {u"a\r\n"_s, time});
+    row("record without a time", "a\r\nSQLTIME\r\nb\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n",
+        {u"b\r\n"_s, time, u"a\r\n"_s, QString()});
+    row("end without a statement", "a\r\nSQLTIME\r\n1/1/2000\r\nSQLEND\r\n3/5/2024\r\nSQLEND\r\n",
+        {u"a\r\n"_s, time});
+    row("statement that reads like a marker", "a\r\nSQLEND x\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n",
+        {u"a\r\nSQLEND x\r\n"_s, time});
+    row("unfinished record", "a\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\nb\r\n", {u"a\r\n"_s, time});
+    row("invalid bytes", QByteArray("a\xff\0\x80z\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n", 36),
+        {u"a\ufffd\0\ufffdz\r\n"_s, time});
+}
+
+void tst_History::loading()
+{
+    QFETCH(QByteArray, content);
+    writeFile(content);
+    Recordset history;
+    load(history);
+    QTEST(rowsOf(history), "rows");
+}
+
+void tst_History::loadingFails_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("error");
+    QTest::addColumn<int>("rowsBefore");
+    const QByteArray record = "a\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n";
+    QTest::newRow("time that is none") << record + "b\r\nSQLTIME\r\nyesterday\r\nSQLEND\r\n"
+                                       << ErrorNumber::TypeMismatch << 2;
+    QTest::newRow("no time line") << record + "b\r\nSQLTIME\r\nSQLEND\r\n"
+                                  << ErrorNumber::TypeMismatch << 2;
+    QTest::newRow("end before any record")
+        << QByteArray("3/5/2024\r\nSQLEND\r\n") << ErrorNumber::NoCurrentRecord << 0;
+    QTest::newRow("too many lines")
+        << record + QByteArray("x\r\n").repeated(32768) << ErrorNumber::Overflow << 1;
+}
+
+void tst_History::loadingFails()
+{
+    QFETCH(QByteArray, content);
+    writeFile(content);
+    Recordset history;
+    QTEST(raisedError([&] { load(history); }), "error");
+    QTEST(int(history.RecordCount()), "rowsBefore");
+}
+
+void tst_History::newestTextFirst()
+{
+    for (const QByteArray time : {"12/1/2026", "9/1/2026", "9/1/2026 10:00:00", "10/1/2027"})
+        writeFile(fileContent().replace("(not there)", "") + "a\r\nSQLTIME\r\n" + time +
+                  "\r\nSQLEND\r\n");
+    Recordset history;
+    load(history);
+    QStringList times;
+    for (history.MoveFirst(); !history.Eof(); history.MoveNext())
+        times << history.value(u"sql_time"_s).toText();
+    QCOMPARE(times,
+             (QStringList{u"9/1/2026 10:00:00"_s, u"9/1/2026"_s, u"12/1/2026"_s, u"10/1/2027"_s}));
+}
+
+void tst_History::sizeLimit()
+{
+    const QByteArray longest(998, 'x'); // and its line end
+    // Characters count, not bytes, and the time of a record passed over belongs to no other.
+    const QByteArray accents = QByteArray("\xc3\xa4").repeated(998);
+    const auto record = [](const QByteArray &statement, const QByteArray &time) {
+        return statement + "\r\nSQLTIME\r\n" + time + "\r\nSQLEND\r\n";
+    };
+    writeFile(record(longest, "1/4/2024") + record(longest + 'x', "1/5/2024") +
+              record(accents + "\xc3\xa4", "1/5/2024") + record(accents, "1/3/2024") +
+              record(QByteArray("y\r\n").repeated(20'000), "1/5/2024") + record("z", "1/2/2024"));
+    Recordset history;
+    load(history);
+    QCOMPARE(rowsOf(history), (QStringList{QString::fromUtf8(longest) + u"\r\n"_s, u"1/4/2024"_s,
+                                           QString::fromUtf8(accents) + u"\r\n"_s, u"1/3/2024"_s,
+                                           u"z\r\n"_s, u"1/2/2024"_s}));
+}
+
+void tst_History::oneHugeLine()
+{
+    writeFile(QByteArray(30'000'000, 'x') +
+              "\r\nSQLTIME\r\n1/1/2024\r\nSQLEND\r\na\r\nSQLTIME\r\n1/2/2024\r\nSQLEND\r\n");
+    Recordset history;
+    load(history);
+    QCOMPARE(rowsOf(history), (QStringList{u"a\r\n"_s, u"1/2/2024"_s}));
+}
+
+QTEST_GUILESS_MAIN(tst_History)
+#include "tst_history.moc"
