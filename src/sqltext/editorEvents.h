@@ -37,7 +37,7 @@ struct WordAtCaret
 };
 
 /// The word at the caret, bounded by blanks, tabs, line ends and parentheses.
-/// @param caret  0-based position in @p text, where the caret was when the key went down
+/// @param caret  0-based position of the caret in @p text, behind what the key has done
 WordAtCaret wordAtCaret(QStringView text, int caret, KeyClass lastKey);
 
 /// The class, 1 to 6, that lists @p word in any letter case; 0 when none does.

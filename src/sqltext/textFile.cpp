@@ -1,14 +1,11 @@
 #include "sqltext/textFile.h"
 
-#include "platform/RuntimeError.h"
+#include "platform/FileHandle.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QStringConverter>
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 
 namespace {
@@ -117,19 +114,14 @@ QByteArray editorUtf8FromFile(const QByteArray &bytes)
 QByteArray readWholeFile(const QString &path)
 {
     const QFileInfo info(path);
-    if (!info.exists()) {
-        const bool folderThere = !path.isEmpty() && info.dir().exists();
-        throw RuntimeError(folderThere ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
-    }
-    if (!info.isFile())
+    // Opening a pipe would wait for somebody to write into it.
+    if (info.exists() && !info.isFile())
         throw RuntimeError(ErrorNumber::PathFileAccessError);
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    if (file.size() > largestFile)
+    FileHandle file(path, FileHandle::Mode::Read);
+    if (info.size() > largestFile)
         throw RuntimeError(ErrorNumber::OutOfMemory);
-    QByteArray content = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw RuntimeError(ErrorNumber::DeviceIoError);
+    QByteArray content(info.size(), Qt::Uninitialized);
+    content.resize(
+        static_cast<qsizetype>(file.read(content.data(), static_cast<size_t>(content.size()))));
     return content;
 }

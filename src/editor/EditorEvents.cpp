@@ -1,0 +1,102 @@
+#include "editor/EditorEvents.h"
+
+#include "controls/EditorControl.h"
+#include "controls/EditorViewKeeper.h"
+#include "editor/caretPosition.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString caretText(int line, int column)
+{
+    return u" Line: %1 Col: %2"_s.arg(QString::number(line), QString::number(column));
+}
+
+bool isTabStop(const QWidget &control)
+{
+    return (control.focusPolicy() & Qt::TabFocus) != 0;
+}
+
+void setTabStop(QWidget &control, bool on)
+{
+    const int others = control.focusPolicy() & ~Qt::TabFocus;
+    control.setFocusPolicy(static_cast<Qt::FocusPolicy>(on ? others | Qt::TabFocus : others));
+}
+
+} // namespace
+
+EditorEvents::EditorEvents(EditorControl &editor, QWidget &window, CaretPanel caretPanel,
+                           const WordClasses &classes)
+    : txtSQL(editor)
+    , m_window(window)
+    , m_caretPanel(std::move(caretPanel))
+    , m_classes(classes)
+{
+    txtSQL.setWordClasses(m_classes);
+    connect(&txtSQL, &EditorControl::caretMoved, this, &EditorEvents::txtSQL_CaretMoved);
+    connect(&txtSQL, &EditorControl::keyWentDown, this, &EditorEvents::txtSQL_KeyDown);
+    connect(&txtSQL, &EditorControl::focusEntered, this, &EditorEvents::txtSQL_GotFocus);
+    connect(&txtSQL, &EditorControl::focusLeft, this, &EditorEvents::txtSQL_LostFocus);
+    m_caret = txtSQL.SelStart();
+}
+
+void EditorEvents::showCaretPosition()
+{
+    m_caretPanel(caretText(CurrentLine(txtSQL), CurrentColumn(txtSQL)));
+}
+
+void EditorEvents::txtSQL_CaretMoved(int column, int line)
+{
+    m_caret = txtSQL.SelStart();
+    m_caretPanel(caretText(line, column));
+}
+
+void EditorEvents::txtSQL_KeyDown(int keyCode, int shift)
+{
+    m_lastKeyClass = keyClass(keyCode, shift);
+}
+
+void EditorEvents::txtSQL_GotFocus()
+{
+    m_savedTabStops.clear();
+    for (QWidget *control : m_window.findChildren<QWidget *>()) {
+        m_savedTabStops.emplace_back(control, isTabStop(*control));
+        setTabStop(*control, false);
+    }
+}
+
+void EditorEvents::txtSQL_LostFocus()
+{
+    // A control that came meanwhile has no entry and keeps what it has.
+    for (const auto &[control, tabStop] : m_savedTabStops) {
+        if (control)
+            setTabStop(*control, tabStop);
+    }
+    m_savedTabStops.clear();
+}
+
+WordAtCaret EditorEvents::wordAtCaret() const
+{
+    return ::wordAtCaret(txtSQL.Text(), m_caret, m_lastKeyClass);
+}
+
+void EditorEvents::colourRange(int start, int length, int group)
+{
+    const EditorViewKeeper keeper(txtSQL);
+    const int colour = m_classes.classColours.at(static_cast<std::size_t>(group));
+    txtSQL.setSelStart(start - 1);
+    txtSQL.setSelLength(length);
+    txtSQL.setSelColor(QColor::fromRgb(static_cast<QRgb>(colour)));
+    txtSQL.setSelLength(0);
+}
+
+int EditorEvents::colourWordAtCaret()
+{
+    const WordAtCaret found = wordAtCaret();
+    if (found.length == 0)
+        return -1;
+    const int group = keywordGroup(found.word, m_classes.keywordTable);
+    colourRange(found.start, found.length, group);
+    return group;
+}
