@@ -127,6 +127,7 @@ void SandboxServer::start(const SandboxFolder &folder, const SandboxProgress &pr
         if (progress)
             progress(text);
     };
+    removeUnfinishedSandboxData(folder);
     if (!QDir(folder.dataPath()).exists()) {
         tell(u"Making the sandbox's database; this happens once and takes a few seconds…"_s);
         createSandboxData(folder);

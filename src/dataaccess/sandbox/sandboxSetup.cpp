@@ -176,14 +176,16 @@ QByteArray sandboxStatements(const QByteArray &sql)
     return statements;
 }
 
-void createSandboxData(const SandboxFolder &folder)
+void removeUnfinishedSandboxData(const SandboxFolder &folder)
 {
-    // What an earlier attempt left. A part of it may still be at work there, which is why each
-    // attempt has a name of its own.
     QDir parent(folder.path());
     for (const QString &left : parent.entryList({u"data.new-*"_s}, QDir::Dirs))
         QDir(parent.filePath(left)).removeRecursively();
+}
 
+void createSandboxData(const SandboxFolder &folder)
+{
+    // A name of its own: a part of a broken-off attempt may still be at work.
     const QString name = u"data.new-"_s + QUuid::createUuid().toString(QUuid::Id128);
     const QString making = folder.file(name);
     // A script that does not understand blanks in paths: it is given the path from here. Forced,

@@ -28,6 +28,9 @@ QStringList sandboxServingOptions(const SandboxFolder &folder, const QString &so
 /// start-up statements line by line.
 QByteArray sandboxStatements(const QByteArray &sql);
 
+/// Removes what attempts that were broken off have left.
+void removeUnfinishedSandboxData(const SandboxFolder &folder);
+
 /// Makes the data directory: accounts, dictionary, packages, sample schema. It takes its place
 /// only when it is complete, so one whose making was broken off is never used.
 /// @throws RuntimeError 3000 with the server's own words when a step fails

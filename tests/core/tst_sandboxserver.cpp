@@ -1,0 +1,354 @@
+#include "dataaccess/Connection.h"
+#include "dataaccess/sandbox/Sandbox.h"
+#include "platform/RuntimeError.h"
+#include "support/SandboxFixture.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextStream>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+#include <signal.h>
+
+using namespace Qt::StringLiterals;
+using SandboxFixture::scalar;
+
+namespace {
+
+constexpr int patience = 30'000; // milliseconds
+
+// A client in a process of its own: this program, see main(). It says "ready" when it is logged on
+// and goes when its input ends.
+class Client
+{
+public:
+    Client()
+    {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(QCoreApplication::applicationFilePath(), {u"--client"_s});
+    }
+    ~Client() { kill(); }
+
+    bool isReady()
+    {
+        while (!m_output.endsWith("ready\n")) {
+            if (!m_process.waitForReadyRead(patience))
+                return false;
+            m_output += m_process.readAll();
+        }
+        return true;
+    }
+    void leave()
+    {
+        m_process.closeWriteChannel();
+        m_process.waitForFinished(patience);
+    }
+    void kill()
+    {
+        m_process.kill();
+        m_process.waitForFinished(patience);
+    }
+
+private:
+    QProcess m_process;
+    QByteArray m_output;
+};
+
+int runClient()
+{
+    try {
+        Connection connection;
+        connection.Open(SandboxFixture::connectionString());
+        std::puts("ready");
+        std::fflush(stdout);
+        while (std::getchar() != EOF) {
+        }
+        return 0;
+    } catch (const RuntimeError &error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+}
+
+std::shared_ptr<Connection> logOn()
+{
+    auto connection = std::make_shared<Connection>();
+    connection->Open(SandboxFixture::connectionString());
+    return connection;
+}
+
+qint64 serverId()
+{
+    return SandboxServer::processId(SandboxFolder::ofUser());
+}
+
+// Processes whose command line has @p argument.
+QList<qint64> processesWith(const QString &argument)
+{
+    QList<qint64> found;
+    for (const QString &entry : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+        QFile file(u"/proc/%1/cmdline"_s.arg(entry));
+        if (entry.toLongLong() > 0 && file.open(QIODevice::ReadOnly) &&
+            file.readAll().split('\0').contains(argument.toLocal8Bit()))
+            found.append(entry.toLongLong());
+    }
+    return found;
+}
+
+// Whether any process has its working folder in @p folder or below.
+bool isAtWorkIn(const QString &folder)
+{
+    const QStringList processes = QDir(u"/proc"_s).entryList(QDir::Dirs);
+    return std::any_of(processes.begin(), processes.end(), [&](const QString &entry) {
+        return QFile::symLinkTarget(u"/proc/%1/cwd"_s.arg(entry)).startsWith(folder);
+    });
+}
+
+QList<qint64> waiters()
+{
+    return processesWith(SandboxFolder::ofUser().file(u"life.lock"_s));
+}
+
+void killProcess(qint64 id)
+{
+    ::kill(static_cast<pid_t>(id), SIGKILL);
+}
+
+} // namespace
+
+/// The life of the sandbox's server, from its first client to its last, in a folder of its own.
+class tst_sandboxserver : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+
+    void folderIsPrivate();
+    void clientsShareTheServer();
+    void lastClientKilled();
+    void clientsStartingTogether();
+    void serverKilled();
+    void waiterKilled();
+    void leavingAndComing();
+    void olderObjectsAreRenewed();
+    void brokenFirstStart();
+    void folderThatCannotBe();
+
+private:
+    QTemporaryDir m_folder;
+    QStringList m_progress;
+};
+
+void tst_sandboxserver::initTestCase()
+{
+    // A blank in the path: the usual place has one as well.
+    const QString folder = m_folder.filePath(u"Orbek Oracle/sandbox"_s);
+    qputenv(SandboxFixture::folderVariable, folder.toLocal8Bit());
+    setSandboxProgress([this](const QString &text) { m_progress.append(text); });
+
+    const auto connection = logOn();
+    QCOMPARE(scalar(connection, u"select count(*) from emp"_s), u"14"_s);
+    QCOMPARE(m_progress.size(), 2);
+    QVERIFY(m_progress[0].contains(u"database"_s));
+    QVERIFY(m_progress[1].contains(u"server"_s));
+}
+
+// Whatever a test did: with its clients gone the server goes, and what waits for that.
+void tst_sandboxserver::cleanup()
+{
+    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(waiters().size(), 0, patience);
+}
+
+void tst_sandboxserver::folderIsPrivate()
+{
+    const auto connection = logOn();
+    const QFileInfo folder(SandboxFolder::ofUser().path());
+    QCOMPARE(folder.permissions() & 0x0fff, QFile::Permissions(0x0700) & 0x0fff);
+    QVERIFY(QFileInfo(SandboxFolder::ofUser().file(u"socket"_s)).exists());
+
+    QFile::setPermissions(folder.filePath(), QFile::Permissions(0x7755));
+    const auto other = logOn();
+    QCOMPARE(QFileInfo(folder.filePath()).permissions() & 0x0077, QFile::Permissions());
+}
+
+void tst_sandboxserver::clientsShareTheServer()
+{
+    auto first = std::make_unique<Client>();
+    QVERIFY(first->isReady());
+    const qint64 server = serverId();
+    QVERIFY(server != 0);
+
+    Client second;
+    QVERIFY(second.isReady());
+    QCOMPARE(serverId(), server);
+    first->leave();
+    QTest::qWait(300);
+    QCOMPARE(serverId(), server);
+    QCOMPARE(scalar(logOn(), u"select count(*) from emp"_s), u"14"_s);
+    QCOMPARE(serverId(), server);
+    QCOMPARE(waiters().size(), 1);
+}
+
+void tst_sandboxserver::lastClientKilled()
+{
+    auto connection = logOn();
+    const qint64 server = serverId();
+    Client client;
+    QVERIFY(client.isReady());
+    connection->Close();
+    QTest::qWait(300);
+    QCOMPARE(serverId(), server);
+    client.kill();
+    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
+    QVERIFY(!QFileInfo::exists(SandboxFolder::ofUser().file(u"socket"_s)));
+}
+
+void tst_sandboxserver::clientsStartingTogether()
+{
+    std::vector<std::unique_ptr<Client>> clients;
+    for (int number = 0; number < 5; ++number)
+        clients.push_back(std::make_unique<Client>());
+    clients[1]->kill(); // in the midst of starting
+    for (size_t number = 2; number < clients.size(); ++number)
+        QVERIFY(clients[number]->isReady());
+    const QString data = u"--datadir="_s + SandboxFolder::ofUser().dataPath();
+    QCOMPARE(processesWith(data), QList<qint64>{serverId()});
+}
+
+void tst_sandboxserver::serverKilled()
+{
+    auto connection = logOn();
+    connection->Execute(u"create table kept (a number)"_s);
+    connection->BeginTrans();
+    connection->Execute(u"insert into kept values (1)"_s);
+    connection->CommitTrans();
+    connection->BeginTrans();
+    connection->Execute(u"insert into kept values (2)"_s);
+    killProcess(serverId());
+    try {
+        connection->Execute(u"select * from kept"_s);
+        QFAIL("answered");
+    } catch (const RuntimeError &error) {
+        QVERIFY(!error.description.isEmpty());
+    }
+
+    // With the old connection still holding on.
+    const auto again = logOn();
+    QCOMPARE(SandboxFixture::table(again, u"select * from kept"_s), u"1"_s);
+    connection->Close();
+    again->Execute(u"drop table kept"_s);
+    QVERIFY(serverId() != 0);
+}
+
+void tst_sandboxserver::waiterKilled()
+{
+    auto connection = logOn();
+    const qint64 server = serverId();
+    QTRY_COMPARE_WITH_TIMEOUT(waiters().size(), 1, patience);
+    killProcess(waiters().first());
+    QTRY_COMPARE_WITH_TIMEOUT(waiters().size(), 0, patience);
+    connection->Close();
+    QTest::qWait(300);
+    QCOMPARE(serverId(), server); // nobody is left to stop it, until the next one comes
+
+    logOn()->Close();
+}
+
+// Clients that come while the server is being stopped find it stopped and start it again.
+void tst_sandboxserver::leavingAndComing()
+{
+    for (int round = 0; round < 10; ++round) {
+        const auto connection = logOn();
+        QCOMPARE(scalar(connection, u"select 1 from dual"_s), u"1"_s);
+        connection->Close();
+        QTest::qWait(20 * round);
+    }
+}
+
+void tst_sandboxserver::olderObjectsAreRenewed()
+{
+    auto connection = std::make_shared<Connection>();
+    connection->Open(SandboxFixture::connectionString(u"system"_s, u"lantern"_s));
+    connection->Execute(u"drop view sys.all_users"_s);
+    connection->Execute(u"create table scott.mine (a number)"_s);
+    connection->Close();
+    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
+    QVERIFY(QFile::resize(SandboxFolder::ofUser().dataPath() + u"/querna-objects"_s, 0));
+
+    connection = logOn();
+    QCOMPARE(scalar(connection, u"select count(*) from sys.all_users"_s), u"2"_s);
+    QCOMPARE(scalar(connection, u"select count(*) from mine"_s), u"0"_s);
+    connection->Execute(u"drop table mine"_s);
+}
+
+// A first start that was broken off leaves nothing that the next one would take for a database.
+// The folder's path is too long for a socket.
+void tst_sandboxserver::brokenFirstStart()
+{
+    const QByteArray usual = qgetenv(SandboxFixture::folderVariable);
+    const QString folder = m_folder.filePath(QString(100, u'x') + u"/sandbox"_s);
+    qputenv(SandboxFixture::folderVariable, folder.toLocal8Bit());
+
+    for (const int time : {0, 50, 300}) {
+        Client client;
+        QTRY_VERIFY_WITH_TIMEOUT(!QDir(folder).entryList({u"data.new-*"_s}, QDir::Dirs).isEmpty(),
+                                 patience);
+        QTest::qWait(time);
+        client.kill();
+    }
+    auto connection = logOn();
+    QCOMPARE(scalar(connection, u"select count(*) from sales"_s), u"100000"_s);
+    const QFileInfo socket(SandboxServer(SandboxFolder::ofUser(), {}).socketPath());
+    QCOMPARE(QFileInfo(socket.path()).permissions() & 0x0077, QFile::Permissions());
+    connection->Close();
+    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(socket.path()), patience);
+
+    // What the broken-off attempts still wrote goes with the next start.
+    QTRY_VERIFY_WITH_TIMEOUT(!isAtWorkIn(folder), patience);
+    logOn()->Close();
+    QCOMPARE(QDir(folder).entryList({u"data*"_s}, QDir::Dirs), QStringList{u"data"_s});
+    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
+    qputenv(SandboxFixture::folderVariable, usual);
+}
+
+void tst_sandboxserver::folderThatCannotBe()
+{
+    const QByteArray usual = qgetenv(SandboxFixture::folderVariable);
+    QFile file(m_folder.filePath(u"file"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    for (const QString &path : {file.fileName(), file.fileName() + u"/below/sandbox"_s}) {
+        qputenv(SandboxFixture::folderVariable, path.toLocal8Bit());
+        try {
+            logOn();
+            QFAIL("logged on");
+        } catch (const RuntimeError &error) {
+            QCOMPARE(error.number, ErrorNumber::PathFileAccessError);
+            QVERIFY(error.description.contains(path));
+        }
+    }
+    qputenv(SandboxFixture::folderVariable, usual);
+}
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    if (application.arguments().contains(u"--client"_s))
+        return runClient();
+    tst_sandboxserver test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_sandboxserver.moc"
