@@ -11,7 +11,7 @@ frmObjectColumn::frmObjectColumn(QWidget *parent)
     : ObjectPicker(u"frmObjectColumn"_s, u"Select Schema, Table and Column"_s, u"&Columns"_s,
                    parent)
 {
-    cmbTable = addCombo(u"cmbTable"_s, u"&Table"_s);
+    cmbTable = addCombo(u"cmbTable"_s, u"Ta&ble"_s);
     setTabOrder(cmbSchema, cmbTable);
     setTabOrder(cmbTable, lstObject);
     connect(cmbTable, &QComboBox::activated, this, &frmObjectColumn::cmbTable_Click);

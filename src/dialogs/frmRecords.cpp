@@ -29,11 +29,10 @@ frmRecords::frmRecords(QWidget *parent)
     txtRecords->setAccessibleName(u"Maximum number of records returned"_s);
 
     auto *buttons = new QDialogButtonBox(this);
-    auto *cmdOK = named(buttons->addButton(QDialogButtonBox::Ok), u"cmdOK"_s);
-    cmdOK->setText(u"&OK"_s);
+    auto *cmdOK = named(buttons->addButton(u"&OK"_s, QDialogButtonBox::AcceptRole), u"cmdOK"_s);
     cmdOK->setDefault(true);
-    auto *cmdCancel = named(buttons->addButton(QDialogButtonBox::Cancel), u"cmdCancel"_s);
-    cmdCancel->setText(u"&Cancel"_s);
+    auto *cmdCancel =
+        named(buttons->addButton(u"&Cancel"_s, QDialogButtonBox::RejectRole), u"cmdCancel"_s);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);
