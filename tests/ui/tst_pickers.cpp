@@ -89,6 +89,7 @@ private slots:
     void initTestCase();
     void handsOutWhatWasSet();
     void tablePickGoesIntoTheEditor();
+    void doubleClickIsOnePick();
     void keysPickToo();
     void columnPickGoesIntoTheEditor();
     void typedSchemaIsLookedUpWhenPicked();
@@ -145,6 +146,15 @@ void tst_pickers::tablePickGoesIntoTheEditor()
     bench.picker.exec();
     QVERIFY(ran);
     QCOMPARE(bench.window.focusWidget(), bench.editor);
+}
+
+void tst_pickers::doubleClickIsOnePick()
+{
+    ObjectBench bench(m_connection);
+    bench.picker.show();
+    bench.click(u"EMP"_s);
+    QTest::mouseDClick(bench.lstObject->viewport(), Qt::LeftButton, {}, bench.placeOf(u"EMP"_s));
+    QCOMPARE(bench.editor->Text(), u" SCOTT.EMP "_s);
 }
 
 void tst_pickers::keysPickToo()

@@ -1,0 +1,131 @@
+#include "history/frmSQLHistory.h"
+
+#include "controls/FittingDelegate.h"
+#include "controls/FlexGrid.h"
+#include "controls/named.h"
+#include "controls/twips.h"
+#include "history/historyFile.h"
+#include "platform/checkedArithmetic.h"
+#include "platform/errorTraps.h"
+
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Sizes in twips: the fixed column, the statement and the time; any grid's columns and rows.
+constexpr std::array columnWidths{300, 7000, 1000};
+constexpr int plainColumnWidth = 1500;
+constexpr int rowHeight = 1000;
+
+constexpr int timeColumn = 2;
+
+constexpr int initialHeight = 480;
+
+int countRecords(Recordset &recordset)
+{
+    Int16 count;
+    for (recordset.MoveFirst(); !recordset.Eof(); recordset.MoveNext())
+        ++count;
+    return count.value();
+}
+
+QString cellText(const Value &value)
+{
+    return value.isNull() ? u"NULL"_s : value.toText();
+}
+
+/// Without texts of its own the fixed column shows row numbers.
+void emptyFixedColumn(FlexGrid &grid)
+{
+    for (int row = 1; row < grid.Rows(); ++row)
+        grid.setTextMatrix(row, 0, QString());
+}
+
+void fillRow(FlexGrid &grid, int row, const Recordset &recordset)
+{
+    grid.setRowHeight(row, rowHeight);
+    for (int column = 1; column < grid.Cols(); ++column)
+        grid.setTextMatrix(row, column, cellText(recordset.value(column - 1)));
+}
+
+/// The width at which all columns can be seen beside a scroll bar.
+int widthOfAllColumns(const FlexGrid &grid)
+{
+    int width = 2 * grid.frameWidth() + grid.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    for (const int twips : columnWidths)
+        width += pixelsFromTwips(twips);
+    return width;
+}
+
+} // namespace
+
+frmSQLHistory::frmSQLHistory(QWidget *parent)
+    : FormDialog(u"frmSQLHistory"_s, u"SQL History"_s, parent)
+    , msfgSQL(named(new FlexGrid(this), u"msfgSQL"_s))
+{
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    setSizeGripEnabled(true);
+    msfgSQL->setItemDelegateForColumn(timeColumn - 1, new FittingDelegate(msfgSQL));
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(msfgSQL);
+    const QMargins margins = layout->contentsMargins();
+    resize(widthOfAllColumns(*msfgSQL) + margins.left() + margins.right(), initialHeight);
+    connect(msfgSQL, &FlexGrid::rowPicked, this, &frmSQLHistory::msfgSQL_DblClick);
+}
+
+void frmSQLHistory::setTxt(EditorControl *ctl, QWidget *frm)
+{
+    m_target = EditorTarget(ctl, frm);
+}
+
+/// The dialog opens whatever became of the loading, with what the grid got.
+bool frmSQLHistory::Form_Load()
+{
+    msfgSQL->Clear();
+    reportErrors([this] {
+        m_history = std::make_unique<Recordset>();
+        loadHistory(historyFileName(), u"App.path"_s, *m_history);
+        fillGrid(*msfgSQL, *m_history);
+        const int columns = std::min(msfgSQL->Cols(), static_cast<int>(columnWidths.size()));
+        for (int column = 0; column < columns; ++column)
+            msfgSQL->setColWidth(column, columnWidths[column]);
+    });
+    return true;
+}
+
+void frmSQLHistory::fillGrid(FlexGrid &grid, Recordset &recordset)
+{
+    reportErrors([&] {
+        grid.Clear();
+        if (recordset.Eof())
+            return;
+        const int records = countRecords(recordset);
+        recordset.MoveFirst();
+        grid.setCols(recordset.fieldCount() + 1);
+        grid.setRows(records + 1);
+        emptyFixedColumn(grid);
+        for (int column = 1; column < grid.Cols(); ++column) {
+            grid.setColWidth(column, plainColumnWidth);
+            grid.setTextMatrix(0, column, recordset.fieldName(column - 1));
+        }
+        for (int row = 1; row <= records; ++row) {
+            fillRow(grid, row, recordset);
+            recordset.MoveNext();
+        }
+    });
+}
+
+/// Every step is tried, whatever became of the one before.
+void frmSQLHistory::msfgSQL_DblClick()
+{
+    ignoreErrors(
+        [this] { m_target.control().InsertText(msfgSQL->TextMatrix(msfgSQL->RowSel(), 1)); });
+    ignoreErrors([this] { m_target.focusWindow(); });
+    ignoreErrors([this] { m_target.control().setSelColor(Qt::black); });
+}

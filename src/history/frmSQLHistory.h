@@ -1,0 +1,35 @@
+#pragma once
+
+#include "controls/EditorTarget.h"
+#include "controls/FormDialog.h"
+#include "dataaccess/Recordset.h"
+
+#include <memory>
+
+class FlexGrid;
+
+/// Lists the statements that were run, newest first, and writes picked ones into the editor that
+/// setTxt() has named. A pick, a double click or Enter on a row, leaves the dialog open.
+class frmSQLHistory : public FormDialog
+{
+    Q_OBJECT
+public:
+    explicit frmSQLHistory(QWidget *parent = nullptr);
+
+    void setTxt(EditorControl *ctl, QWidget *frm);
+
+    /// Fills the grid with a header row of field names and one row per record; nulls read "NULL".
+    /// A failure is shown, and the grid then keeps what it got.
+    static void fillGrid(FlexGrid &grid, Recordset &recordset);
+
+protected:
+    bool Form_Load() override;
+
+private slots:
+    void msfgSQL_DblClick();
+
+private:
+    FlexGrid *msfgSQL;
+    std::unique_ptr<Recordset> m_history;
+    EditorTarget m_target;
+};

@@ -1,0 +1,240 @@
+#include "controls/EditorControl.h"
+#include "controls/FlexGrid.h"
+#include "controls/uiPresenters.h"
+#include "history/frmSQLHistory.h"
+#include "history/historyFile.h"
+#include "platform/applicationFolder.h"
+#include "platform/systemClock.h"
+#include "uisupport/ModalAnswers.h"
+
+#include <QFile>
+#include <QHeaderView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimeZone>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An editor window with the history dialog beside it.
+struct HistoryBench
+{
+    QWidget window;
+    EditorControl *editor = new EditorControl(&window);
+    frmSQLHistory dialog{&window};
+    FlexGrid *grid = dialog.findChild<FlexGrid *>(u"msfgSQL"_s);
+
+    HistoryBench()
+    {
+        (new QVBoxLayout(&window))->addWidget(editor);
+        window.show();
+        editor->setFocus();
+        dialog.setTxt(editor, &window);
+    }
+
+    QPoint middleOf(int row) const { return grid->visualItemRect(grid->item(row - 1, 0)).center(); }
+    void click(int row) { QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, middleOf(row)); }
+    void doubleClick(int row)
+    {
+        click(row);
+        QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, middleOf(row));
+    }
+};
+
+void remember(const QString &statement, const QDateTime &time)
+{
+    setClockSource([time] { return time.toUTC(); });
+    appendToHistory(statement);
+    setClockSource({});
+}
+
+QDateTime at(int month, int day)
+{
+    return QDateTime(QDate(2026, month, day), QTime(8, 30, 5));
+}
+
+} // namespace
+
+class tst_historydialog : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase() { installUiPresenters(); }
+    void init();
+    void cleanup() { setApplicationFolder(QString()); }
+    void missingFileIsCreated();
+    void newestFirstAsTexts();
+    void sizesAreThoseLaidOut();
+    void picksGoIntoTheEditor();
+    void picksWithoutAnEditorAreIgnored();
+    void failedLoadingIsToldAndOpens();
+    void eachOpeningReadsAnew();
+    void nullReadsAsNull();
+    void tooManyRecordsOverflow();
+
+private:
+    void writeHistory(const QByteArray &content);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+};
+
+void tst_historydialog::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    setApplicationFolder(m_folder->path());
+    m_file = m_folder->filePath(u"OrbekSqlHistory.txt"_s);
+}
+
+void tst_historydialog::writeHistory(const QByteArray &content)
+{
+    QFile file(m_file);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+void tst_historydialog::missingFileIsCreated()
+{
+    MessageAnswers answers;
+    HistoryBench bench;
+    bench.dialog.show();
+    QVERIFY(QFile::exists(m_file));
+    QCOMPARE(QFile(m_file).size(), 0);
+    QCOMPARE(bench.grid->Rows(), 1);
+    QVERIFY(answers.texts.isEmpty());
+    QTest::keyClick(bench.grid, Qt::Key_Return);
+    QCOMPARE(bench.editor->Text(), QString());
+    QTest::keyClick(&bench.dialog, Qt::Key_Escape);
+    QVERIFY(!bench.dialog.isVisible());
+}
+
+void tst_historydialog::newestFirstAsTexts()
+{
+    remember(u"  select 1\r\nfrom dual  "_s, at(12, 1));
+    remember(u"select 2"_s, at(9, 1));
+    HistoryBench bench;
+    bench.dialog.show();
+    QCOMPARE(bench.grid->Rows(), 3);
+    QCOMPARE(bench.grid->TextMatrix(0, 1), u"SQL Statement"_s);
+    QCOMPARE(bench.grid->TextMatrix(0, 2), u"SQL_Time"_s);
+    QCOMPARE(bench.grid->TextMatrix(1, 1), u"select 2\r\n"_s);
+    QCOMPARE(bench.grid->TextMatrix(1, 2), u"9/1/2026 08:30:05"_s);
+    QCOMPARE(bench.grid->TextMatrix(2, 1), u"select 1\r\nfrom dual\r\n"_s);
+    QCOMPARE(bench.grid->TextMatrix(2, 2), u"12/1/2026 08:30:05"_s);
+    QCOMPARE(bench.grid->TextMatrix(1, 0), QString());
+}
+
+void tst_historydialog::sizesAreThoseLaidOut()
+{
+    remember(u"select 1"_s, at(1, 1));
+    HistoryBench bench;
+    bench.dialog.show();
+    QCOMPARE(bench.dialog.windowTitle(), u"SQL History"_s);
+    QCOMPARE(bench.grid->verticalHeader()->width(), 20);
+    QCOMPARE(bench.grid->columnWidth(0), 467);
+    QCOMPARE(bench.grid->columnWidth(1), 67);
+    QCOMPARE(bench.grid->rowHeight(0), 67);
+}
+
+void tst_historydialog::picksGoIntoTheEditor()
+{
+    remember(u"select 1\r\nfrom dual"_s, at(2, 1));
+    remember(u"select 2"_s, at(1, 1));
+    HistoryBench bench;
+    bench.editor->setText(u"-- begin\r\n-- end"_s);
+    bench.editor->setSelStart(10);
+    bool ran = false;
+    whenModal([&](QWidget *window) {
+        ran = window == &bench.dialog;
+        bench.click(1);
+        QCOMPARE(bench.editor->Text(), u"-- begin\r\n-- end"_s);
+        bench.doubleClick(1);
+        QCOMPARE(bench.editor->Text(), u"-- begin\r\nselect 1\r\nfrom dual\r\n-- end"_s);
+        QVERIFY(bench.dialog.isVisible());
+        bench.click(2);
+        QTest::keyClick(bench.grid, Qt::Key_Enter);
+        QCOMPARE(bench.editor->Text(),
+                 u"-- begin\r\nselect 1\r\nfrom dual\r\nselect 2\r\n-- end"_s);
+        bench.dialog.close();
+    });
+    bench.dialog.exec();
+    QVERIFY(ran);
+    QCOMPARE(bench.window.focusWidget(), bench.editor);
+}
+
+void tst_historydialog::picksWithoutAnEditorAreIgnored()
+{
+    remember(u"select 1"_s, at(1, 1));
+    MessageAnswers answers;
+    HistoryBench bench;
+    bench.dialog.show();
+    delete bench.editor;
+    bench.doubleClick(1);
+    QVERIFY(bench.dialog.isVisible());
+    QVERIFY(answers.texts.isEmpty());
+}
+
+void tst_historydialog::failedLoadingIsToldAndOpens()
+{
+    writeHistory("select 1\r\nSQLTIME\r\nlast tuesday\r\nSQLEND\r\n");
+    MessageAnswers answers;
+    HistoryBench bench;
+    bench.dialog.show();
+    QCOMPARE(answers.texts, QStringList{u"Type mismatch"_s});
+    QCOMPARE(answers.titles, QStringList{u"Orbek SQL Editor"_s});
+    QVERIFY(bench.dialog.isVisible());
+    QCOMPARE(bench.grid->Rows(), 1);
+}
+
+void tst_historydialog::eachOpeningReadsAnew()
+{
+    remember(u"select 1"_s, at(1, 1));
+    HistoryBench bench;
+    bench.dialog.show();
+    QCOMPARE(bench.grid->Rows(), 2);
+    remember(u"select 2"_s, at(1, 2));
+    QCOMPARE(bench.grid->Rows(), 2);
+    bench.dialog.close();
+    bench.dialog.show();
+    QCOMPARE(bench.grid->Rows(), 3);
+}
+
+void tst_historydialog::nullReadsAsNull()
+{
+    Recordset recordset;
+    recordset.appendField(u"A"_s, adVarChar, 10);
+    recordset.appendField(u"B"_s, adInteger);
+    recordset.Open();
+    recordset.AddNew();
+    recordset.setValue(0, NullValue());
+    recordset.setValue(1, 42);
+    FlexGrid grid;
+    frmSQLHistory::fillGrid(grid, recordset);
+    QCOMPARE(grid.Rows(), 2);
+    QCOMPARE(grid.TextMatrix(0, 2), u"B"_s);
+    QCOMPARE(grid.TextMatrix(1, 1), u"NULL"_s);
+    QCOMPARE(grid.TextMatrix(1, 2), u"42"_s);
+    QCOMPARE(grid.columnWidth(0), 100);
+}
+
+void tst_historydialog::tooManyRecordsOverflow()
+{
+    const QByteArray record = "a\r\nSQLTIME\r\n1/1/2026\r\nSQLEND\r\n";
+    writeHistory(record.repeated(32767));
+    MessageAnswers answers;
+    HistoryBench bench;
+    bench.dialog.show();
+    QCOMPARE(bench.grid->Rows(), 32768);
+    QVERIFY(answers.texts.isEmpty());
+    bench.dialog.close();
+
+    writeHistory(record.repeated(32768));
+    bench.dialog.show();
+    QCOMPARE(answers.texts, QStringList{u"Overflow"_s});
+    QCOMPARE(bench.grid->Rows(), 1);
+}
+
+QTEST_MAIN(tst_historydialog)
+#include "tst_historydialog.moc"
