@@ -56,14 +56,12 @@ void CommandPrivate::prepare(const std::shared_ptr<OdbcSession> &session, const 
     m_buffers.clear();
     m_buffers.reserve(parameters.size());
     for (const Parameter &parameter : parameters)
-        m_buffers.emplace_back(parameter, session->outputsAreUtf8());
+        m_buffers.emplace_back(parameter, session->abilities().isMariaDb);
     const QString adapted = session->adapted(text);
     OdbcHandle statement;
     session->withResultsReleased([&] {
         statement = session->newStatement(adapted);
-        checkOdbc(SQLPrepareW(statement.get(), odbcText(adapted),
-                              static_cast<SQLINTEGER>(adapted.size())),
-                  statement);
+        prepareText(statement, adapted);
     });
     for (size_t i = 0; i < m_buffers.size(); ++i)
         m_buffers[i].bind(statement, static_cast<SQLUSMALLINT>(i + 1));

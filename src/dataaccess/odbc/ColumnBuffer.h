@@ -46,6 +46,12 @@ public:
         return m_column.hasVariableSize() && length != SQL_NULL_DATA &&
                (length < 0 || static_cast<size_t>(length) > m_longest);
     }
+    /// Whether @p whole begins with what was stored of row @p row's value and goes on after it.
+    bool isContinuedBy(size_t row, QByteArrayView whole) const
+    {
+        const QByteArrayView stored(m_values + row * m_width, static_cast<qsizetype>(m_longest));
+        return whole.size() > stored.size() && whole.startsWith(stored);
+    }
     SQLLEN indicator(size_t row) const { return m_indicators[row]; }
     CellView cell(size_t row) const
     {

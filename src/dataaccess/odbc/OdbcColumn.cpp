@@ -8,7 +8,7 @@ namespace {
 
 /// Sizes above this, in characters or bytes, are those of long types, which say nothing about the
 /// values.
-constexpr SQLULEN largestUsefulSize = 8000;
+constexpr SQLULEN largestUsefulSize = 32767;
 /// Digits that an exact number may take more than its precision says: sign, point, exponent.
 constexpr size_t digitsSlack = 16;
 constexpr size_t usualPrecision = 38;
@@ -35,7 +35,8 @@ Description describe(const OdbcHandle &statement, SQLUSMALLINT number)
                                   reinterpret_cast<SQLWCHAR *>(name.data()), room, &length,
                                   &column.sqlType, &column.size, &decimals, &nullable),
                   statement);
-        column.name = name.left(std::max<qsizetype>(name.indexOf(QChar::Null), 0));
+        column.name =
+            statement.decoded(name.left(std::max<qsizetype>(name.indexOf(QChar::Null), 0)));
         if (length < room)
             break;
     }

@@ -33,10 +33,15 @@ bool hasFreeSize(const OdbcColumn &column)
 }
 
 /// Whether values may well be longer than the driver says.
-bool hasDoubtfulSize(const OdbcColumn &column)
+bool hasDoubtfulSize(const OdbcColumn &column, const OdbcAbilities &abilities)
 {
-    return hasFreeSize(column) && (column.expectedBytes == 0 || !column.isTableColumn ||
-                                   column.expectedBytes == guessedTextBytes);
+    if (!hasFreeSize(column))
+        return false;
+    if (column.expectedBytes == 0 || !abilities.sizesBindValues)
+        return true;
+    if (column.isTableColumn)
+        return false;
+    return !abilities.has(SQL_GD_BLOCK) || column.expectedBytes == guessedTextBytes;
 }
 
 } // namespace
@@ -57,34 +62,34 @@ OdbcCursor::OdbcCursor(const OdbcSession &session, OdbcHandle statement, int row
         m_fields.push_back(column.field);
         m_columns.emplace_back(std::move(column));
     }
-    planReading(session.getDataExtensions(), rowsPerBlock);
+    planReading(session.abilities(), rowsPerBlock);
     bind();
     fetchBlock();
 }
 
-void OdbcCursor::planReading(SQLUINTEGER abilities, int rowsPerBlock)
+void OdbcCursor::planReading(const OdbcAbilities &abilities, int rowsPerBlock)
 {
-    m_rereadsBound = (abilities & SQL_GD_BOUND) != 0;
-    m_rereadsInBlock = m_rereadsBound && (abilities & SQL_GD_BLOCK) != 0;
+    m_rereadsBound = abilities.has(SQL_GD_BOUND);
+    m_rereadsInBlock = abilities.has(SQL_GD_BOUND | SQL_GD_BLOCK);
     bool isOneRow = false;
     bool isAfterUnbound = false;
     // No buffer may take more than its share of a block of one row.
     const size_t largestWidth = std::max(smallestWidth, blockBudget / (m_columns.size() + 1));
     for (ColumnBuffer &buffer : m_columns) {
         const OdbcColumn &column = buffer.column();
-        buffer.setBound(m_rereadsBound || !(hasDoubtfulSize(column) || isAfterUnbound));
-        isOneRow |=
-            !buffer.isBound() || (hasFreeSize(column) && !m_rereadsInBlock && m_rereadsBound);
-        isAfterUnbound |= !buffer.isBound() && (abilities & SQL_GD_ANY_COLUMN) == 0;
+        const bool isDoubtful = hasDoubtfulSize(column, abilities);
+        buffer.setBound(m_rereadsBound || !(isDoubtful || isAfterUnbound));
+        isAfterUnbound |= !buffer.isBound() && !abilities.has(SQL_GD_ANY_COLUMN);
         const size_t width = wantedWidth(column);
-        buffer.setWidth(hasFreeSize(column) && m_rereadsBound ? std::min(width, largestWidth)
-                                                              : width);
+        const bool mayBeCut = hasFreeSize(column) && m_rereadsBound;
+        buffer.setWidth(mayBeCut ? std::min(width, largestWidth) : width);
+        isOneRow |= isDoubtful || !buffer.isBound() || buffer.width() < width;
     }
     size_t rowBytes = 1;
     for (const ColumnBuffer &buffer : m_columns)
         rowBytes += buffer.isBound() ? buffer.blockBytes(1) : 0;
     const size_t affordable = std::max<size_t>(1, blockBudget / rowBytes);
-    m_rowsPerBlock = isOneRow ? 1 : std::min<size_t>(static_cast<size_t>(rowsPerBlock), affordable);
+    m_rowsPerBlock = isOneRow ? 1 : std::min(static_cast<size_t>(rowsPerBlock), affordable);
 }
 
 void OdbcCursor::bind()
@@ -180,20 +185,30 @@ const OdbcCursor::WholeValue &OdbcCursor::wholeValue(size_t column) const
     if (found != m_wholeValues.end())
         return *found;
     const ColumnBuffer &buffer = m_columns[column];
-    if (buffer.isBound() && !m_rereadsBound) {
-        throw RuntimeError(ErrorNumber::ProviderFailed,
-                           u"A value of column \"%1\" is longer than the driver had said."_s.arg(
-                               m_fields[column].name));
-    }
-    if (m_rowsPerBlock > 1) {
+    const bool isInBlock = m_rowsPerBlock > 1;
+    if (buffer.isBound() && !(isInBlock ? m_rereadsInBlock : m_rereadsBound))
+        raiseCutValue(column);
+    if (isInBlock) {
         checkOdbc(SQLSetPos(m_statement.get(), m_row + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE),
                   m_statement);
     }
     const SQLLEN length = buffer.isBound() ? buffer.indicator(m_row) : SQL_NO_TOTAL;
-    m_wholeValues.push_back(
-        {column, readWholeValue(m_statement, static_cast<SQLUSMALLINT>(column + 1), buffer.column(),
-                                length)});
+    auto bytes =
+        readWholeValue(m_statement, static_cast<SQLUSMALLINT>(column + 1), buffer.column(), length);
+    // Some drivers promise that they can go back to a row of a block and then give another row's
+    // value.
+    if (isInBlock && !(bytes && buffer.isContinuedBy(m_row, *bytes)))
+        raiseCutValue(column);
+    m_wholeValues.push_back({column, std::move(bytes)});
     return m_wholeValues.back();
+}
+
+void OdbcCursor::raiseCutValue(size_t column) const
+{
+    throw RuntimeError(
+        ErrorNumber::ProviderFailed,
+        u"A value of column \"%1\" is longer than the driver had said, and the driver "
+        "does not give the rest."_s.arg(m_fields[column].name));
 }
 
 CellView OdbcCursor::cell(size_t column) const

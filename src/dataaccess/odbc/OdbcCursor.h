@@ -9,12 +9,13 @@
 #include <vector>
 
 class OdbcSession;
+struct OdbcAbilities;
 
 /// Reads an executed statement's result forward, a block of rows in one call of the driver.
 ///
-/// Values that did not fit their buffers are read again whole. Where a driver can do that inside a
-/// block, blocks are as long as was asked for; otherwise a block is one row as soon as a column's
-/// values may be longer than the driver says.
+/// No value is ever cut. Blocks are as long as was asked for while every column has a size that can
+/// be relied on; as soon as one has not, a block is one row, because a value that did not fit its
+/// buffer is read again whole most reliably there.
 class OdbcCursor final : public RowSource
 {
 public:
@@ -39,12 +40,13 @@ private:
         std::optional<QByteArray> bytes; ///< none: null
     };
 
-    void planReading(SQLUINTEGER abilities, int rowsPerBlock);
+    void planReading(const OdbcAbilities &abilities, int rowsPerBlock);
     void bind();
     void fetchBlock();
     void end();
     void arriveAtRow();
-    void raiseRowError();
+    [[noreturn]] void raiseRowError();
+    [[noreturn]] void raiseCutValue(size_t column) const;
     CellView cell(size_t column) const;
     const WholeValue &wholeValue(size_t column) const;
 

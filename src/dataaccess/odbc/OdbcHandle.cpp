@@ -6,6 +6,7 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
 
 OdbcHandle::OdbcHandle(SQLSMALLINT type, const OdbcHandle &parent)
     : m_type(type)
+    , m_takesUtf8(parent.m_takesUtf8)
 {
     checkOdbc(SQLAllocHandle(type, parent.get(), &m_handle), parent);
 }
@@ -17,11 +18,47 @@ void OdbcHandle::reset()
     m_handle = nullptr;
 }
 
+QString OdbcHandle::decoded(const QString &text) const
+{
+    return m_takesUtf8 ? QString::fromUtf8(text.toLatin1()) : text;
+}
+
 SQLRETURN checkOdbc(SQLRETURN code, const OdbcHandle &handle)
 {
     if (code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO || code == SQL_NO_DATA)
         return code;
     throw odbcError(handle);
+}
+
+namespace {
+
+using NarrowFunction = SQLRETURN (*)(SQLHSTMT, SQLCHAR *, SQLINTEGER);
+using WideFunction = SQLRETURN (*)(SQLHSTMT, SQLWCHAR *, SQLINTEGER);
+
+void passText(const OdbcHandle &statement, const QString &text, NarrowFunction narrow,
+              WideFunction wide)
+{
+    if (statement.takesUtf8()) {
+        QByteArray utf8 = text.toUtf8();
+        checkOdbc(narrow(statement.get(), reinterpret_cast<SQLCHAR *>(utf8.data()),
+                         static_cast<SQLINTEGER>(utf8.size())),
+                  statement);
+    } else {
+        checkOdbc(wide(statement.get(), odbcText(text), static_cast<SQLINTEGER>(text.size())),
+                  statement);
+    }
+}
+
+} // namespace
+
+void executeText(const OdbcHandle &statement, const QString &text)
+{
+    passText(statement, text, SQLExecDirect, SQLExecDirectW);
+}
+
+void prepareText(const OdbcHandle &statement, const QString &text)
+{
+    passText(statement, text, SQLPrepare, SQLPrepareW);
 }
 
 SQLWCHAR *odbcText(const QString &text)

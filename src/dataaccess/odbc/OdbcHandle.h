@@ -18,12 +18,16 @@ public:
     OdbcHandle(SQLSMALLINT type, const OdbcHandle &parent);
     OdbcHandle(OdbcHandle &&other) noexcept
         : m_type(other.m_type)
+        , m_takesUtf8(other.m_takesUtf8)
+        , m_hasOneResult(other.m_hasOneResult)
         , m_handle(std::exchange(other.m_handle, nullptr))
     {
     }
     OdbcHandle &operator=(OdbcHandle &&other) noexcept
     {
         std::swap(m_type, other.m_type);
+        std::swap(m_takesUtf8, other.m_takesUtf8);
+        std::swap(m_hasOneResult, other.m_hasOneResult);
         std::swap(m_handle, other.m_handle);
         return *this;
     }
@@ -32,10 +36,24 @@ public:
     void reset();
     SQLSMALLINT type() const { return m_type; }
     SQLHANDLE get() const { return m_handle; }
+
+    /// Whether the driver has no wide functions and takes its texts in UTF-8. The driver manager
+    /// would narrow each character to a byte. Handles below this one inherit it.
+    bool takesUtf8() const { return m_takesUtf8; }
+    void setTakesUtf8(bool takes) { m_takesUtf8 = takes; }
+
+    /// Of a statement: that it must not be asked for more results.
+    bool hasOneResult() const { return m_hasOneResult; }
+    void setHasOneResult(bool hasOne) { m_hasOneResult = hasOne; }
+    /// A text that a wide function of the driver manager gave, as the driver meant it.
+    QString decoded(const QString &text) const;
+
     explicit operator bool() const { return m_handle != nullptr; }
 
 private:
     SQLSMALLINT m_type = SQL_HANDLE_ENV;
+    bool m_takesUtf8 = false;
+    bool m_hasOneResult = false;
     SQLHANDLE m_handle = nullptr;
 };
 
@@ -44,6 +62,10 @@ private:
 /// @returns @p code when it is SQL_SUCCESS, SQL_SUCCESS_WITH_INFO or SQL_NO_DATA
 /// @throws RuntimeError otherwise, with all diagnostic records
 SQLRETURN checkOdbc(SQLRETURN code, const OdbcHandle &handle);
+
+/// Sends, or prepares, @p text on a statement. @throws RuntimeError with the driver's text
+void executeText(const OdbcHandle &statement, const QString &text);
+void prepareText(const OdbcHandle &statement, const QString &text);
 
 /// The text as ODBC's wide functions want it. They do not write to it.
 SQLWCHAR *odbcText(const QString &text);

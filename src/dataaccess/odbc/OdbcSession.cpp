@@ -22,6 +22,12 @@ SQLPOINTER attributeValue(SQLULEN value)
     return reinterpret_cast<SQLPOINTER>(static_cast<std::uintptr_t>(value));
 }
 
+QStringView withoutLastCharacter(const QString &text)
+{
+    const QStringView trimmed = QStringView(text).trimmed();
+    return trimmed.left(std::max<qsizetype>(trimmed.size() - 1, 0));
+}
+
 /// Whether a driver refuses a statement because results are still open, rather than for what the
 /// statement says. Drivers have no common state for this; some only have a text.
 bool saysResultsAreOpen(const RuntimeError &error)
@@ -43,6 +49,27 @@ Number info(const OdbcHandle &connection, SQLUSMALLINT what, Number otherwise)
     return SQL_SUCCEEDED(code) ? value : otherwise;
 }
 
+QString textInfo(const OdbcHandle &connection, SQLUSMALLINT what)
+{
+    char16_t name[128] = {};
+    SQLSMALLINT bytes = 0;
+    SQLGetInfoW(connection.get(), what, name, sizeof name - sizeof name[0], &bytes);
+    return QString::fromUtf16(name);
+}
+
+/// Sends a text through the driver and back. With a driver that has no wide functions the driver
+/// manager does not bring it back whole.
+bool passesWideText(const OdbcHandle &connection)
+{
+    const QString sent = u"'\u00DF\u20AC'"_s;
+    char16_t received[16] = {};
+    SQLINTEGER length = 0;
+    const SQLRETURN code =
+        SQLNativeSqlW(connection.get(), odbcText(sent), static_cast<SQLINTEGER>(sent.size()),
+                      reinterpret_cast<SQLWCHAR *>(received), std::size(received), &length);
+    return !SQL_SUCCEEDED(code) || QString::fromUtf16(received) == sent;
+}
+
 bool keepsResults(const OdbcHandle &connection, SQLUSMALLINT what)
 {
     return info<SQLUSMALLINT>(connection, what, SQL_CB_PRESERVE) == SQL_CB_PRESERVE;
@@ -57,10 +84,20 @@ SQLSMALLINT columnCount(const OdbcHandle &statement)
 
 } // namespace
 
+namespace {
+
+bool goToNextResult(const OdbcHandle &statement)
+{
+    return !statement.hasOneResult() &&
+           checkOdbc(SQLMoreResults(statement.get()), statement) != SQL_NO_DATA;
+}
+
+} // namespace
+
 bool skipToColumns(const OdbcHandle &statement)
 {
     while (columnCount(statement) == 0) {
-        if (checkOdbc(SQLMoreResults(statement.get()), statement) == SQL_NO_DATA)
+        if (!goToNextResult(statement))
             return false;
     }
     return true;
@@ -68,7 +105,7 @@ bool skipToColumns(const OdbcHandle &statement)
 
 void takeRemainingResults(const OdbcHandle &statement)
 {
-    while (checkOdbc(SQLMoreResults(statement.get()), statement) != SQL_NO_DATA) {
+    while (goToNextResult(statement)) {
     }
 }
 
@@ -101,15 +138,14 @@ void OdbcSession::connect(const QString &odbcConnectionString)
                                 &length, SQL_DRIVER_NOPROMPT),
               m_connection);
     m_connected = true;
+    m_connection.setTakesUtf8(!passesWideText(m_connection));
 }
 
 void OdbcSession::readAbilities()
 {
-    m_getDataExtensions = info<SQLUINTEGER>(m_connection, SQL_GETDATA_EXTENSIONS, 0);
-    char16_t driver[64] = {};
-    SQLSMALLINT length = 0;
-    SQLGetInfoW(m_connection.get(), SQL_DRIVER_NAME, driver, sizeof driver, &length);
-    m_outputsAreUtf8 = QString::fromUtf16(driver).contains("libmaodbc"_L1);
+    m_abilities.getDataExtensions = info<SQLUINTEGER>(m_connection, SQL_GETDATA_EXTENSIONS, 0);
+    m_abilities.sizesBindValues = textInfo(m_connection, SQL_DBMS_NAME) != "SQLite"_L1;
+    m_abilities.isMariaDb = textInfo(m_connection, SQL_DRIVER_NAME).contains("libmaodbc"_L1);
     m_oneResultOnly = info<SQLUSMALLINT>(m_connection, SQL_MAX_CONCURRENT_ACTIVITIES, 0) == 1;
     m_commitKeepsResults = keepsResults(m_connection, SQL_CURSOR_COMMIT_BEHAVIOR);
     m_rollbackKeepsResults = keepsResults(m_connection, SQL_CURSOR_ROLLBACK_BEHAVIOR);
@@ -183,6 +219,7 @@ OdbcHandle OdbcSession::newStatement(const QString &text)
         SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, attributeValue(SQL_NOSCAN_ON),
                        SQL_IS_UINTEGER);
     }
+    statement.setHasOneResult(m_abilities.isMariaDb && withoutLastCharacter(text).contains(u';'));
     return statement;
 }
 
@@ -191,9 +228,7 @@ OdbcHandle OdbcSession::send(const QString &text)
     OdbcHandle statement;
     withResultsReleased([&] {
         statement = newStatement(text);
-        checkOdbc(
-            SQLExecDirectW(statement.get(), odbcText(text), static_cast<SQLINTEGER>(text.size())),
-            statement);
+        executeText(statement, text);
     });
     if (!skipToColumns(statement))
         return {};

@@ -10,6 +10,21 @@
 
 class SessionClient;
 
+/// What the ways to speak with a driver depend on.
+struct OdbcAbilities
+{
+    SQLUINTEGER getDataExtensions = 0; ///< SQL_GD_… flags
+    /// False for an engine in which a column's declared size and type limit nothing.
+    bool sizesBindValues = true;
+
+    /// MariaDB's driver has ways of its own. It writes output parameters as UTF-8 text, whatever
+    /// type they are bound as. And it takes a block for as many statements as it has semicolons,
+    /// sends it in one piece nevertheless, and crashes when asked for the results it did not get.
+    bool isMariaDb = false;
+
+    bool has(SQLUINTEGER flags) const { return (getDataExtensions & flags) == flags; }
+};
+
 /// One open session with a data source: the ODBC connection and what belongs to it as a whole,
 /// such as its transaction and the statements that are still being read.
 class OdbcSession final : private StatementSession
@@ -40,11 +55,7 @@ public:
     /// these into memory and runs it once more.
     void withResultsReleased(const std::function<void()> &action);
 
-    /// The SQL_GD_… flags of the driver.
-    SQLUINTEGER getDataExtensions() const { return m_getDataExtensions; }
-
-    /// Whether the driver writes output parameters as UTF-8 text, whatever type they are bound as.
-    bool outputsAreUtf8() const { return m_outputsAreUtf8; }
+    const OdbcAbilities &abilities() const { return m_abilities; }
 
     void addClient(SessionClient *client);
     void removeClient(SessionClient *client);
@@ -66,8 +77,7 @@ private:
     OdbcHandle m_environment;
     OdbcHandle m_connection;
     std::vector<SessionClient *> m_clients;
-    SQLUINTEGER m_getDataExtensions = 0;
-    bool m_outputsAreUtf8 = false;
+    OdbcAbilities m_abilities;
     bool m_connected = false;
     bool m_oneResultOnly = false;
     bool m_commitKeepsResults = false;

@@ -9,7 +9,7 @@
 class ParameterBuffer
 {
 public:
-    /// @param outputsAreUtf8  what OdbcSession says of its driver
+    /// @param outputsAreUtf8  whether the driver writes outputs as UTF-8 text, however it is asked
     /// @throws RuntimeError 3708 for a type that parameters cannot have
     ParameterBuffer(const Parameter &parameter, bool outputsAreUtf8);
 
