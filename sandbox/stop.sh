@@ -6,16 +6,31 @@
 folder=$1
 pid=$(cat "$folder/server.pid" 2>/dev/null)
 
-# Only a live process that serves this very folder; numbers are used again.
-serving() {
-    [ -n "$pid" ] && tr '\0' '\n' 2>/dev/null <"/proc/$pid/cmdline" |
-        grep -Fqx -e "--datadir=$folder/data"
+# A process that has ended and that its parent has not taken note of yet is a zombie.
+alive() {
+    [ -n "$pid" ] && [ -r "/proc/$pid/status" ] &&
+        ! grep -q '^State:[[:space:]]*[ZX]' "/proc/$pid/status" 2>/dev/null
 }
 
-if serving 2>/dev/null; then
+command_line() {
+    tr '\0' '\n' 2>/dev/null <"/proc/$pid/cmdline"
+}
+
+# Whether the process serves this very folder: numbers are used again. A process that is just
+# beginning has no command line for a moment.
+serving() {
+    moments=0
+    while alive && [ -z "$(command_line 2>/dev/null)" ] && [ "$moments" -lt 100 ]; do
+        moments=$((moments + 1))
+        sleep 0.02
+    done
+    command_line 2>/dev/null | grep -Fqx -e "--datadir=$folder/data"
+}
+
+if alive && serving; then
     kill -TERM "$pid"
     tries=0
-    while serving 2>/dev/null; do
+    while alive; do
         tries=$((tries + 1))
         if [ "$tries" -eq 1200 ]; then
             kill -KILL "$pid"

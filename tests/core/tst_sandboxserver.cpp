@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextStream>
@@ -139,6 +140,7 @@ private slots:
     void lastClientKilled();
     void clientsStartingTogether();
     void serverKilled();
+    void serverStopped();
     void waiterKilled();
     void leavingAndComing();
     void olderObjectsAreRenewed();
@@ -250,6 +252,24 @@ void tst_sandboxserver::serverKilled()
     connection->Close();
     again->Execute(u"drop table kept"_s);
     QVERIFY(serverId() != 0);
+}
+
+// A server that does nothing is told of in time, and goes nevertheless with its last client.
+void tst_sandboxserver::serverStopped()
+{
+    auto connection = logOn();
+    const auto server = static_cast<pid_t>(serverId());
+    QVERIFY(::kill(server, SIGSTOP) == 0);
+    const auto goOn = qScopeGuard([server] { ::kill(server, SIGCONT); });
+    QElapsedTimer timer;
+    timer.start();
+    try {
+        logOn();
+        QFAIL("logged on");
+    } catch (const RuntimeError &error) {
+        QVERIFY2(error.description.contains(u"does not answer"_s), error.what());
+    }
+    QVERIFY(timer.elapsed() < patience);
 }
 
 void tst_sandboxserver::waiterKilled()

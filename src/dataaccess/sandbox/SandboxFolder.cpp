@@ -69,6 +69,7 @@ void SandboxFolder::make() const
     // A chosen folder may be a link to one elsewhere.
     const QFileInfo info(m_path);
     makePrivateFolder(info.isSymLink() ? info.canonicalFilePath() : m_path);
+    makePrivateFolder(temporaryPath());
 }
 
 QString SandboxFolder::file(const QString &name) const
@@ -79,6 +80,11 @@ QString SandboxFolder::file(const QString &name) const
 QString SandboxFolder::dataPath() const
 {
     return file(u"data"_s);
+}
+
+QString SandboxFolder::temporaryPath() const
+{
+    return file(u"tmp"_s);
 }
 
 QString SandboxFolder::socketForServer() const

@@ -13,7 +13,8 @@ public:
     /// @param path  absolute
     explicit SandboxFolder(const QString &path);
 
-    /// Makes the folder when there is none, and shuts others out of it.
+    /// Makes the folder, with the one for temporary files, when there is none, and shuts others
+    /// out of it.
     /// @throws RuntimeError 75 when that fails
     void make() const;
 
@@ -21,6 +22,8 @@ public:
     QString file(const QString &name) const;
     /// The server's data directory; it exists only when it is complete.
     QString dataPath() const;
+    /// For the server's temporary files.
+    QString temporaryPath() const;
 
     /// Where the server is to make its socket. A path that is too long for one gives way to a
     /// folder of this user's own among the temporary files, which this makes.

@@ -28,6 +28,7 @@ constexpr auto longestWait = 180s;
 // A server that was killed repairs its data before it answers.
 constexpr auto longestStart = 60s;
 constexpr auto longestAnswer = 15s;
+constexpr auto longestMoment = 2s;
 
 QByteArray contentsOf(const QString &path)
 {
@@ -35,25 +36,37 @@ QByteArray contentsOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+// A process that has ended and that its parent has not taken note of yet is a zombie.
+bool isAlive(qint64 id)
+{
+    const QByteArray status = contentsOf(u"/proc/%1/status"_s.arg(id));
+    return !status.isEmpty() && !status.contains("State:\tZ") && !status.contains("State:\tX");
+}
+
+enum class Answer { Refusal, Silence, Greeting };
+
 // The server speaks first; its first byte shows that it is at work and not merely there.
-bool answers(const QString &socketPath)
+Answer answerOf(const QString &socketPath)
 {
     sockaddr_un address = {};
     const QByteArray path = QFile::encodeName(socketPath);
     if (path.isEmpty() || path.size() >= int(sizeof(address.sun_path)))
-        return false;
+        return Answer::Refusal;
     address.sun_family = AF_UNIX;
     std::copy(path.begin(), path.end(), address.sun_path);
 
     const int link = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    pollfd wait = {link, POLLIN, 0};
-    char first = 0;
-    const bool answered =
-        ::connect(link, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0 &&
-        ::poll(&wait, 1, std::chrono::milliseconds(longestAnswer).count()) == 1 &&
-        ::read(link, &first, 1) == 1;
+    Answer answer = Answer::Refusal;
+    if (::connect(link, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0) {
+        pollfd wait = {link, POLLIN, 0};
+        char first = 0;
+        if (::poll(&wait, 1, std::chrono::milliseconds(longestAnswer).count()) == 0)
+            answer = Answer::Silence;
+        else if (::read(link, &first, 1) == 1)
+            answer = Answer::Greeting;
+    }
     ::close(link);
-    return answered;
+    return answer;
 }
 
 // A process that leaves this one behind and looks after the server.
@@ -113,11 +126,19 @@ qint64 SandboxServer::processId(const SandboxFolder &folder)
     const qint64 id = contentsOf(folder.file(u"server.pid"_s)).trimmed().toLongLong();
     if (id <= 0)
         return 0;
-    // The number may belong to another process by now. A process that has ended and waits for its
-    // parent has no command line any more.
-    const QByteArray command = contentsOf(u"/proc/%1/cmdline"_s.arg(id));
     const QByteArray data = "--datadir=" + QFile::encodeName(folder.dataPath());
-    return command.split('\0').contains(data) ? id : 0;
+    // The number may belong to another process by now. A process that is beginning or ending has
+    // no command line for a moment, and while it is ending its files are still locked.
+    const QDeadlineTimer deadline(longestMoment);
+    while (isAlive(id)) {
+        const QByteArray command = contentsOf(u"/proc/%1/cmdline"_s.arg(id));
+        if (command.split('\0').contains(data))
+            return id;
+        if (!command.isEmpty() || deadline.hasExpired())
+            return 0;
+        std::this_thread::sleep_for(1ms);
+    }
+    return 0;
 }
 
 void SandboxServer::start(const SandboxFolder &folder, const SandboxProgress &progress)
@@ -154,10 +175,11 @@ void SandboxServer::start(const SandboxFolder &folder, const SandboxProgress &pr
 void SandboxServer::awaitAnswer(const SandboxFolder &folder)
 {
     const QDeadlineTimer deadline(longestStart);
-    while (!answers(m_socket)) {
+    for (Answer answer = answerOf(m_socket); answer != Answer::Greeting;
+         answer = answerOf(m_socket)) {
         if (processId(folder) == 0)
             failWithLog(folder, u"The sandbox's server could not be started."_s);
-        if (deadline.hasExpired())
+        if (answer == Answer::Silence || deadline.hasExpired())
             failWithLog(folder, u"The sandbox's server does not answer."_s);
         std::this_thread::sleep_for(5ms);
     }

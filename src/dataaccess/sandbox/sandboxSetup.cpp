@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStandardPaths>
 #include <QUuid>
 
@@ -47,11 +48,15 @@ QString findProgram(const QString &name)
     return program;
 }
 
-void runStep(const QString &program, const QStringList &arguments, const QByteArray &input,
-             const QString &workingFolder = u"/"_s)
+void runStep(const SandboxFolder &folder, const QString &program, const QStringList &arguments,
+             const QByteArray &input)
 {
     QProcess process;
-    process.setWorkingDirectory(workingFolder);
+    process.setWorkingDirectory(folder.path());
+    // Starting servers clear the temporary files of their kind away, so each has its own.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"TMPDIR"_s, folder.temporaryPath());
+    process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(program, arguments);
     process.write(input);
@@ -74,10 +79,12 @@ QByteArray objectStatements()
            sandboxStatements(sandboxResource(u"plan_table.sql"_s));
 }
 
-void runStatements(const QString &dataPath, const QByteArray &statements)
+void runStatements(const SandboxFolder &folder, const QString &dataPath,
+                   const QByteArray &statements)
 {
     // Reading statements the server checks no rights, and knows no accounts until told to.
-    runStep(sandboxServerProgram(), sandboxServerOptions(dataPath) + QStringList{u"--bootstrap"_s},
+    runStep(folder, sandboxServerProgram(),
+            sandboxServerOptions(dataPath) + QStringList{u"--bootstrap"_s},
             "SET NAMES utf8mb4;\nFLUSH PRIVILEGES;\n" + statements);
 }
 
@@ -149,6 +156,7 @@ QStringList sandboxServingOptions(const SandboxFolder &folder, const QString &so
     return {
         u"--socket="_s + socketPath,
         u"--log-error="_s + folder.file(u"server.log"_s),
+        u"--tmpdir="_s + folder.temporaryPath(),
         u"--transaction-isolation=READ-COMMITTED"_s,
         u"--innodb-lock-wait-timeout=20"_s,
         u"--max-allowed-packet=1G"_s,
@@ -190,12 +198,12 @@ void createSandboxData(const SandboxFolder &folder)
     const QString making = folder.file(name);
     // A script that does not understand blanks in paths: it is given the path from here. Forced,
     // it does not mind a machine that cannot look up its own name.
-    runStep(findProgram(u"mariadb-install-db"_s),
+    runStep(folder, findProgram(u"mariadb-install-db"_s),
             sandboxServerOptions(u"./"_s + name) + QStringList{u"--skip-test-db"_s, u"--force"_s},
-            {}, folder.path());
-    runStatements(making, sandboxStatements(sandboxResource(u"accounts.sql"_s)) +
-                              objectStatements() +
-                              sandboxStatements(sandboxResource(u"scott.sql"_s)));
+            {});
+    runStatements(folder, making,
+                  sandboxStatements(sandboxResource(u"accounts.sql"_s)) + objectStatements() +
+                      sandboxStatements(sandboxResource(u"scott.sql"_s)));
     noteObjectsVersion(making);
     if (!QDir().rename(making, folder.dataPath()))
         throw RuntimeError(ErrorNumber::PathFileAccessError);
@@ -206,6 +214,6 @@ void updateSandboxData(const SandboxFolder &folder)
     QFile file(versionFile(folder.dataPath()));
     if (file.open(QIODevice::ReadOnly) && file.readAll() == objectsVersion())
         return;
-    runStatements(folder.dataPath(), objectStatements());
+    runStatements(folder, folder.dataPath(), objectStatements());
     noteObjectsVersion(folder.dataPath());
 }
