@@ -35,8 +35,7 @@ Description describe(const OdbcHandle &statement, SQLUSMALLINT number)
                                   reinterpret_cast<SQLWCHAR *>(name.data()), room, &length,
                                   &column.sqlType, &column.size, &decimals, &nullable),
                   statement);
-        column.name =
-            statement.decoded(name.left(std::max<qsizetype>(name.indexOf(QChar::Null), 0)));
+        column.name = name.left(std::max<qsizetype>(name.indexOf(QChar::Null), 0));
         if (length < room)
             break;
     }

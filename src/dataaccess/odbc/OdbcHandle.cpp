@@ -18,11 +18,6 @@ void OdbcHandle::reset()
     m_handle = nullptr;
 }
 
-QString OdbcHandle::decoded(const QString &text) const
-{
-    return m_takesUtf8 ? QString::fromUtf8(text.toLatin1()) : text;
-}
-
 SQLRETURN checkOdbc(SQLRETURN code, const OdbcHandle &handle)
 {
     if (code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO || code == SQL_NO_DATA)

@@ -37,16 +37,14 @@ public:
     SQLSMALLINT type() const { return m_type; }
     SQLHANDLE get() const { return m_handle; }
 
-    /// Whether the driver has no wide functions and takes its texts in UTF-8. The driver manager
-    /// would narrow each character to a byte. Handles below this one inherit it.
+    /// Whether the driver has no wide functions and takes its texts in UTF-8: the driver manager
+    /// would lose characters beyond the basic plane. Handles below this one inherit it.
     bool takesUtf8() const { return m_takesUtf8; }
     void setTakesUtf8(bool takes) { m_takesUtf8 = takes; }
 
     /// Of a statement: that it must not be asked for more results.
     bool hasOneResult() const { return m_hasOneResult; }
     void setHasOneResult(bool hasOne) { m_hasOneResult = hasOne; }
-    /// A text that a wide function of the driver manager gave, as the driver meant it.
-    QString decoded(const QString &text) const;
 
     explicit operator bool() const { return m_handle != nullptr; }
 

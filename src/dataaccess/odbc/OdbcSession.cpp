@@ -61,7 +61,7 @@ QString textInfo(const OdbcHandle &connection, SQLUSMALLINT what)
 /// manager does not bring it back whole.
 bool passesWideText(const OdbcHandle &connection)
 {
-    const QString sent = u"'\u00DF\u20AC'"_s;
+    const QString sent = u"'\u00DF\U0001F600'"_s;
     char16_t received[16] = {};
     SQLINTEGER length = 0;
     const SQLRETURN code =

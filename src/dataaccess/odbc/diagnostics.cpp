@@ -66,7 +66,7 @@ RuntimeError odbcError(const OdbcHandle &handle)
             break;
         if (!first)
             first = record;
-        texts.append(handle.decoded(record->text));
+        texts.append(record->text);
     }
     if (!first)
         return RuntimeError(unspecifiedError, errorDescription(ErrorNumber::ProviderFailed));
