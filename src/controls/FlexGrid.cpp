@@ -1,5 +1,7 @@
 #include "controls/FlexGrid.h"
 
+#include "controls/ColumnHeader.h"
+#include "controls/FlexGridModel.h"
 #include "controls/selectionText.h"
 #include "controls/theme.h"
 #include "controls/twips.h"
@@ -25,8 +27,11 @@ void resizeQuietly(QHeaderView *header, int section, int pixels)
 } // namespace
 
 FlexGrid::FlexGrid(QWidget *parent)
-    : QTableWidget(parent)
+    : QTableView(parent)
+    , m_model(new FlexGridModel(this))
 {
+    setHorizontalHeader(new ColumnHeader(this));
+    setModel(m_model);
     setAccessibleName(tr("Statements"));
     setAlternatingRowColors(true);
     setEditTriggers(NoEditTriggers);
@@ -41,40 +46,38 @@ FlexGrid::FlexGrid(QWidget *parent)
     }
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     applyGridColours(this);
-    connect(this, &QTableWidget::cellDoubleClicked, this,
-            [this](int row) { emit rowPicked(row + 1); });
-    Clear();
+    connect(this, &QTableView::doubleClicked, this,
+            [this](const QModelIndex &cell) { emit rowPicked(cell.row() + 1); });
 }
 
 void FlexGrid::Clear()
 {
-    clear();
-    setRowCount(0);
-    setColumnCount(0);
+    m_model->resize(1, 1);
+    m_model->setText(0, 0, {});
 }
 
 int FlexGrid::Rows() const
 {
-    return rowCount() + 1;
+    return m_model->rows();
 }
 
 void FlexGrid::setRows(int rows)
 {
     if (rows < 1)
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-    setRowCount(rows - 1);
+    m_model->resize(rows, m_model->columns());
 }
 
 int FlexGrid::Cols() const
 {
-    return columnCount() + 1;
+    return m_model->columns();
 }
 
 void FlexGrid::setCols(int columns)
 {
     if (columns < 1)
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-    setColumnCount(columns - 1);
+    m_model->resize(m_model->rows(), columns);
 }
 
 void FlexGrid::checkCell(int row, int column) const
@@ -106,31 +109,13 @@ void FlexGrid::setRowHeight(int row, int twips)
 void FlexGrid::setTextMatrix(int row, int column, const QString &text)
 {
     checkCell(row, column);
-    auto *cell = new QTableWidgetItem(text);
-    cell->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
-    if (row > 0 && column > 0) {
-        setItem(row - 1, column - 1, cell);
-    } else if (column > 0) {
-        cell->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-        setHorizontalHeaderItem(column - 1, cell);
-    } else if (row > 0) {
-        setVerticalHeaderItem(row - 1, cell);
-    } else {
-        delete cell;
-    }
+    m_model->setText(row, column, text);
 }
 
 QString FlexGrid::TextMatrix(int row, int column) const
 {
     checkCell(row, column);
-    const QTableWidgetItem *cell = nullptr;
-    if (row > 0 && column > 0)
-        cell = item(row - 1, column - 1);
-    else if (column > 0)
-        cell = horizontalHeaderItem(column - 1);
-    else if (row > 0)
-        cell = verticalHeaderItem(row - 1);
-    return cell ? cell->text() : QString();
+    return m_model->text(row, column);
 }
 
 int FlexGrid::RowSel() const
@@ -161,7 +146,7 @@ void FlexGrid::keyPressEvent(QKeyEvent *event)
         if (RowSel() > 0)
             emit rowPicked(RowSel());
     } else {
-        QTableWidget::keyPressEvent(event);
+        QTableView::keyPressEvent(event);
         return;
     }
     event->accept();

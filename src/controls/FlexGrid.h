@@ -1,10 +1,12 @@
 #pragma once
 
-#include <QTableWidget>
+#include <QTableView>
+
+class FlexGridModel;
 
 /// A grid of texts with one fixed row and one fixed column, which hold the headers.
 /// Rows and columns are counted with the fixed ones: cell (0, 1) is the first column's header.
-class FlexGrid : public QTableWidget
+class FlexGrid : public QTableView
 {
     Q_OBJECT
     Q_PROPERTY(QString SelText READ SelText)
@@ -38,4 +40,6 @@ protected:
 
 private:
     void checkCell(int row, int column) const;
+
+    FlexGridModel *m_model;
 };

@@ -48,6 +48,28 @@ void showLongTextScrolling(QMessageBox &box)
     label->hide();
 }
 
+/// While a question waits for the user, the program does not look busy.
+class ArrowWhileAsking
+{
+public:
+    ArrowWhileAsking()
+        : m_changed(QGuiApplication::overrideCursor() != nullptr)
+    {
+        if (m_changed)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~ArrowWhileAsking()
+    {
+        if (m_changed)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    ArrowWhileAsking(const ArrowWhileAsking &) = delete;
+    ArrowWhileAsking &operator=(const ArrowWhileAsking &) = delete;
+
+private:
+    bool m_changed;
+};
+
 MessageAnswer showBox(const Message &message)
 {
     QMessageBox box(QApplication::activeWindow());
@@ -64,9 +86,8 @@ MessageAnswer showBox(const Message &message)
         box.setEscapeButton(QMessageBox::No);
     showLongTextScrolling(box);
 
-    QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    const ArrowWhileAsking arrow;
     const int pressed = box.exec();
-    QGuiApplication::restoreOverrideCursor();
     if (!choice)
         return MessageAnswer::Ok;
     return pressed == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;

@@ -1,7 +1,4 @@
-#include "controls/ColumnTree.h"
 #include "controls/CommonDialog.h"
-#include "controls/DataGrid.h"
-#include "controls/FlexGrid.h"
 #include "controls/StatusPanels.h"
 #include "controls/icons.h"
 #include "controls/uiPresenters.h"
@@ -11,11 +8,8 @@
 #include "support/raisedError.h"
 #include "uisupport/ModalAnswers.h"
 
-#include <QClipboard>
-#include <QDialogButtonBox>
 #include <QElapsedTimer>
 #include <QFileDialog>
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -23,9 +17,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QStyledItemDelegate>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolTip>
@@ -33,40 +24,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-using RecordsetPtr = std::shared_ptr<Recordset>;
-
-RecordsetPtr table(const QStringList &columns)
-{
-    auto recordset = std::make_shared<Recordset>();
-    for (const QString &column : columns)
-        recordset->appendField(column, adVariant);
-    recordset->Open();
-    return recordset;
-}
-
-void addRow(const RecordsetPtr &recordset, const QList<Value> &values)
-{
-    recordset->AddNew();
-    for (int i = 0; i < values.size(); ++i)
-        recordset->setValue(i, values[i]);
-}
-
-/// Rows and columns of texts "r.c".
-RecordsetPtr numberedCells(int rows, int columns)
-{
-    QStringList names;
-    for (int c = 0; c < columns; ++c)
-        names += u"C%1"_s.arg(c);
-    RecordsetPtr recordset = table(names);
-    for (int r = 0; r < rows; ++r) {
-        QList<Value> values;
-        for (int c = 0; c < columns; ++c)
-            values += Value(u"%1.%2"_s.arg(r).arg(c));
-        addRow(recordset, values);
-    }
-    return recordset;
-}
 
 /// Counts the events of one type that objects get.
 class EventCounter : public QObject
@@ -89,22 +46,7 @@ private:
     QEvent::Type m_type;
 };
 
-QString shown(const DataGrid &grid, int row, int column)
-{
-    const QVariant value = grid.model()->index(row, column).data();
-    return static_cast<QStyledItemDelegate *>(grid.itemDelegate())
-        ->displayText(value, grid.locale());
-}
-
-struct Cells
-{
-    int top, left, bottom, right;
-};
-using CellsList = QList<Cells>;
-
 } // namespace
-
-Q_DECLARE_METATYPE(CellsList)
 
 class tst_controls : public QObject
 {
@@ -112,27 +54,12 @@ class tst_controls : public QObject
 private slots:
     void initTestCase() { installUiPresenters(); }
 
-    void gridShowsItsRecordset();
-    void gridIsEmptyWithoutRows_data();
-    void gridIsEmptyWithoutRows();
-    void gridSurvivesClosing();
-    void gridTakesAddedRowsInBatches();
-    void gridFitsWidthsOnce();
-    void gridShowsLongTextsOnOneLine();
-    void selectionAsText_data();
-    void selectionAsText();
-    void copyKey();
-
     void yieldRunsWhatWasPosted();
     void yieldRunsTimers();
 
     void panelsHoldTheLatestText();
     void panelsPaintOnceAFrame();
     void panelsShowCutTextsAsTooltip();
-
-    void flexGridCountsFixedCells();
-    void flexGridPicksRows();
-    void treeColumns();
 
     void messageShowsTextsAsTheyAre_data();
     void messageShowsTextsAsTheyAre();
@@ -145,179 +72,6 @@ private slots:
 
     void iconsFollowThePalette();
 };
-
-void tst_controls::gridShowsItsRecordset()
-{
-    const RecordsetPtr recordset = table({u"NAME"_s, u"SAL"_s, u"NONE"_s});
-    addRow(recordset, {Value(u"SMITH"_s), Value(ExactNumber{u"800.5"_s}), Value(NullValue{})});
-    DataGrid grid;
-    grid.setDataSource(recordset);
-
-    const QAbstractItemModel &model = *grid.model();
-    QCOMPARE(model.rowCount(), 1);
-    QCOMPARE(model.headerData(1, Qt::Horizontal).toString(), u"SAL"_s);
-    QCOMPARE(model.index(0, 0).data().toString(), u"SMITH"_s);
-    QCOMPARE(model.index(0, 1).data().toString(), u"800.5"_s);
-    QCOMPARE(model.index(0, 2).data().toString(), QString());
-    QVERIFY(!model.index(0, 0).data(Qt::TextAlignmentRole).isValid());
-    for (const QVariant &alignment : {model.index(0, 1).data(Qt::TextAlignmentRole),
-                                      model.headerData(1, Qt::Horizontal, Qt::TextAlignmentRole)})
-        QVERIFY(alignment.toInt() & Qt::AlignRight);
-}
-
-void tst_controls::gridIsEmptyWithoutRows_data()
-{
-    QTest::addColumn<RecordsetPtr>("recordset");
-    QTest::addColumn<int>("columns");
-    QTest::newRow("none") << RecordsetPtr() << 0;
-    QTest::newRow("never opened") << std::make_shared<Recordset>() << 0;
-    QTest::newRow("without rows") << table({u"A"_s}) << 1;
-}
-
-void tst_controls::gridIsEmptyWithoutRows()
-{
-    QFETCH(RecordsetPtr, recordset);
-    DataGrid grid;
-    grid.setDataSource(numberedCells(3, 2));
-    grid.setDataSource(recordset);
-    grid.selectAll();
-    QCOMPARE(grid.model()->rowCount(), 0);
-    QTEST(grid.model()->columnCount(), "columns");
-    QCOMPARE(grid.SelText(), QString());
-    grid.rowsAdded();
-    grid.showAddedRows();
-    QCOMPARE(grid.dataSource(), recordset);
-}
-
-void tst_controls::gridSurvivesClosing()
-{
-    const RecordsetPtr recordset = numberedCells(50, 3);
-    DataGrid grid;
-    grid.setDataSource(recordset);
-    grid.selectAll();
-    grid.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&grid));
-    recordset->Close();
-    grid.grab();
-    QVERIFY(!grid.model()->index(1, 1).data().isValid());
-    QCOMPARE(grid.SelText(), QString());
-    grid.rowsAdded();
-    grid.showAddedRows();
-    QCOMPARE(grid.model()->rowCount(), 0);
-}
-
-void tst_controls::gridTakesAddedRowsInBatches()
-{
-    const RecordsetPtr recordset = numberedCells(25, 2);
-    DataGrid grid;
-    grid.resize(300, 200);
-    grid.setDataSource(recordset);
-    grid.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&grid));
-    QSignalSpy inserted(grid.model(), &QAbstractItemModel::rowsInserted);
-
-    QElapsedTimer time;
-    time.start();
-    constexpr int added = 20000;
-    for (int i = 0; i < added; ++i) {
-        addRow(recordset, {Value(i), Value(i)});
-        grid.rowsAdded();
-        yieldToEvents();
-    }
-    const qint64 frames = time.elapsed() / 15 + 1;
-    grid.showAddedRows();
-
-    QVERIFY2(inserted.count() <= frames + 1,
-             qPrintable(u"%1 in %2 frames"_s.arg(inserted.count()).arg(frames)));
-    QCOMPARE(grid.model()->rowCount(), added + 25);
-    QCOMPARE(grid.model()->index(added + 24, 0).data().toString(), QString::number(added - 1));
-    grid.scrollToBottom();
-    const QModelIndex last = grid.model()->index(added + 24, 0);
-    QVERIFY(grid.viewport()->rect().contains(grid.visualRect(last).center()));
-    grid.showAddedRows();
-    QCOMPARE(grid.model()->rowCount(), added + 25);
-}
-
-void tst_controls::gridFitsWidthsOnce()
-{
-    const RecordsetPtr recordset = table({u"A"_s, u"LONG_COLUMN_NAME"_s, u"TEXT"_s});
-    DataGrid grid;
-    grid.setDataSource(recordset);
-    const int beforeRows = grid.columnWidth(0);
-    addRow(recordset, {Value(u"wider than its name"_s), Value(1), Value(QString(5000, u'x'))});
-    grid.rowsAdded();
-    grid.showAddedRows();
-    const QFontMetrics metrics = grid.fontMetrics();
-    QVERIFY(grid.columnWidth(0) > beforeRows);
-    QVERIFY(grid.columnWidth(0) > metrics.horizontalAdvance(u"wider than its name"_s));
-    QVERIFY(grid.columnWidth(1) >
-            grid.horizontalHeader()->fontMetrics().horizontalAdvance(u"LONG_COLUMN_NAME"_s));
-    QVERIFY(grid.columnWidth(2) < 500);
-
-    grid.setColumnWidth(0, 77);
-    addRow(recordset, {Value(u"wider still than the first of all rows"_s), Value(1), Value(1)});
-    grid.rowsAdded();
-    grid.showAddedRows();
-    QCOMPARE(grid.columnWidth(0), 77);
-}
-
-void tst_controls::gridShowsLongTextsOnOneLine()
-{
-    const RecordsetPtr recordset = table({u"A"_s});
-    const QString whole = u"begin\r\n\tnull;\nend;"_s + QString(100000, u'x');
-    addRow(recordset, {Value(whole)});
-    DataGrid grid;
-    grid.setDataSource(recordset);
-    const QString text = shown(grid, 0, 0);
-    QVERIFY(text.startsWith(u"begin\u21B5 null;\u21B5end;xxx"_s));
-    QVERIFY(text.size() < 1000);
-    QVERIFY(text.endsWith(QChar(0x2026)));
-    grid.selectAll();
-    QCOMPARE(grid.SelText(), whole);
-}
-
-void tst_controls::selectionAsText_data()
-{
-    QTest::addColumn<CellsList>("selected");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("nothing") << CellsList{} << QString();
-    QTest::newRow("one cell") << CellsList{{1, 1, 1, 1}} << u"1.1"_s;
-    QTest::newRow("block") << CellsList{{1, 0, 2, 1}} << u"1.0\t1.1\r\n2.0\t2.1"_s;
-    QTest::newRow("rows picked upwards")
-        << CellsList{{3, 0, 3, 1}, {1, 0, 1, 1}} << u"1.0\t1.1\r\n3.0\t3.1"_s;
-    QTest::newRow("columns picked leftwards")
-        << CellsList{{0, 3, 1, 3}, {0, 0, 1, 0}} << u"0.0\t0.3\r\n1.0\t1.3"_s;
-    QTest::newRow("diagonal") << CellsList{{0, 0, 0, 0}, {2, 2, 2, 2}} << u"0.0\t\r\n\t2.2"_s;
-    QTest::newRow("overlapping blocks")
-        << CellsList{{0, 0, 1, 1}, {1, 1, 2, 2}} << u"0.0\t0.1\t\r\n1.0\t1.1\t1.2\r\n\t2.1\t2.2"_s;
-    QTest::newRow("wide gap within a row")
-        << CellsList{{0, 0, 0, 3}, {1, 3, 1, 3}} << u"0.0\t0.1\t0.2\t0.3\r\n\t\t\t1.3"_s;
-}
-
-void tst_controls::selectionAsText()
-{
-    QFETCH(CellsList, selected);
-    DataGrid grid;
-    grid.setDataSource(numberedCells(4, 4));
-    for (const Cells &cells : selected) {
-        const QItemSelection block(grid.model()->index(cells.top, cells.left),
-                                   grid.model()->index(cells.bottom, cells.right));
-        grid.selectionModel()->select(block, QItemSelectionModel::Select);
-    }
-    QTEST(grid.SelText(), "text");
-}
-
-void tst_controls::copyKey()
-{
-    DataGrid grid;
-    grid.setDataSource(numberedCells(3, 2));
-    QGuiApplication::clipboard()->setText(u"kept"_s);
-    QTest::keySequence(&grid, QKeySequence::Copy);
-    QCOMPARE(QGuiApplication::clipboard()->text(), u"kept"_s);
-    grid.selectRow(2);
-    QTest::keySequence(&grid, QKeySequence::Copy);
-    QCOMPARE(QGuiApplication::clipboard()->text(), u"2.0\t2.1"_s);
-}
 
 void tst_controls::yieldRunsWhatWasPosted()
 {
@@ -403,78 +157,6 @@ void tst_controls::panelsShowCutTextsAsTooltip()
     panels.setPanelText(5, cut);
     QCOMPARE(hover(), cut);
     QToolTip::hideText();
-}
-
-void tst_controls::flexGridCountsFixedCells()
-{
-    FlexGrid grid;
-    QCOMPARE(grid.Rows(), 1);
-    QCOMPARE(grid.Cols(), 1);
-    grid.setCols(3);
-    grid.setRows(4);
-    grid.setTextMatrix(0, 1, u"SQL Statement"_s);
-    grid.setTextMatrix(3, 2, u"last"_s);
-    grid.setTextMatrix(0, 0, u"corner"_s);
-    QCOMPARE(grid.horizontalHeaderItem(0)->text(), u"SQL Statement"_s);
-    QCOMPARE(grid.TextMatrix(3, 2), u"last"_s);
-    QCOMPARE(grid.TextMatrix(2, 2), QString());
-    QCOMPARE(raisedError([&] { grid.setTextMatrix(4, 1, u"x"_s); }),
-             ErrorNumber::SubscriptOutOfRange);
-    QCOMPARE(raisedError([&] { grid.setColWidth(3, 100); }), ErrorNumber::SubscriptOutOfRange);
-    QCOMPARE(raisedError([&] { grid.setRows(0); }), ErrorNumber::InvalidProcedureCall);
-
-    grid.setColWidth(1, 7000);
-    grid.setColWidth(0, 300);
-    grid.setRowHeight(2, 1000);
-    QCOMPARE(grid.columnWidth(0), 467);
-    QCOMPARE(grid.verticalHeader()->width(), 20);
-    QCOMPARE(grid.rowHeight(1), 67);
-    grid.Clear();
-    QCOMPARE(grid.Rows(), 1);
-    QCOMPARE(grid.Cols(), 1);
-}
-
-void tst_controls::flexGridPicksRows()
-{
-    FlexGrid grid;
-    grid.setCols(3);
-    grid.setRows(5);
-    for (int row = 1; row < 5; ++row)
-        grid.setTextMatrix(row, 1, u"statement %1"_s.arg(row));
-    grid.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&grid));
-    QSignalSpy picked(&grid, &FlexGrid::rowPicked);
-    QCOMPARE(grid.RowSel(), 0);
-    QTest::keyClick(&grid, Qt::Key_Return);
-    QCOMPARE(picked.count(), 0);
-
-    const QPoint thirdRow = grid.visualRect(grid.model()->index(2, 0)).center();
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, thirdRow);
-    QCOMPARE(grid.RowSel(), 3);
-    QCOMPARE(grid.SelText(), u"statement 3\t"_s);
-    QCOMPARE(picked.count(), 0);
-    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, thirdRow);
-    QTest::keyClick(&grid, Qt::Key_Return);
-    QCOMPARE(picked.count(), 2);
-    QCOMPARE(picked.last().first().toInt(), 3);
-}
-
-void tst_controls::treeColumns()
-{
-    ColumnTree tree;
-    tree.addColumn(u"object_name"_s, u"Object Name"_s, 200, Qt::AlignLeft);
-    tree.addColumn(u"cost"_s, u"Cost"_s, 100, Qt::AlignRight);
-    QCOMPARE(tree.columnIndex(u"cost"_s), 2);
-    QCOMPARE(tree.headerItem()->text(1), u"Object Name"_s);
-    QCOMPARE(tree.columnWidth(2), 100);
-    QCOMPARE(raisedError([&] { tree.columnIndex(u"bytes"_s); }), ErrorNumber::ItemNotFound);
-
-    auto *root = new QTreeWidgetItem(&tree, {u"SELECT STATEMENT"_s});
-    auto *child = new QTreeWidgetItem(root, {u"TABLE ACCESS"_s, u"EMP"_s, u"7"_s});
-    root->setExpanded(true);
-    child->setSelected(true);
-    root->setSelected(true);
-    QCOMPARE(tree.SelText(), u"SELECT STATEMENT\t\t\r\nTABLE ACCESS\tEMP\t7"_s);
 }
 
 void tst_controls::messageShowsTextsAsTheyAre_data()
