@@ -55,6 +55,7 @@ QComboBox *ObjectPicker::addCombo(const QString &name, const QString &label)
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setAccessibleName(withoutMnemonic(label));
+    combo->lineEdit()->setAccessibleName(withoutMnemonic(label));
     // A typed name stays as it is typed, and leaving the field does not pick it.
     combo->setCompleter(nullptr);
     disconnect(combo->lineEdit(), &QLineEdit::editingFinished, combo, nullptr);

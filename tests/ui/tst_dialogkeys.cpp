@@ -1,0 +1,122 @@
+#include "controls/uiPresenters.h"
+#include "dialogs/frmFind.h"
+#include "dialogs/frmObject.h"
+#include "dialogs/frmObjectColumn.h"
+#include "dialogs/frmRecords.h"
+#include "history/frmSQLHistory.h"
+#include "platform/applicationFolder.h"
+#include "support/SandboxFixture.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using DialogMaker = std::function<std::unique_ptr<QDialog>()>;
+
+template <typename Dialog>
+std::unique_ptr<QDialog> plain()
+{
+    return std::make_unique<Dialog>();
+}
+
+template <typename Picker>
+std::unique_ptr<QDialog> picker()
+{
+    auto dialog = std::make_unique<Picker>();
+    dialog->setUserPwd(u"scott"_s, QString(), u"SANDBOX"_s);
+    dialog->setDbc(SandboxFixture::open());
+    return dialog;
+}
+
+/// The controls that the tabulator visits, beginning with the one that has the focus.
+QStringList tabOrder(QDialog &dialog)
+{
+    QStringList names;
+    for (QWidget *start = dialog.focusWidget(); names.size() < 20;) {
+        names += dialog.focusWidget()->objectName();
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        if (dialog.focusWidget() == start)
+            break;
+    }
+    return names;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(DialogMaker)
+
+/// What somebody without a mouse, or without eyes, needs of every dialog.
+class tst_dialogkeys : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void cleanupTestCase() { setApplicationFolder(QString()); }
+    void dialogs_data();
+    void dialogs();
+
+private:
+    QTemporaryDir m_folder;
+};
+
+void tst_dialogkeys::initTestCase()
+{
+    installUiPresenters();
+    SandboxFixture::useSharedFolder();
+    setApplicationFolder(m_folder.path());
+}
+
+void tst_dialogkeys::dialogs_data()
+{
+    QTest::addColumn<DialogMaker>("make");
+    QTest::addColumn<QString>("tabOrder");
+    QTest::addColumn<QString>("defaultButton");
+    QTest::newRow("frmFind") << DialogMaker(plain<frmFind>)
+                             << u"txtFind txtReplace chkCase cmdFindFirst cmdFindNext cmdReplace "
+                                "cmdReplaceAll cmdFindCancel"_s
+                             << u"cmdFindFirst"_s;
+    QTest::newRow("frmRecords") << DialogMaker(plain<frmRecords>)
+                                << u"txtRecords cmdOK cmdCancel"_s << u"cmdOK"_s;
+    QTest::newRow("frmSQLHistory") << DialogMaker(plain<frmSQLHistory>) << u"msfgSQL"_s
+                                   << QString();
+    QTest::newRow("frmObject") << DialogMaker(picker<frmObject>) << u"cmbSchema lstObject"_s
+                               << QString();
+    QTest::newRow("frmObjectColumn") << DialogMaker(picker<frmObjectColumn>)
+                                     << u"cmbSchema cmbTable lstObject"_s << QString();
+}
+
+void tst_dialogkeys::dialogs()
+{
+    QFETCH(DialogMaker, make);
+    QFETCH(QString, defaultButton);
+    const std::unique_ptr<QDialog> dialog = make();
+    dialog->show();
+    QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+    QCOMPARE(dialog->objectName(), QString::fromLatin1(QTest::currentDataTag()));
+    QTEST(tabOrder(*dialog).join(u' '), "tabOrder");
+
+    for (QWidget *control : dialog->findChildren<QWidget *>()) {
+        if (!(control->focusPolicy() & Qt::TabFocus) || control->window() != dialog.get())
+            continue;
+        const QAccessibleInterface *read = QAccessible::queryAccessibleInterface(control);
+        QVERIFY(read);
+        QVERIFY2(!read->text(QAccessible::Name).isEmpty(), qPrintable(control->objectName()));
+    }
+    for (const QPushButton *button : dialog->findChildren<QPushButton *>())
+        QCOMPARE(button->isDefault(), button->objectName() == defaultButton);
+
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Escape);
+    QVERIFY(!dialog->isVisible());
+}
+
+QTEST_MAIN(tst_dialogkeys)
+#include "tst_dialogkeys.moc"
