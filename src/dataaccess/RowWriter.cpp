@@ -95,13 +95,13 @@ void RowWriter::addInteger(std::int64_t value)
 {
     char *const cell = claim(1 + sizeof value);
     int bytes = 0;
-    // As many bytes as it takes for the sign to be right when the rest is filled up with it.
-    for (std::int64_t rest = value; rest != 0; rest >>= 8) {
+    // As many bytes as it takes for the last one's sign to be the number's.
+    std::int64_t rest = value;
+    for (bool isWhole = value == 0; !isWhole;) {
         cell[1 + bytes++] = static_cast<char>(rest);
-        const std::int64_t next = rest >> 8;
-        const bool signIsRight = (rest & 0x80) != 0 ? next == -1 : next == 0;
-        if (signIsRight)
-            break;
+        const bool isNegative = (rest & 0x80) != 0;
+        rest >>= 8;
+        isWhole = rest == (isNegative ? -1 : 0);
     }
     *cell = static_cast<char>(CellInteger + bytes);
     m_size += 1 + static_cast<size_t>(bytes);

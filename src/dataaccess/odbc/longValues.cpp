@@ -13,10 +13,33 @@ constexpr SQLLEN largestPiece = 16 * 1024 * 1024;
 /// Lengths up to this are believed at once; longer ones only as far as bytes really arrive.
 constexpr SQLLEN believedLength = 256 * 1024 * 1024;
 
-/// Bytes that a call stored: all that was left, or as much as there was room for.
-SQLLEN storedBytes(SQLLEN indicator, SQLLEN room)
+/// A value of unknown length that goes on after this is one that never ends.
+constexpr qsizetype longestValue = qsizetype{1} << 31;
+
+/// Marks the end of a buffer of @p room bytes, so that cutPieceBytes() sees whether it was reached.
+void markEnd(char *buffer, SQLLEN room, SQLLEN terminator)
 {
-    return indicator < 0 ? room : std::min(indicator, room);
+    std::fill_n(buffer + room - terminator, 2 * terminator, '\xFF');
+}
+
+/// Bytes of a piece that was cut at the end of its buffer. A text may end a unit earlier, where a
+/// surrogate pair would have been split; 0 when it does not end at all.
+SQLLEN cutPieceBytes(const char *buffer, SQLLEN room, SQLLEN terminator)
+{
+    if (terminator == 0)
+        return room;
+    for (const SQLLEN end : {room, room - terminator}) {
+        if (std::all_of(buffer + end, buffer + end + terminator, [](char c) { return c == 0; }))
+            return end;
+    }
+    return 0;
+}
+
+[[noreturn]] void raiseEndless(const OdbcColumn &column)
+{
+    throw RuntimeError(
+        ErrorNumber::ProviderFailed,
+        u"The driver does not give the rest of a value of column \"%1\"."_s.arg(column.field.name));
 }
 
 } // namespace
@@ -26,27 +49,29 @@ std::optional<QByteArray> readWholeValue(const OdbcHandle &statement, SQLUSMALLI
 {
     const auto terminator = static_cast<SQLLEN>(column.terminatorBytes());
     QByteArray bytes;
-    SQLLEN piece =
-        expectedBytes > 0 && expectedBytes <= believedLength ? expectedBytes : firstPiece;
+    SQLLEN room = expectedBytes > 0 && expectedBytes <= believedLength ? expectedBytes : firstPiece;
     for (bool isFirst = true;; isFirst = false) {
         const qsizetype before = bytes.size();
-        bytes.resize(before + piece + terminator);
+        bytes.resize(before + room + terminator);
+        char *const piece = bytes.data() + before;
+        markEnd(piece, room, terminator);
         SQLLEN indicator = 0;
-        const SQLRETURN code =
-            checkOdbc(SQLGetData(statement.get(), number, column.cType(), bytes.data() + before,
-                                 piece + terminator, &indicator),
-                      statement);
+        const SQLRETURN code = checkOdbc(SQLGetData(statement.get(), number, column.cType(), piece,
+                                                    room + terminator, &indicator),
+                                         statement);
         if (isFirst && indicator == SQL_NULL_DATA)
             return std::nullopt;
-        const SQLLEN stored = code == SQL_NO_DATA ? 0 : storedBytes(indicator, piece);
-        bytes.resize(before + stored);
-        const bool isCut = code == SQL_SUCCESS_WITH_INFO && (indicator < 0 || indicator > piece);
-        if (!isCut)
+        const bool isCut = code == SQL_SUCCESS_WITH_INFO && (indicator < 0 || indicator > room);
+        if (!isCut) {
+            const SQLLEN last = code == SQL_NO_DATA ? 0 : std::clamp<SQLLEN>(indicator, 0, room);
+            bytes.resize(before + last);
             return bytes;
+        }
+        const SQLLEN stored = cutPieceBytes(piece, room, terminator);
+        bytes.resize(before + stored);
+        if (stored == 0 || bytes.size() > longestValue)
+            raiseEndless(column);
         const SQLLEN left = indicator < 0 ? 0 : indicator - stored;
-        if (left > 0 && left <= believedLength)
-            piece = left;
-        else
-            piece = std::min(piece * 2, largestPiece);
+        room = left > 0 && left <= believedLength ? left : std::min(room * 2, largestPiece);
     }
 }

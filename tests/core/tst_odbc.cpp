@@ -1,0 +1,497 @@
+// Connections, readers and commands over ODBC: on a SQLite file, and on a driver that misbehaves.
+
+#include "dataaccess/Command.h"
+#include "dataaccess/Connection.h"
+#include "dataaccess/Recordset.h"
+#include "platform/settings.h"
+#include "support/raisedError.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class tst_odbc : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void states();
+    void failedOpen();
+    void transactions();
+    void closingClosesWhatIsOpen();
+    void readsForward();
+    void readsIntoMemory();
+    void statementsWithoutRowsLeaveItClosed();
+    void valuesComeWhole_data();
+    void valuesComeWhole();
+    void oddColumns();
+    void thousandColumns();
+    void diagnosticsAreGathered();
+    void cutValuesAreReadAgain_data();
+    void cutValuesAreReadAgain();
+    void openResultsAreReleased_data();
+    void openResultsAreReleased();
+    void lostConnectionEndsTheReader_data();
+    void lostConnectionEndsTheReader();
+    void lateFailuresAreRaised();
+    void outputsAreReadAfterTheLastResult();
+    void oracleProvidersReachTheDriver_data();
+    void oracleProvidersReachTheDriver();
+
+private:
+    std::shared_ptr<Connection> sqlite(const QString &more = {}) const;
+    static std::shared_ptr<Connection> fake(const QString &more = {});
+
+    QTemporaryDir m_folder;
+};
+
+namespace {
+
+const QString fakeDriver = QStringLiteral(QUERNA_FAKE_DRIVER);
+
+/// What the fake driver's text columns hold.
+QString fakeText(int row, int length)
+{
+    QString text(length, QChar());
+    for (int i = 0; i < length; ++i)
+        text[i] = QChar(u'a' + (row + i) % 26);
+    return text;
+}
+
+/// The only value of a statement's result.
+Value single(const std::shared_ptr<Connection> &connection, const QString &query)
+{
+    Recordset result;
+    result.Open(query, connection);
+    return result.value(0);
+}
+
+/// The texts of the rows from the current one on, fields joined by commas.
+QStringList remaining(Recordset &rows)
+{
+    QStringList all;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        QStringList fields;
+        for (int field = 0; field < rows.fieldCount(); ++field)
+            fields.append(rows.value(field).toText());
+        all.append(fields.join(u','));
+    }
+    return all;
+}
+
+} // namespace
+
+void tst_odbc::initTestCase()
+{
+    QVERIFY(m_folder.isValid());
+}
+
+std::shared_ptr<Connection> tst_odbc::sqlite(const QString &more) const
+{
+    auto connection = std::make_shared<Connection>();
+    connection->Open(u"DRIVER=SQLite3;Database=%1;%2"_s.arg(m_folder.filePath(u"test.db"_s), more));
+    return connection;
+}
+
+std::shared_ptr<Connection> tst_odbc::fake(const QString &more)
+{
+    auto connection = std::make_shared<Connection>();
+    connection->Open(u"DRIVER=%1;%2"_s.arg(fakeDriver, more));
+    return connection;
+}
+
+void tst_odbc::states()
+{
+    const auto connection = sqlite();
+    QCOMPARE(connection->State(), adStateOpen);
+    QCOMPARE(raisedError([&] { connection->Open(u"DSN=x"_s); }), 3705);
+    connection->Close();
+    QCOMPARE(connection->State(), adStateClosed);
+    QCOMPARE(raisedError([&] { connection->Close(); }), 3704);
+    QCOMPARE(raisedError([&] { connection->Execute(u"select 1"_s); }), 3704);
+    QCOMPARE(raisedError([&] { connection->BeginTrans(); }), 3704);
+    Recordset rows;
+    QCOMPARE(raisedError([&] { rows.Open(u"select 1"_s, connection); }), 3709);
+    Command command;
+    QCOMPARE(raisedError([&] { command.Execute(); }), 3709);
+}
+
+void tst_odbc::failedOpen()
+{
+    const auto connection = std::make_shared<Connection>();
+    for (const auto &text : {u""_s, u"DSN=no such source"_s, u"DRIVER=/no/such/driver.so"_s,
+                             u"Database=x"_s, QString(100'000, u'x')}) {
+        QVERIFY(raisedError([&] { connection->Open(text); }) != 0);
+        QCOMPARE(connection->State(), adStateClosed);
+    }
+}
+
+void tst_odbc::transactions()
+{
+    const auto connection = sqlite();
+    connection->Execute(u"create table tx (n integer)"_s);
+    QCOMPARE(raisedError([&] { connection->CommitTrans(); }), -2147168242);
+    QCOMPARE(raisedError([&] { connection->RollbackTrans(); }), -2147168242);
+    const auto count = [&] { return single(connection, u"select count(*) from tx"_s).toInteger(); };
+
+    connection->BeginTrans();
+    QCOMPARE(raisedError([&] { connection->BeginTrans(); }), -2147168237);
+    connection->Execute(u"insert into tx values (1)"_s);
+    connection->RollbackTrans();
+    QCOMPARE(count(), 0);
+
+    connection->BeginTrans();
+    connection->Execute(u"insert into tx values (2)"_s);
+    QVERIFY(raisedError([&] { connection->Execute(u"insert into nothing values (3)"_s); }) != 0);
+    connection->CommitTrans(); // a failed statement leaves the others standing
+    connection->Execute(u"insert into tx values (4)"_s); // committed at once
+    connection->BeginTrans();
+    connection->Execute(u"insert into tx values (5)"_s);
+    connection->Close(); // rolls back
+    connection->Open(u"DRIVER=SQLite3;Database=%1"_s.arg(m_folder.filePath(u"test.db"_s)));
+    QCOMPARE(count(), 2);
+}
+
+void tst_odbc::closingClosesWhatIsOpen()
+{
+    const auto connection = sqlite();
+    Recordset reader;
+    reader.Open(u"select 1"_s, connection);
+    Recordset copy;
+    copy.setCursorLocation(adUseClient);
+    copy.Open(u"select 1"_s, connection);
+    Recordset own;
+    own.appendField(u"A"_s, adVariant);
+    own.Open();
+    connection->Close();
+    QCOMPARE(reader.State(), adStateClosed);
+    QCOMPARE(copy.State(), adStateClosed);
+    QCOMPARE(own.State(), adStateOpen);
+
+    Recordset orphan;
+    {
+        const auto shortLived = sqlite();
+        orphan.Open(u"select 1"_s, shortLived);
+    }
+    QCOMPARE(orphan.State(), adStateClosed);
+}
+
+void tst_odbc::readsForward()
+{
+    const auto connection = sqlite();
+    Recordset rows;
+    rows.setCacheSize(3);
+    rows.Open(u"select 1 union all select 2 union all select 3 union all select 4"_s, connection);
+    QCOMPARE(rows.RecordCount(), -1);
+    QCOMPARE(raisedError([&] { rows.setCacheSize(4); }), 3705);
+    QCOMPARE(raisedError([&] { rows.AddNew(); }), 3251);
+    QCOMPARE(raisedError([&] { rows.setSort(u"X"_s); }), 3251);
+    rows.MoveFirst();
+    QCOMPARE(remaining(rows), QStringList({u"1"_s, u"2"_s, u"3"_s, u"4"_s}));
+    QCOMPARE(raisedError([&] { rows.MoveNext(); }), 3021);
+    QCOMPARE(raisedError([&] { rows.MoveFirst(); }), 3219);
+
+    Recordset none;
+    none.Open(u"select 1 where 1 = 0"_s, connection);
+    QVERIFY(none.Bof() && none.Eof());
+    QCOMPARE(none.fieldCount(), 1);
+}
+
+void tst_odbc::readsIntoMemory()
+{
+    const auto connection = sqlite();
+    connection->setCursorLocation(adUseClient);
+    const auto rows = connection->Execute(u"select 2 as A union all select 1"_s);
+    QCOMPARE(rows->RecordCount(), 2);
+    rows->setSort(u"a"_s);
+    QCOMPARE(remaining(*rows), QStringList({u"1"_s, u"2"_s}));
+    rows->MoveFirst();
+    QCOMPARE(rows->value(u"A"_s).toInteger(), 1);
+}
+
+void tst_odbc::statementsWithoutRowsLeaveItClosed()
+{
+    const auto connection = sqlite();
+    QCOMPARE(connection->Execute(u"create table if not exists dml (n integer)"_s)->State(),
+             adStateClosed);
+    const auto result = connection->Execute(u"delete from dml"_s); // of no row: no failure
+    QCOMPARE(result->State(), adStateClosed);
+    QCOMPARE(raisedError([&] { result->Eof(); }), 3704);
+}
+
+void tst_odbc::valuesComeWhole_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("literal");
+    QTest::addColumn<Value>("expected");
+    const auto row = [](const char *name, const QString &type, const QString &literal,
+                        const Value &expected) {
+        QTest::newRow(name) << type << literal << expected;
+    };
+    row("integer", u"integer"_s, u"-2147483648"_s, std::int64_t{-2147483648});
+    row("largest integer", u"bigint"_s, u"9223372036854775807"_s,
+        std::numeric_limits<std::int64_t>::max());
+    row("double", u"double"_s, u"0.1"_s, 0.1);
+    row("null", u"varchar(10)"_s, u"null"_s, NullValue{});
+    row("text", u"varchar(10)"_s, u"'Käse 15 €'"_s, u"Käse 15 €"_s);
+    row("beyond the basic plane", u"varchar(10)"_s, u"'a\U0001F600b'"_s, u"a\U0001F600b"_s);
+    row("no text", u"varchar(10)"_s, u"''"_s, QString(u""_s));
+    row("longer than declared", u"varchar(3)"_s, u"'%1'"_s.arg(QString(5000, u'x')),
+        QString(5000, u'x'));
+    row("date", u"date"_s, u"'2024-02-29'"_s, Timestamp{2024, 2, 29, 0, 0, 0, 0});
+    row("timestamp", u"timestamp"_s, u"'2024-02-29 23:59:58'"_s,
+        Timestamp{2024, 2, 29, 23, 59, 58, 0});
+    row("time of day", u"time"_s, u"'23:59:58'"_s, Timestamp{0, 0, 0, 23, 59, 58, 0});
+    row("bytes", u"blob"_s, u"x'00ff10'"_s, QByteArray("\0\xFF\x10", 3));
+    row("16 MB of bytes", u"blob"_s, u"zeroblob(16777216)"_s, QByteArray(16777216, '\0'));
+    row("64 MB of text", u"text"_s, u"replace(hex(zeroblob(32000000)), '00', 'yz')"_s,
+        QString(u"yz"_s).repeated(32'000'000));
+}
+
+void tst_odbc::valuesComeWhole()
+{
+    QFETCH(QString, type);
+    QFETCH(QString, literal);
+    QFETCH(Value, expected);
+    const auto connection = sqlite();
+    connection->Execute(u"drop table if exists v"_s);
+    connection->Execute(u"create table v (a integer, v %1, z integer)"_s.arg(type));
+    connection->Execute(u"insert into v values (1, %1, 9)"_s.arg(literal));
+    Recordset reader;
+    reader.setCacheSize(100);
+    reader.Open(u"select * from v"_s, connection);
+    QVERIFY(reader.value(1) == expected);
+    QCOMPARE(reader.value(2).toInteger(), 9);
+    Recordset copy;
+    for (const auto &name : {u"A"_s, u"V"_s, u"Z"_s})
+        copy.appendField(name, adVariant);
+    copy.Open();
+    copy.addNewFrom(reader);
+    QVERIFY(copy.value(1) == (expected.isNull() ? Value(QString(u""_s)) : expected));
+    QCOMPARE(copy.value(2).toInteger(), 9);
+}
+
+void tst_odbc::oddColumns()
+{
+    const auto connection = sqlite();
+    Recordset rows;
+    rows.Open(u"select 1 as ID, 2 as id, 3 as \"%1\""_s.arg(QString(4000, u'n')), connection);
+    QCOMPARE(rows.fieldIndex(u"Id"_s), 0);
+    QCOMPARE(rows.value(u"ID"_s).toInteger(), 1);
+    QCOMPARE(rows.value(1).toInteger(), 2);
+    QVERIFY(rows.fieldName(2).startsWith(QString(200, u'n')));
+}
+
+void tst_odbc::thousandColumns()
+{
+    QStringList columns;
+    for (int i = 0; i < 1000; ++i)
+        columns.append(u"'v%1'"_s.arg(i));
+    const auto connection = sqlite();
+    Recordset rows;
+    rows.setCacheSize(100);
+    rows.setCursorLocation(adUseClient);
+    rows.Open(u"select "_s + columns.join(u','), connection);
+    QCOMPARE(rows.fieldCount(), 1000);
+    for (int i = 0; i < 1000; ++i)
+        QCOMPARE(rows.textAt(0, i), u"v%1"_s.arg(i));
+}
+
+void tst_odbc::diagnosticsAreGathered()
+{
+    const auto connection = fake();
+    for (const auto &text : {u"refuse 3"_s, u"refuse 3 badlengths"_s, u"badlengths refuse 3"_s}) {
+        try {
+            connection->Execute(text);
+            QFAIL("was not refused");
+        } catch (const RuntimeError &error) {
+            QCOMPARE(error.description, u"reason 3\r\nreason 2\r\nreason 1"_s);
+            QCOMPARE(error.number, 903);
+            QCOMPARE(error.nativeError, 903);
+            QCOMPARE(error.sqlState, u"42000"_s);
+        }
+    }
+    QCOMPARE(connection->Execute(u"rows 1 integer"_s)->value(0).toInteger(), 0);
+}
+
+void tst_odbc::cutValuesAreReadAgain_data()
+{
+    QTest::addColumn<int>("abilities"); // SQL_GD_…: 1 any column, 2 any order, 4 block, 8 bound
+    QTest::addColumn<QString>("columns");
+    QTest::addColumn<QList<int>>("lengths");
+    QTest::addColumn<int>("error");
+    for (const int abilities : {15, 11, 3, 0}) {
+        const auto row = [abilities](const char *name, const QString &columns,
+                                     const QList<int> &lengths, int error = 0) {
+            QTest::newRow(
+                qPrintable(u"%1, abilities %2"_s.arg(QLatin1StringView(name)).arg(abilities)))
+                << abilities << columns << lengths << error;
+        };
+        row("honest", u"text 20 20"_s, {20});
+        row("expression of unknown size", u"integer expression 0 70000 text 9 9"_s, {0, 70000, 9});
+        row("huge size", u"expression 2147483648 30 integer"_s, {30, 0});
+        row("guessed size", u"expression 255 3000 text 9 9"_s, {3000, 9});
+        row("unknown length", u"expression 0 70000 nototal"_s, {70000});
+        row("several", u"expression 0 5000 expression 0 60000"_s, {5000, 60000});
+        row("stored length", u"expression 255 3000 storedlength"_s, {3000});
+        row("no progress", u"expression 0 70000 stuck"_s, {70000}, 3000);
+        // A table's column that lies: read again, or an error, but never cut.
+        row("false size", u"text 10 500"_s, {500}, abilities == 15 ? 0 : 3000);
+    }
+}
+
+void tst_odbc::cutValuesAreReadAgain()
+{
+    QFETCH(int, abilities);
+    QFETCH(QString, columns);
+    QFETCH(QList<int>, lengths);
+    QFETCH(int, error);
+    const auto connection = fake(u"GETDATA=%1"_s.arg(abilities));
+    const auto readAll = [&] {
+        Recordset rows;
+        rows.setCacheSize(4);
+        rows.Open(u"rows 10 "_s + columns, connection);
+        int row = 0;
+        for (; !rows.Eof(); rows.MoveNext(), ++row) {
+            for (int field = 0; field < rows.fieldCount(); ++field) {
+                const QString expected =
+                    lengths[field] == 0 ? QString::number(row) : fakeText(row, lengths[field]);
+                QVERIFY(rows.value(field).toText() == expected);
+            }
+        }
+        QCOMPARE(row, 10);
+    };
+    QCOMPARE(raisedError(readAll), error);
+}
+
+void tst_odbc::openResultsAreReleased_data()
+{
+    QTest::addColumn<QString>("items");
+    QTest::newRow("the driver refuses") << u"ONERESULT=1"_s;
+    QTest::newRow("the driver says so") << u"ONERESULT=1;ACTIVITIES=1"_s;
+}
+
+void tst_odbc::openResultsAreReleased()
+{
+    QFETCH(QString, items);
+    const auto connection = fake(items);
+    Recordset first;
+    first.setCacheSize(10);
+    first.Open(u"rows 50 integer text 20 20"_s, connection);
+    for (int i = 0; i < 7; ++i)
+        first.MoveNext();
+    Recordset second;
+    second.Open(u"rows 3 integer"_s, connection);
+    connection->Execute(u"rows 2 integer"_s);
+    QCOMPARE(first.RecordCount(), -1);
+    QCOMPARE(raisedError([&] { first.MoveFirst(); }), 3219);
+    const QStringList rest = remaining(first);
+    QCOMPARE(rest.size(), 43);
+    QCOMPARE(rest.first(), u"7,"_s + fakeText(7, 20));
+    QCOMPARE(rest.last(), u"49,"_s + fakeText(49, 20));
+    QCOMPARE(remaining(second), QStringList({u"0"_s, u"1"_s, u"2"_s}));
+}
+
+void tst_odbc::lostConnectionEndsTheReader_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<bool>("isReleased");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("error");
+    QTest::newRow("lost") << u"lost 25"_s << false << 20 << 3113;
+    QTest::newRow("lost, read into memory") << u"lost 25"_s << true << 20 << 3113;
+    QTest::newRow("a row in error") << u"rowerror 25"_s << false << 25 << 77;
+}
+
+void tst_odbc::lostConnectionEndsTheReader()
+{
+    QFETCH(QString, fault);
+    QFETCH(bool, isReleased);
+    QFETCH(int, rows);
+    QFETCH(int, error);
+    const auto connection = fake(u"ONERESULT=1"_s);
+    Recordset reader;
+    reader.setCacheSize(10);
+    reader.Open(u"rows 100 integer "_s + fault, connection);
+    if (isReleased)
+        connection->Execute(u"rows 1 integer"_s);
+    int read = 0;
+    const auto readAll = [&] {
+        for (; !reader.Eof(); reader.MoveNext())
+            ++read;
+    };
+    QCOMPARE(raisedError(readAll), error);
+    QCOMPARE(read, rows);
+    QVERIFY(reader.Eof()); // no row comes twice
+}
+
+void tst_odbc::lateFailuresAreRaised()
+{
+    const auto connection = fake();
+    QCOMPARE(raisedError([&] { connection->Execute(u"nothing but late"_s); }), 1476);
+    Recordset reader;
+    reader.Open(u"rows 2 integer late"_s, connection);
+    int read = 0;
+    const auto readAll = [&] {
+        for (; !reader.Eof(); reader.MoveNext())
+            ++read;
+    };
+    QCOMPARE(raisedError(readAll), 1476);
+    QCOMPARE(read, 2);
+}
+
+void tst_odbc::outputsAreReadAfterTheLastResult()
+{
+    Command command;
+    command.ActiveConnection = fake();
+    command.CommandText = u"dbms_output.get_line"_s;
+    command.CommandType = adCmdStoredProc;
+    QCOMPARE(raisedError([&] {
+                 command.appendParameter({u"x"_s, adVarChar, adParamOutput, 0, {}});
+             }),
+             3708);
+    command.appendParameter({u"lines"_s, adVarChar, adParamOutput, 255, {}});
+    command.appendParameter({u"status"_s, adInteger, adParamOutput, 0, {}});
+    QCOMPARE(command.parameter(u"Status"_s).toInteger(), 0);
+    for (int i = 0; i < 3; ++i)
+        command.Execute();
+    QCOMPARE(command.parameter(u"lines"_s), Value(u"out"_s));
+    QCOMPARE(command.parameter(u"status"_s).toInteger(), 7);
+    QCOMPARE(raisedError([&] { command.parameter(u"none"_s); }), 3265);
+    command.ActiveConnection->Close();
+    QCOMPARE(raisedError([&] { command.Execute(); }), 3709);
+}
+
+void tst_odbc::oracleProvidersReachTheDriver_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("Microsoft's") << u"Provider=msdaora;Data Source=ORCL;User ID=scott;Password=x"_s
+                                 << u"DBQ=ORCL;UID=scott;PWD=x;"_s;
+    QTest::newRow("Oracle's")
+        << u"Provider=OraOLEDB.Oracle;ChunkSize=65535;Data Source=host:1521/db;User ID=;Password="_s
+        << u"DBQ=host:1521/db;UID=;PWD=;"_s;
+}
+
+void tst_odbc::oracleProvidersReachTheDriver()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, expected);
+    const QString record = m_folder.filePath(u"record"_s);
+    // The fake driver stands in, under a name that the driver manager does not know.
+    qputenv("FAKEDRIVER_RECORD", QFile::encodeName(record));
+    saveSetting(u"Orbek Oracle"_s, u"Settings"_s, u"OracleDriver"_s, fakeDriver);
+    const auto connection = std::make_shared<Connection>();
+    connection->Open(text);
+    qunsetenv("FAKEDRIVER_RECORD");
+    saveSetting(u"Orbek Oracle"_s, u"Settings"_s, u"OracleDriver"_s, QString());
+    QFile file(record);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY2(QString::fromUtf8(file.readAll()).contains(expected), qPrintable(expected));
+}
+
+QTEST_GUILESS_MAIN(tst_odbc)
+#include "tst_odbc.moc"

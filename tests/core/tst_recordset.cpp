@@ -1,0 +1,348 @@
+// Recordsets in memory: fabricated tables, their cells, their order and their packing.
+
+#include "dataaccess/Recordset.h"
+#include "support/raisedError.h"
+
+#include <QTest>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+class tst_recordset : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void closedRecordsetRefuses();
+    void fieldsAreAppendedWhileClosed();
+    void movesThroughRows();
+    void keepsEveryValue_data();
+    void keepsEveryValue();
+    void copiesRowsWithNullsAsEmptyTexts();
+    void rowsThatFillManyBlocks();
+    void changesAnyRow();
+    void textsAreLimitedByTheirField();
+    void sorts_data();
+    void sorts();
+    void sortIsKeptForLaterRows();
+    void appendsRowText();
+};
+
+namespace {
+
+/// A table with one field that takes anything.
+void openSingle(Recordset &table)
+{
+    table.appendField(u"V"_s, adVariant);
+    table.Open();
+}
+
+void add(Recordset &table, const Value &value)
+{
+    table.AddNew();
+    table.setValue(0, value);
+}
+
+QStringList texts(Recordset &table)
+{
+    QStringList all;
+    for (table.MoveFirst(); !table.Eof(); table.MoveNext())
+        all.append(table.value(0).toText());
+    return all;
+}
+
+} // namespace
+
+void tst_recordset::closedRecordsetRefuses()
+{
+    Recordset closed;
+    QCOMPARE(closed.State(), adStateClosed);
+    QCOMPARE(raisedError([&] { closed.Eof(); }), 3704);
+    QCOMPARE(raisedError([&] { closed.Bof(); }), 3704);
+    QCOMPARE(raisedError([&] { closed.RecordCount(); }), 3704);
+    QCOMPARE(raisedError([&] { closed.MoveFirst(); }), 3704);
+    QCOMPARE(raisedError([&] { closed.MoveNext(); }), 3704);
+    QCOMPARE(raisedError([&] { closed.AddNew(); }), 3704);
+    QCOMPARE(raisedError([&] { closed.value(0); }), 3704);
+    QCOMPARE(raisedError([&] { closed.value(u"V"_s); }), 3704);
+    QCOMPARE(raisedError([&] { closed.Close(); }), 3704);
+    QCOMPARE(raisedError([&] { closed.Open(); }), 3709);
+    QCOMPARE(raisedError([&] { closed.Open(u"select 1"_s, nullptr); }), 3709);
+    QCOMPARE(raisedError([&] { closed.setCacheSize(0); }), 3001);
+}
+
+void tst_recordset::fieldsAreAppendedWhileClosed()
+{
+    Recordset table;
+    table.appendField(u"One"_s, adVariant);
+    table.appendField(u"two"_s, adVarChar, 10);
+    QCOMPARE(raisedError([&] { table.appendField(u"ONE"_s, adVariant); }), 3367);
+    table.Open();
+    QCOMPARE(table.CursorLocation(), adUseClient);
+    QCOMPARE(table.fieldCount(), 2);
+    QCOMPARE(table.fieldIndex(u"TWO"_s), 1);
+    QCOMPARE(table.fieldType(1), adVarChar);
+    QCOMPARE(raisedError([&] { table.fieldIndex(u"three"_s); }), 3265);
+    QCOMPARE(raisedError([&] { table.fieldName(2); }), 3265);
+    QCOMPARE(raisedError([&] { table.appendField(u"Three"_s, adVariant); }), 3705);
+    QCOMPARE(raisedError([&] { table.Open(); }), 3705);
+    table.Close();
+    table.Open(); // the fields outlive Close
+    QCOMPARE(table.RecordCount(), 0);
+}
+
+void tst_recordset::movesThroughRows()
+{
+    Recordset table;
+    openSingle(table);
+    QVERIFY(table.Bof() && table.Eof());
+    QCOMPARE(raisedError([&] { table.MoveNext(); }), 3021);
+    QCOMPARE(raisedError([&] { table.MoveFirst(); }), 3021);
+    QCOMPARE(raisedError([&] { table.value(0); }), 3021);
+
+    table.AddNew();
+    QVERIFY(!table.Eof());
+    QVERIFY(table.value(0).isEmpty());
+    table.setValue(u"v"_s, 1);
+    QCOMPARE(table.RecordCount(), 1);
+    add(table, 2);
+    QCOMPARE(table.value(0), Value(2));
+    table.MoveNext();
+    QVERIFY(table.Eof());
+    QVERIFY(!table.Bof());
+    QCOMPARE(raisedError([&] { table.MoveNext(); }), 3021);
+    QCOMPARE(texts(table), QStringList({u"1"_s, u"2"_s}));
+    table.moveTo(0);
+    QCOMPARE(table.value(0), Value(1));
+    QCOMPARE(raisedError([&] { table.moveTo(2); }), 3021);
+    QCOMPARE(raisedError([&] { table.valueAt(2, 0); }), 3021);
+    QCOMPARE(raisedError([&] { table.valueAt(0, 1); }), 3265);
+}
+
+void tst_recordset::keepsEveryValue_data()
+{
+    QTest::addColumn<Value>("value");
+    const auto row = [](const char *name, const Value &value) { QTest::newRow(name) << value; };
+    const auto units = [](std::u16string_view text) {
+        return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+    };
+    row("empty", EmptyValue{});
+    row("null", NullValue{});
+    row("true", true);
+    for (const std::int64_t number :
+         {std::int64_t{0}, std::int64_t{1}, std::int64_t{-1}, std::int64_t{127}, std::int64_t{128},
+          std::int64_t{-128}, std::int64_t{-129}, std::int64_t{0x7FFFFF}, std::int64_t{0x800000},
+          std::numeric_limits<std::int64_t>::max(), std::numeric_limits<std::int64_t>::min()})
+        row(qPrintable(u"integer %1"_s.arg(number)), number);
+    row("double", 0.1);
+    row("smallest double", std::numeric_limits<double>::denorm_min());
+    row("38 digits", ExactNumber{u"-12345678901234567890123456789012345.678"_s});
+    row("no digits", ExactNumber{QString()});
+    row("odd number of digits", ExactNumber{u"125"_s});
+    row("exponent", ExactNumber{u"1.5E+125"_s});
+    row("200 digits", ExactNumber{QString(200, u'7')});
+    row("not a number", ExactNumber{u"Infinity"_s});
+    row("date", Timestamp{2024, 2, 29, 0, 0, 0, 0});
+    row("second", Timestamp{9999, 12, 31, 23, 59, 59, 0});
+    row("nanosecond", Timestamp{1, 1, 1, 0, 0, 0, 999'999'999});
+    row("time of day", Timestamp{0, 0, 0, 1, 2, 3, 0});
+    row("no text", QString(u""_s));
+    row("latin text", u"Käse ÿ"_s);
+    row("191 characters", QString(191, u'x'));
+    row("192 characters", QString(192, u'x'));
+    row("long latin text", QString(3'000'000, u'é'));
+    row("wide text", u"15 €"_s);
+    row("beyond the basic plane", u"a\U0001F600b"_s);
+    row("lone surrogates", units(u"\xDC00 \xD83D"));
+    row("zeros", units({u"\0a\0", 3}));
+    row("long wide text", QString(1'500'000, u'€'));
+    row("no bytes", QByteArray(""));
+    row("bytes", QByteArray("\0\xFF\x7F", 3));
+    row("long bytes", QByteArray(2'000'000, '\x80'));
+}
+
+void tst_recordset::keepsEveryValue()
+{
+    QFETCH(Value, value);
+    Recordset table;
+    table.appendField(u"A"_s, adVariant);
+    table.appendField(u"V"_s, adVariant);
+    table.appendField(u"Z"_s, adVariant);
+    table.Open();
+    for (int i = 0; i < 3; ++i) {
+        table.AddNew();
+        table.setValue(0, i);
+        table.setValue(1, value);
+        table.setValue(2, u"end"_s);
+        QCOMPARE(table.value(1), value); // while it is being edited
+    }
+    table.MoveNext();
+    for (int row = 0; row < 3; ++row) {
+        QCOMPARE(table.valueAt(row, 2), Value(u"end"_s));
+        QCOMPARE(table.valueAt(row, 1), value);
+        QCOMPARE(table.textAt(row, 1), value.toText());
+        QCOMPARE(table.isNumberAt(row, 1), value.isNumber());
+    }
+}
+
+void tst_recordset::copiesRowsWithNullsAsEmptyTexts()
+{
+    Recordset source;
+    source.appendField(u"A"_s, adVariant);
+    source.appendField(u"B"_s, adVariant);
+    source.Open();
+    source.AddNew();
+    source.setValue(0, NullValue{});
+    source.setValue(1, ExactNumber{u"1.50"_s});
+
+    const auto copyTo = [&](DataTypeEnum type) {
+        Recordset copy;
+        copy.appendField(u"A"_s, type);
+        copy.appendField(u"B"_s, type);
+        copy.Open();
+        copy.addNewFrom(source);
+        copy.addNewFrom(source);
+        QCOMPARE(copy.RecordCount(), 2);
+        QCOMPARE(copy.value(0), Value(QString(u""_s)));
+        QCOMPARE(copy.value(1).toText(), u"1.5"_s);
+    };
+    copyTo(adVariant);
+    copyTo(adVarChar);
+
+    Recordset narrow;
+    openSingle(narrow);
+    QCOMPARE(raisedError([&] { narrow.addNewFrom(source); }), 3001);
+    source.MoveNext();
+    QCOMPARE(raisedError([&] { source.addNewFrom(source); }), 3021);
+}
+
+void tst_recordset::rowsThatFillManyBlocks()
+{
+    constexpr int rows = 60'000;
+    Recordset table;
+    openSingle(table);
+    qint64 textLength = 0;
+    const auto textOf = [](int row) { return QString(row % 300, u'a') + QString::number(row); };
+    for (int row = 0; row < rows; ++row) {
+        add(table, textOf(row));
+        textLength += textOf(row).size();
+    }
+    QCOMPARE(table.RecordCount(), rows);
+    for (int row = 0; row < rows; row += 7)
+        QCOMPARE(table.textAt(row, 0), textOf(row));
+    QCOMPARE(table.textAt(rows - 1, 0), textOf(rows - 1));
+    QVERIFY(table.storedBytes() < textLength * 13 / 10);
+}
+
+void tst_recordset::changesAnyRow()
+{
+    Recordset table;
+    openSingle(table);
+    for (int row = 0; row < 2000; ++row)
+        add(table, row);
+    const QString longer(2'000'000, u'y');
+    for (const int row : {0, 1000, 1999}) {
+        table.moveTo(row);
+        table.setValue(0, longer);
+    }
+    table.moveTo(1000);
+    table.setValue(0, u"short"_s);
+    add(table, u"last"_s);
+    for (int row = 0; row < 2000; ++row) {
+        const QString expected = row == 1000               ? u"short"_s
+                                 : row == 0 || row == 1999 ? longer
+                                                           : QString::number(row);
+        QCOMPARE(table.textAt(row, 0), expected);
+    }
+    QCOMPARE(table.textAt(2000, 0), u"last"_s);
+}
+
+void tst_recordset::textsAreLimitedByTheirField()
+{
+    Recordset table;
+    table.appendField(u"T"_s, adVarChar, 5);
+    table.appendField(u"D"_s, adVarChar, 1000);
+    table.Open();
+    table.AddNew();
+    table.setValue(0, u"12345"_s);
+    QCOMPARE(raisedError([&] { table.setValue(0, u"123456"_s); }), -2147217887);
+    QCOMPARE(table.value(0), Value(u"12345"_s));
+    // A date becomes the field's text.
+    table.setValue(1, QDateTime(QDate(2026, 9, 1), QTime(13, 5, 9)));
+    QCOMPARE(table.value(1), Value(u"9/1/2026 13:05:09"_s));
+}
+
+void tst_recordset::sorts_data()
+{
+    QTest::addColumn<QList<Value>>("values");
+    QTest::addColumn<QString>("order");
+    QTest::addColumn<QStringList>("expected");
+    const QList<Value> dates = {u"12/1/2026"_s, u"9/1/2026"_s, u"1/1/2026"_s};
+    QTest::newRow("text, descending")
+        << dates << u"V DESC"_s << QStringList({u"9/1/2026"_s, u"12/1/2026"_s, u"1/1/2026"_s});
+    QTest::newRow("text, ascending by default, name in any case and brackets")
+        << dates << u" [v] "_s << QStringList({u"1/1/2026"_s, u"12/1/2026"_s, u"9/1/2026"_s});
+    QTest::newRow("no order") << dates << u""_s
+                              << QStringList({u"12/1/2026"_s, u"9/1/2026"_s, u"1/1/2026"_s});
+    QTest::newRow("numbers by value") << QList<Value>({10, 9.5, ExactNumber{u"9.75"_s}})
+                                      << u"V asc"_s << QStringList({u"9.5"_s, u"9.75"_s, u"10"_s});
+    QTest::newRow("nulls first") << QList<Value>({u"b"_s, NullValue{}, 3}) << u"V"_s
+                                 << QStringList({u""_s, u"3"_s, u"b"_s});
+}
+
+void tst_recordset::sorts()
+{
+    QFETCH(QList<Value>, values);
+    QFETCH(QString, order);
+    QFETCH(QStringList, expected);
+    Recordset table;
+    openSingle(table);
+    for (const Value &value : values)
+        add(table, value);
+    table.setSort(order);
+    QCOMPARE(texts(table), expected);
+    QCOMPARE(raisedError([&] { table.setSort(u"W"_s); }), 3265);
+    table.setSort(QString());
+    QCOMPARE(table.textAt(0, 0), values.first().toText());
+}
+
+void tst_recordset::sortIsKeptForLaterRows()
+{
+    Recordset table;
+    table.setSort(u"V, N DESC"_s);
+    table.appendField(u"N"_s, adVariant);
+    table.appendField(u"V"_s, adVariant);
+    table.Open();
+    const QList<std::pair<int, QString>> rows = {
+        {1, u"m"_s}, {2, u"a"_s}, {3, u"z"_s}, {4, u"m"_s}};
+    for (const auto &[number, text] : rows) {
+        table.AddNew();
+        table.setValue(0, number);
+        table.setValue(1, text);
+    }
+    QCOMPARE(texts(table), QStringList({u"2"_s, u"4"_s, u"1"_s, u"3"_s}));
+    table.moveTo(3);
+    table.setValue(1, u"b"_s); // takes its place when it is left
+    QCOMPARE(texts(table), QStringList({u"2"_s, u"3"_s, u"4"_s, u"1"_s}));
+}
+
+void tst_recordset::appendsRowText()
+{
+    Recordset table;
+    for (const auto &name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s})
+        table.appendField(name, adVariant);
+    table.Open();
+    table.AddNew();
+    table.setValue(0, 1);
+    table.setValue(1, u"€"_s);
+    table.setValue(2, ExactNumber{u"2.500"_s});
+    QString text = u">"_s;
+    table.appendRowText(0, 0, 3, u',', text); // while it is being edited
+    table.MoveNext();
+    table.appendRowText(0, 1, 2, u'\t', text);
+    QCOMPARE(text, u">1,€,2.5,€\t2.5"_s);
+}
+
+QTEST_APPLESS_MAIN(tst_recordset)
+#include "tst_recordset.moc"

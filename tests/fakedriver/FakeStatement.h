@@ -1,0 +1,107 @@
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+struct Diagnostic
+{
+    std::string state;
+    SQLINTEGER native;
+    std::string text;
+};
+
+struct Handle
+{
+    std::vector<Diagnostic> diagnostics;
+    bool badLengths = false;
+
+    SQLRETURN fail(const std::string &state, SQLINTEGER native, const std::string &text)
+    {
+        diagnostics.push_back({state, native, text});
+        return SQL_ERROR;
+    }
+};
+
+struct Statement;
+
+struct Connection : Handle
+{
+    std::map<std::string, std::string> items;
+    std::vector<Statement *> statements;
+
+    long item(const std::string &name, long otherwise) const
+    {
+        const auto found = items.find(name);
+        return found == items.end() ? otherwise : std::stol(found->second);
+    }
+};
+
+struct Column
+{
+    bool isText;
+    bool isTableColumn;
+    SQLULEN size;
+    size_t length;
+    SQLSMALLINT cType = 0; ///< 0 while unbound
+    char *values = nullptr;
+    SQLLEN width = 0;
+    SQLLEN *indicators = nullptr;
+    size_t given = 0; ///< bytes that SQLGetData has given of the current row's value
+};
+
+struct Output
+{
+    SQLSMALLINT cType;
+    char *value;
+    SQLLEN *indicator;
+};
+
+struct Statement : Handle
+{
+    explicit Statement(Connection *c)
+        : connection(c)
+    {
+        c->statements.push_back(this);
+    }
+    ~Statement() { std::erase(connection->statements, this); }
+
+    Connection *connection;
+    std::string prepared;
+    std::vector<Column> columns;
+    std::vector<Output> outputs;
+    SQLULEN rows = 0;
+    SQLULEN fetched = 0;  ///< rows given so far
+    SQLULEN position = 0; ///< the row that SQLGetData reads
+    SQLULEN blockStart = 0;
+    SQLULEN rowsPerBlock = 1;
+    SQLULEN *fetchedCount = nullptr;
+    SQLUSMALLINT *rowStates = nullptr;
+    long lostRow = -1;
+    long errorRow = -1;
+    bool storedLength = false;
+    bool noTotal = false;
+    bool isStuck = false;
+    bool isLate = false;
+
+    bool hasOpenRows() const { return !columns.empty() && fetched < rows; }
+    void close()
+    {
+        columns.clear();
+        rows = fetched = 0;
+        lostRow = errorRow = -1;
+        storedLength = noTotal = isStuck = isLate = badLengths = false;
+    }
+};
+
+/// Understands a statement and makes its result. @returns what the driver returns
+SQLRETURN execute(Statement &statement, const std::string &text);
+/// Fetches the row that stands at position into place @p inBlock of the bound memory.
+SQLRETURN fillRow(Statement &statement, SQLULEN inBlock);
+/// A value in UTF-16, or as a 64-bit number.
+std::string valueBytes(const Column &column, SQLULEN row);
+/// Stores as much of @p bytes as fits. @returns the bytes stored
+size_t store(const Column &column, const std::string &bytes, char *target, SQLLEN room);
