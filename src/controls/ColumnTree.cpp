@@ -1,7 +1,7 @@
 #include "controls/ColumnTree.h"
 
+#include "controls/gridLook.h"
 #include "controls/selectionText.h"
-#include "controls/theme.h"
 #include "platform/RuntimeError.h"
 #include "platform/errorTraps.h"
 
@@ -50,13 +50,11 @@ ColumnTree::ColumnTree(QWidget *parent)
 {
     setAccessibleName(tr("Execution plan"));
     setHeaderLabels({QString()});
-    setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
-    setSelectionMode(ExtendedSelection);
     setUniformRowHeights(true);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
-    applyGridColours(this);
+    applyGridLook(this);
 }
 
 void ColumnTree::addColumn(const QString &key, const QString &caption, int width,

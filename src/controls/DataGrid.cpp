@@ -5,8 +5,8 @@
 #include "controls/OneLineDelegate.h"
 #include "controls/RecordsetModel.h"
 #include "controls/RowNumberHeader.h"
+#include "controls/gridLook.h"
 #include "controls/selectionText.h"
-#include "controls/theme.h"
 #include "platform/errorTraps.h"
 
 #include <QEvent>
@@ -58,16 +58,11 @@ DataGrid::DataGrid(QWidget *parent)
     // The view would lay itself out anew and paint everything for every batch of rows.
     disconnect(verticalHeader(), &QHeaderView::sectionCountChanged, this, nullptr);
 
-    setAlternatingRowColors(true);
-    setEditTriggers(NoEditTriggers);
-    setSelectionMode(ExtendedSelection);
-    setTabKeyNavigation(false);
     setWordWrap(false);
-    setHorizontalScrollMode(ScrollPerPixel);
 
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 
-    applyGridColours(this);
+    applyGridLook(this);
     fitRowHeight();
 }
 
@@ -98,12 +93,12 @@ void DataGrid::showAddedRows()
 void DataGrid::takeAddedRows()
 {
     const int rowsBefore = m_model->rowCount();
-    bool otherColumns = false;
+    bool otherTable = false;
     {
         const PaintingSuspended quiet(verticalHeader()->viewport());
-        otherColumns = m_model->update();
+        otherTable = m_model->update();
     }
-    if (otherColumns)
+    if (otherTable)
         m_widthsFitted = false;
     fitColumnWidths();
     updateGeometries();

@@ -2,8 +2,8 @@
 
 #include "controls/ColumnHeader.h"
 #include "controls/FlexGridModel.h"
+#include "controls/gridLook.h"
 #include "controls/selectionText.h"
-#include "controls/theme.h"
 #include "controls/twips.h"
 #include "platform/RuntimeError.h"
 #include "platform/errorTraps.h"
@@ -33,19 +33,14 @@ FlexGrid::FlexGrid(QWidget *parent)
     setHorizontalHeader(new ColumnHeader(this));
     setModel(m_model);
     setAccessibleName(tr("Statements"));
-    setAlternatingRowColors(true);
-    setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
-    setSelectionMode(ExtendedSelection);
-    setTabKeyNavigation(false);
-    setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
     for (QHeaderView *header : {horizontalHeader(), verticalHeader()}) {
         header->setHighlightSections(false);
         header->setMinimumSectionSize(1);
     }
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    applyGridColours(this);
+    applyGridLook(this);
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex &cell) { emit rowPicked(cell.row() + 1); });
 }

@@ -8,6 +8,9 @@
 
 namespace {
 
+/// Nulls read as empty texts, so the first rows together tell whether a column holds numbers.
+constexpr int rowsThatTellTheKind = 25;
+
 struct Extent
 {
     int rows = 0;
@@ -29,10 +32,12 @@ Extent extentOf(const Recordset *recordset)
     return extent;
 }
 
-QString shownText(QString text)
+QString shownText(const Recordset &recordset, int row, int column)
 {
-    if (text.size() > RecordsetModel::longestShownText) {
-        text = text.left(RecordsetModel::longestShownText);
+    constexpr int longest = RecordsetModel::longestShownText;
+    QString text = recordset.textStartAt(row, column, longest + 1);
+    if (text.size() > longest) {
+        text.truncate(longest);
         text += QChar(0x2026);
     }
     return text;
@@ -42,9 +47,11 @@ QString shownText(QString text)
 
 void RecordsetModel::setRecordset(std::shared_ptr<Recordset> recordset)
 {
+    const Extent extent = extentOf(recordset.get());
     beginResetModel();
     m_recordset = std::move(recordset);
-    measure();
+    m_rows = extent.rows;
+    m_columns = extent.columns;
     endResetModel();
 }
 
@@ -52,12 +59,8 @@ bool RecordsetModel::update()
 {
     const Extent now = extentOf(m_recordset.get());
     if (now.columns != m_columns || now.rows < m_rows) {
-        const bool otherColumns = now.columns != m_columns;
-        beginResetModel();
-        m_rows = now.rows;
-        m_columns = now.columns;
-        endResetModel();
-        return otherColumns;
+        setRecordset(m_recordset);
+        return true;
     }
     if (now.rows > m_rows) {
         beginInsertRows({}, m_rows, now.rows - 1);
@@ -65,13 +68,6 @@ bool RecordsetModel::update()
         endInsertRows();
     }
     return false;
-}
-
-void RecordsetModel::measure()
-{
-    const Extent extent = extentOf(m_recordset.get());
-    m_rows = extent.rows;
-    m_columns = extent.columns;
 }
 
 int RecordsetModel::rowCount(const QModelIndex &parent) const
@@ -84,10 +80,10 @@ int RecordsetModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : m_columns;
 }
 
-bool RecordsetModel::holdsCell(int row, int column) const
+bool RecordsetModel::holdsColumn(int column) const
 {
-    return m_recordset && m_recordset->State() == adStateOpen && row < m_recordset->RecordCount() &&
-           column < m_recordset->fieldCount();
+    return m_recordset && m_recordset->State() == adStateOpen && column < m_columns &&
+           m_columns == m_recordset->fieldCount();
 }
 
 QVariant RecordsetModel::data(const QModelIndex &index, int role) const
@@ -96,26 +92,38 @@ QVariant RecordsetModel::data(const QModelIndex &index, int role) const
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::TextAlignmentRole))
         return result;
     ignoreErrors([&] {
-        if (!holdsCell(index.row(), index.column()))
+        if (!holdsColumn(index.column()))
             return;
         if (role == Qt::DisplayRole)
-            result = shownText(m_recordset->textAt(index.row(), index.column()));
+            result = shownText(*m_recordset, index.row(), index.column());
         else if (m_recordset->isNumberAt(index.row(), index.column()))
             result = QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     });
     return result;
 }
 
+bool RecordsetModel::holdsNumbers(int column) const
+{
+    const int rows = std::min(m_rows, rowsThatTellTheKind);
+    for (int row = 0; row < rows; ++row) {
+        if (m_recordset->isNumberAt(row, column))
+            return true;
+    }
+    return false;
+}
+
 QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation == Qt::Vertical)
         return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
-    if (role == Qt::TextAlignmentRole)
-        return data(index(0, section), role);
-    QVariant name;
+    QVariant result;
     ignoreErrors([&] {
-        if (role == Qt::DisplayRole && m_recordset && section < m_columns)
-            name = m_recordset->fieldName(section);
+        if (!holdsColumn(section))
+            return;
+        if (role == Qt::DisplayRole)
+            result = m_recordset->fieldName(section);
+        else if (role == Qt::TextAlignmentRole && holdsNumbers(section))
+            result = QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     });
-    return name;
+    return result;
 }

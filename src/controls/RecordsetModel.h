@@ -21,7 +21,8 @@ public:
     void setRecordset(std::shared_ptr<Recordset> recordset);
     const std::shared_ptr<Recordset> &recordset() const { return m_recordset; }
 
-    /// Looks for rows that were added. @returns whether the columns are others than before
+    /// Looks for rows that were added. @returns whether it is another table altogether: the columns
+    /// have changed or rows have gone
     bool update();
 
     /// Longest text in UTF-16 units that is shown; a longer one is cut there and ends in an
@@ -35,8 +36,8 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 private:
-    void measure();
-    bool holdsCell(int row, int column) const;
+    bool holdsColumn(int column) const;
+    bool holdsNumbers(int column) const;
 
     std::shared_ptr<Recordset> m_recordset;
     int m_rows = 0;

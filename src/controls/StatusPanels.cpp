@@ -19,10 +19,17 @@ namespace {
 constexpr int textMargin = 6;
 constexpr int panelGap = 2;
 
-/// Widths in characters of the panels' usual texts; the rest of the bar goes to the second panel,
-/// which has none of its own.
-constexpr std::array<int, StatusPanels::panelCount> panelCharacters = {20, 10, 18, 34, 42};
-constexpr int sparePanel = 1;
+/// The panels' longest usual texts, which they are as wide as. The rest of the bar goes to the
+/// second panel, which has no text of its own.
+const std::array<QString, StatusPanels::panelCount> &usualTexts()
+{
+    static const std::array<QString, StatusPanels::panelCount> texts = {
+        u" Line: 100000 Col: 1000"_s, u"Information"_s, u"1000.123 msec"_s,
+        u"Records Retrieved: 10000000"_s, u"Query executed at 12/30/2000 20:00:00"_s};
+    return texts;
+}
+
+constexpr std::size_t sparePanel = 1;
 
 QString panelPurpose(int index)
 {
@@ -80,10 +87,22 @@ void StatusPanels::showTexts()
     update();
 }
 
+/// The widths that the panels want, in pixels.
+std::array<int, StatusPanels::panelCount> StatusPanels::usualWidths() const
+{
+    std::array<int, panelCount> widths{};
+    std::transform(usualTexts().begin(), usualTexts().end(), widths.begin(),
+                   [this](const QString &text) {
+                       return fontMetrics().horizontalAdvance(text) + 2 * textMargin;
+                   });
+    return widths;
+}
+
 QSize StatusPanels::sizeHint() const
 {
-    const int characters = std::accumulate(panelCharacters.begin(), panelCharacters.end(), 0);
-    return QSize(characters * fontMetrics().averageCharWidth(), fontMetrics().height() + 8);
+    const std::array<int, panelCount> widths = usualWidths();
+    const int width = std::accumulate(widths.begin(), widths.end(), (panelCount - 1) * panelGap);
+    return QSize(width, fontMetrics().height() + 8);
 }
 
 QSize StatusPanels::minimumSizeHint() const
@@ -94,22 +113,15 @@ QSize StatusPanels::minimumSizeHint() const
 /// The labels are of fixed size and in no layout, so that a new text asks nobody for room.
 void StatusPanels::layOutPanels()
 {
-    const int unit = fontMetrics().averageCharWidth();
-    const QRect area = rect().adjusted(0, 1, 0, -1);
-    int fixedWidth = (panelCount - 1) * panelGap;
-    for (int i = 0; i < panelCount; ++i)
-        fixedWidth += i == sparePanel ? 0 : panelCharacters[static_cast<std::size_t>(i)] * unit;
-    const int leastSpare = panelCharacters[sparePanel] * unit;
-    const int spare = std::max(leastSpare, area.width() - fixedWidth);
-    const double squeeze = std::min(1.0, double(area.width()) / (fixedWidth + spare));
-
-    int left = area.left();
-    for (int i = 0; i < panelCount; ++i) {
-        const int wanted =
-            i == sparePanel ? spare : panelCharacters[static_cast<std::size_t>(i)] * unit;
-        QLabel *panel = m_labels[static_cast<std::size_t>(i)];
-        panel->setFixedSize(static_cast<int>(wanted * squeeze), area.height());
-        panel->move(left, area.top());
+    std::array<int, panelCount> widths = usualWidths();
+    const int spare = width() - sizeHint().width();
+    widths[sparePanel] += std::max(0, spare);
+    const double squeeze = std::min(1.0, double(width()) / sizeHint().width());
+    int left = 0;
+    for (std::size_t i = 0; i < panelCount; ++i) {
+        QLabel *panel = m_labels[i];
+        panel->setFixedSize(static_cast<int>(widths[i] * squeeze), height() - 2);
+        panel->move(left, 1);
         left += panel->width() + panelGap;
     }
 }

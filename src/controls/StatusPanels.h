@@ -40,6 +40,7 @@ protected:
 private:
     QLabel *label(int panel) const;
     QRect textRect(const QLabel *panel) const;
+    std::array<int, panelCount> usualWidths() const;
     void layOutPanels();
     void showTexts();
 

@@ -28,8 +28,8 @@ QMessageBox::Icon boxIcon(MessageIcon icon)
     return QMessageBox::NoIcon;
 }
 
-/// A text that would make the box higher than a good part of the screen is shown in a field that
-/// scrolls.
+/// A text that would take a good part of the screen, or that cannot be broken into lines, is shown
+/// in a field that scrolls.
 void showLongTextScrolling(QMessageBox &box)
 {
     const QSize screen = box.screen()->availableGeometry().size();
@@ -38,7 +38,8 @@ void showLongTextScrolling(QMessageBox &box)
                                                         Qt::TextWordWrap, box.text());
     auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
     auto *layout = qobject_cast<QGridLayout *>(box.layout());
-    if (needed.height() <= room.height() || !label || !layout)
+    const bool fits = needed.height() <= room.height() && needed.width() <= room.width();
+    if (fits || !label || !layout)
         return;
     auto *field = new QPlainTextEdit(box.text(), &box);
     field->setObjectName(u"messageText"_s);

@@ -186,6 +186,13 @@ QString MemoryTable::text(qint64 position, int field) const
     return packedText(cell(position, field));
 }
 
+QString MemoryTable::textStart(qint64 position, int field, qsizetype longest) const
+{
+    if (isEdited(position))
+        return text(position, field).left(longest);
+    return packedCellTextStart(cell(position, field), longest);
+}
+
 bool MemoryTable::isNumber(qint64 position, int field) const
 {
     if (isEdited(position))

@@ -30,6 +30,7 @@ public:
 
     Value value(qint64 position, int field) const;
     QString text(qint64 position, int field) const;
+    QString textStart(qint64 position, int field, qsizetype longest) const;
     bool isNumber(qint64 position, int field) const;
     void appendText(qint64 position, int firstField, int lastField, QChar separator,
                     QString &text) const;

@@ -204,6 +204,12 @@ QString Recordset::textAt(qint64 row, int field) const
     return d->table().text(row, field);
 }
 
+QString Recordset::textStartAt(qint64 row, int field, qsizetype longest) const
+{
+    d->requireCell(row, field);
+    return d->table().textStart(row, field, longest);
+}
+
 bool Recordset::isNumberAt(qint64 row, int field) const
 {
     d->requireCell(row, field);

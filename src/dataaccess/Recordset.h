@@ -100,6 +100,8 @@ public:
     Value valueAt(qint64 row, int field) const;
     /// The text form of a value; what valueAt(…).toText() gives, without building the value.
     QString textAt(qint64 row, int field) const;
+    /// The first @p longest UTF-16 units of textAt(); does not read the rest of a long value.
+    QString textStartAt(qint64 row, int field, qsizetype longest) const;
     bool isNumberAt(qint64 row, int field) const;
     /// Appends the text forms of row @p row's fields @p firstField to @p lastField, with
     /// @p separator between them.

@@ -2,6 +2,7 @@
 
 #include "platform/textForms.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <iterator>
@@ -191,6 +192,30 @@ void appendPackedCellText(const char *cell, QString &text)
     } else if (tag != CellEmpty && tag != CellNull) {
         text += packedCellValue(cell).toText();
     }
+}
+
+QString packedCellTextStart(const char *cell, qsizetype longest)
+{
+    const quint8 tag = tagOf(cell);
+    const char *at = cell + 1;
+    if (tag == CellLatin1) {
+        const QLatin1StringView text = readLatin1(cell);
+        return QString(text.left(std::min(longest, text.size())));
+    }
+    if (tag == CellUtf16) {
+        QString text(std::min(longest, readLength(at)), Qt::Uninitialized);
+        std::memcpy(text.data(), at, static_cast<size_t>(text.size()) * sizeof(QChar));
+        return text;
+    }
+    if (tag == CellBinary) {
+        const QByteArrayView bytes = readBytes(at);
+        const qsizetype shown = std::min(longest / 2 + 1, bytes.size());
+        return Value(bytes.first(shown).toByteArray()).toText().left(longest);
+    }
+    QString text;
+    appendPackedCellText(cell, text);
+    text.truncate(longest);
+    return text;
 }
 
 bool isPackedNull(const char *cell)

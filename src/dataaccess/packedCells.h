@@ -34,5 +34,7 @@ const char *packedCellEnd(const char *cell);
 Value packedCellValue(const char *cell);
 /// Appends what packedCellValue(cell).toText() gives.
 void appendPackedCellText(const char *cell, QString &text);
+/// The first @p longest UTF-16 units of that text; costs no more for a longer one.
+QString packedCellTextStart(const char *cell, qsizetype longest);
 bool isPackedNull(const char *cell);
 bool isPackedNumber(const char *cell);

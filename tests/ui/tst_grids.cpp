@@ -66,6 +66,7 @@ using CellsList = QList<Cells>;
 } // namespace
 
 Q_DECLARE_METATYPE(CellsList)
+Q_DECLARE_METATYPE(Value)
 
 class tst_grids : public QObject
 {
@@ -77,7 +78,9 @@ private slots:
     void gridSurvivesClosing();
     void gridTakesAddedRowsInBatches();
     void gridFitsWidthsOnce();
+    void gridShowsLongTextsOnOneLine_data();
     void gridShowsLongTextsOnOneLine();
+    void coloursFollowThePalette();
     void selectionAsText_data();
     void selectionAsText();
     void copyKey();
@@ -90,18 +93,19 @@ void tst_grids::gridShowsItsRecordset()
 {
     const RecordsetPtr recordset = table({u"NAME"_s, u"SAL"_s, u"NONE"_s});
     addRow(recordset, {Value(u"SMITH"_s), Value(ExactNumber{u"800.5"_s}), Value(NullValue{})});
+    addRow(recordset, {Value(u"JONES"_s), Value(1), Value(7)});
     DataGrid grid;
     grid.setDataSource(recordset);
 
     const QAbstractItemModel &model = *grid.model();
-    QCOMPARE(model.rowCount(), 1);
+    QCOMPARE(model.rowCount(), 2);
     QCOMPARE(model.headerData(1, Qt::Horizontal).toString(), u"SAL"_s);
     QCOMPARE(model.index(0, 0).data().toString(), u"SMITH"_s);
     QCOMPARE(model.index(0, 1).data().toString(), u"800.5"_s);
     QCOMPARE(model.index(0, 2).data().toString(), QString());
     QVERIFY(!model.index(0, 0).data(Qt::TextAlignmentRole).isValid());
     for (const QVariant &alignment : {model.index(0, 1).data(Qt::TextAlignmentRole),
-                                      model.headerData(1, Qt::Horizontal, Qt::TextAlignmentRole)})
+                                      model.headerData(2, Qt::Horizontal, Qt::TextAlignmentRole)})
         QVERIFY(alignment.toInt() & Qt::AlignRight);
 }
 
@@ -201,19 +205,50 @@ void tst_grids::gridFitsWidthsOnce()
     QCOMPARE(grid.columnWidth(0), 77);
 }
 
+void tst_grids::gridShowsLongTextsOnOneLine_data()
+{
+    QTest::addColumn<Value>("value");
+    QTest::addColumn<QString>("start");
+    const QString code = u"begin\r\n\tnull;\nend;"_s;
+    const QString codeOnOneLine = u"begin\u21B5 null;\u21B5end;"_s;
+    QTest::newRow("text") << Value(code + QString(100000, u'x')) << codeOnOneLine + u"xxx"_s;
+    QTest::newRow("text beyond Latin-1")
+        << Value(code + QString(100000, u'\u0416')) << codeOnOneLine + u"\u0416\u0416"_s;
+    QTest::newRow("binary") << Value(QByteArray(100000, '\x1f')) << u"1F1F1F"_s;
+}
+
 void tst_grids::gridShowsLongTextsOnOneLine()
 {
-    const RecordsetPtr recordset = table({u"A"_s});
-    const QString whole = u"begin\r\n\tnull;\nend;"_s + QString(100000, u'x');
-    addRow(recordset, {Value(whole)});
+    QFETCH(Value, value);
+    QFETCH(QString, start);
+    const RecordsetPtr recordset = table({u"A"_s, u"B"_s});
+    addRow(recordset, {value, Value(u"last"_s)});
+    addRow(recordset, {Value(1), Value(2)});
     DataGrid grid;
     grid.setDataSource(recordset);
     const QString text = shown(grid, 0, 0);
-    QVERIFY(text.startsWith(u"begin\u21B5 null;\u21B5end;xxx"_s));
+    QCOMPARE(text.left(start.size()), start);
     QVERIFY(text.size() < 1000);
     QVERIFY(text.endsWith(QChar(0x2026)));
-    grid.selectAll();
-    QCOMPARE(grid.SelText(), whole);
+    QCOMPARE(shown(grid, 0, 1), u"last"_s);
+    grid.selectionModel()->select(grid.model()->index(0, 0), QItemSelectionModel::Select);
+    QCOMPARE(grid.SelText(), value.toText());
+}
+
+void tst_grids::coloursFollowThePalette()
+{
+    const QPalette before = QGuiApplication::palette();
+    DataGrid grid;
+    for (const QColor &base : {QColor(Qt::white), QColor(Qt::black)}) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, base);
+        palette.setColor(QPalette::Text, base == Qt::white ? Qt::black : Qt::white);
+        QGuiApplication::setPalette(palette);
+        QTRY_VERIFY(qAbs(grid.palette().color(QPalette::AlternateBase).lightness() -
+                         base.lightness()) < 20);
+        QCOMPARE(grid.palette().color(QPalette::HighlightedText), palette.color(QPalette::Text));
+    }
+    QGuiApplication::setPalette(before);
 }
 
 void tst_grids::selectionAsText_data()
