@@ -40,13 +40,6 @@ QString cellText(const Value &value)
     return value.isNull() ? u"NULL"_s : value.toText();
 }
 
-/// Without texts of its own the fixed column shows row numbers.
-void emptyFixedColumn(FlexGrid &grid)
-{
-    for (int row = 1; row < grid.Rows(); ++row)
-        grid.setTextMatrix(row, 0, QString());
-}
-
 void fillRow(FlexGrid &grid, int row, const Recordset &recordset)
 {
     grid.setRowHeight(row, rowHeight);
@@ -109,7 +102,6 @@ void frmSQLHistory::fillGrid(FlexGrid &grid, Recordset &recordset)
         recordset.MoveFirst();
         grid.setCols(recordset.fieldCount() + 1);
         grid.setRows(records + 1);
-        emptyFixedColumn(grid);
         for (int column = 1; column < grid.Cols(); ++column) {
             grid.setColWidth(column, plainColumnWidth);
             grid.setTextMatrix(0, column, recordset.fieldName(column - 1));

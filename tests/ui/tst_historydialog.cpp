@@ -34,7 +34,10 @@ struct HistoryBench
         dialog.setTxt(editor, &window);
     }
 
-    QPoint middleOf(int row) const { return grid->visualItemRect(grid->item(row - 1, 0)).center(); }
+    QPoint middleOf(int row) const
+    {
+        return grid->visualRect(grid->model()->index(row - 1, 0)).center();
+    }
     void click(int row) { QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, middleOf(row)); }
     void doubleClick(int row)
     {
