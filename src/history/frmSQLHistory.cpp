@@ -2,12 +2,14 @@
 
 #include "controls/FittingDelegate.h"
 #include "controls/FlexGrid.h"
+#include "controls/fittingFont.h"
 #include "controls/named.h"
 #include "controls/twips.h"
 #include "history/historyFile.h"
 #include "platform/checkedArithmetic.h"
 #include "platform/errorTraps.h"
 
+#include <QHeaderView>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -45,6 +47,15 @@ void fillRow(FlexGrid &grid, int row, const Recordset &recordset)
     grid.setRowHeight(row, rowHeight);
     for (int column = 1; column < grid.Cols(); ++column)
         grid.setTextMatrix(row, column, cellText(recordset.value(column - 1)));
+}
+
+/// The header of the narrow time column is to be read as a whole, however large the letters are.
+void fitHeader(FlexGrid &grid)
+{
+    QHeaderView *header = grid.horizontalHeader();
+    const int margins = 2 * grid.style()->pixelMetric(QStyle::PM_HeaderMargin) + 1;
+    header->setFont(fittingFont(header->font(), grid.TextMatrix(0, timeColumn),
+                                header->sectionSize(timeColumn - 1) - margins));
 }
 
 /// The width at which all columns can be seen beside a scroll bar.
@@ -88,6 +99,8 @@ bool frmSQLHistory::Form_Load()
         const int columns = std::min(msfgSQL->Cols(), static_cast<int>(columnWidths.size()));
         for (int column = 0; column < columns; ++column)
             msfgSQL->setColWidth(column, columnWidths[column]);
+        if (columns > timeColumn)
+            fitHeader(*msfgSQL);
     });
     return true;
 }
