@@ -217,6 +217,11 @@ void MemoryTable::appendText(qint64 position, int firstField, int lastField, QCh
     }
 }
 
+const char *MemoryTable::storedCells(qint64 position) const
+{
+    return isEdited(position) ? nullptr : m_rows.row(storedRow(position));
+}
+
 void MemoryTable::pack(qint64 position, RowWriter &row, NullForm nulls) const
 {
     const bool edited = isEdited(position);

@@ -34,6 +34,8 @@ public:
     bool isNumber(qint64 position, int field) const;
     void appendText(qint64 position, int firstField, int lastField, QChar separator,
                     QString &text) const;
+    /// The first of the packed cells of a row; null while that row is being edited.
+    const char *storedCells(qint64 position) const;
     void pack(qint64 position, RowWriter &row, NullForm nulls) const;
     qint64 bytes() const;
 

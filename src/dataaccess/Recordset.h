@@ -113,5 +113,6 @@ public:
 private:
     friend class Connection;
     friend class Command;
+    friend class RowCells;
     std::unique_ptr<RecordsetPrivate> d;
 };

@@ -281,6 +281,17 @@ void RecordsetPrivate::packCurrent(RowWriter &row, NullForm nulls) const
         m_table->pack(m_position, row, nulls);
 }
 
+const char *RecordsetPrivate::packedRow(RowWriter &copy) const
+{
+    requireCurrent();
+    const char *const stored = m_reader ? nullptr : m_table->storedCells(m_position);
+    if (stored != nullptr)
+        return stored;
+    copy.clear();
+    packCurrent(copy, NullForm::Null);
+    return copy.data();
+}
+
 void RecordsetPrivate::addNewFrom(const RecordsetPrivate &source)
 {
     MemoryTable &rows = editableTable();

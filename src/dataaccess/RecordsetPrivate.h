@@ -45,6 +45,8 @@ public:
     void addNew();
     void addNewFrom(const RecordsetPrivate &source);
     void packCurrent(RowWriter &row, NullForm nulls) const;
+    /// The current row in packed form: where it is stored, or in @p copy when it is not stored so.
+    const char *packedRow(RowWriter &copy) const;
     void setSort(const QString &order);
 
     /// The rows in memory. @throws RuntimeError 3704, or 3251 for a forward-only reader

@@ -20,20 +20,6 @@ struct Overloaded : Alternatives...
 template <typename... Alternatives>
 Overloaded(Alternatives...) -> Overloaded<Alternatives...>;
 
-void appendPadded(QString &text, int number, int digits)
-{
-    text += QString::number(number).rightJustified(digits, u'0');
-}
-
-void appendTimeOfDay(QString &text, const Timestamp &time)
-{
-    appendPadded(text, time.hour, 2);
-    text += u':';
-    appendPadded(text, time.minute, 2);
-    text += u':';
-    appendPadded(text, time.second, 2);
-}
-
 qint32 roundedInteger(double number)
 {
     const double rounded = std::nearbyint(number); // halves go to the even neighbour
@@ -109,17 +95,14 @@ qint32 Value::toInteger() const
 
 // Not by way of QDateTime: a data source's local times include those that a time zone's change to
 // summer time leaves out.
+ShortText timestampForm(const Timestamp &timestamp)
+{
+    const bool hasDate = timestamp.year != 0 || timestamp.month != 0 || timestamp.day != 0;
+    const ClockTime clockTime = timestamp.clockTime();
+    return hasDate ? dateTimeForm(clockTime) : timeOfDayForm(clockTime);
+}
+
 QString timestampToText(const Timestamp &timestamp)
 {
-    QString text;
-    const bool hasDate = timestamp.year != 0 || timestamp.month != 0 || timestamp.day != 0;
-    if (hasDate) {
-        text = QString::number(timestamp.month) + u'/' + QString::number(timestamp.day) + u'/';
-        appendPadded(text, timestamp.year, 4);
-        if (timestamp.hour == 0 && timestamp.minute == 0 && timestamp.second == 0)
-            return text;
-        text += u' ';
-    }
-    appendTimeOfDay(text, timestamp);
-    return text;
+    return timestampForm(timestamp).toString();
 }

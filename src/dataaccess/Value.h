@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/textForms.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -38,6 +40,8 @@ struct Timestamp
     quint8 minute = 0;
     quint8 second = 0;
     quint32 nanosecond = 0; ///< 0 to 999,999,999
+
+    ClockTime clockTime() const { return {year, month, day, hour, minute, second}; }
     friend bool operator==(const Timestamp &, const Timestamp &) = default;
 };
 
@@ -111,3 +115,4 @@ private:
 /// The text form of a point in time; the same as dateTimeToText() gives, for years 0 to 9999, a
 /// time of day alone as `HH:mm:ss`.
 QString timestampToText(const Timestamp &timestamp);
+ShortText timestampForm(const Timestamp &timestamp);

@@ -72,25 +72,42 @@ QString readUtf16(const char *at)
     return text;
 }
 
-QString readDigits(const char *at, qsizetype length)
+/// The characters of a cell of digits.
+class DigitCharacters
 {
-    QString digits(length, Qt::Uninitialized);
-    QChar *out = digits.data();
-    for (qsizetype i = 0; i < length; ++i) {
-        const auto pair = static_cast<quint8>(at[i / 2]);
-        out[i] = QLatin1Char(digitCharacters[i % 2 == 0 ? pair >> 4 : pair & 0x0F]);
+public:
+    explicit DigitCharacters(const char *cell)
+    {
+        const quint8 tag = static_cast<quint8>(*cell);
+        const char *at = cell + 1;
+        m_length = tag == CellDigits ? readLength(at) : tag - CellShortDigits;
+        if (m_length > static_cast<qsizetype>(std::size(m_short)))
+            m_long.resize(m_length + 1);
+        // Two digits a byte, the last one's partner included.
+        char *out = m_long.isEmpty() ? m_short : m_long.data();
+        for (const char *const end = at + (m_length + 1) / 2; at != end; ++at) {
+            const auto pair = static_cast<quint8>(*at);
+            *out++ = digitCharacters[pair >> 4];
+            *out++ = digitCharacters[pair & 0x0F];
+        }
     }
-    return digits;
-}
+
+    QByteArrayView view() const
+    {
+        return {m_long.isEmpty() ? m_short : m_long.constData(), m_length};
+    }
+
+private:
+    char m_short[48];
+    QByteArray m_long; ///< used by those that are longer
+    qsizetype m_length = 0;
+};
 
 QString readExactNumber(const char *cell)
 {
-    const quint8 tag = tagOf(cell);
-    const char *at = cell + 1;
-    if (tag == CellNumberText)
-        return readUtf16(at);
-    const qsizetype length = tag == CellDigits ? readLength(at) : tag - CellShortDigits;
-    return readDigits(at, length);
+    if (tagOf(cell) == CellNumberText)
+        return readUtf16(cell + 1);
+    return QString::fromLatin1(DigitCharacters(cell).view());
 }
 
 QByteArrayView readBytes(const char *at)
@@ -105,6 +122,32 @@ QLatin1StringView readLatin1(const char *cell)
         return QLatin1StringView(cell + 1, tagOf(cell) - CellShortLatin1);
     const QByteArrayView bytes = readBytes(cell + 1);
     return QLatin1StringView(bytes.data(), bytes.size());
+}
+
+void appendUtf8(QLatin1StringView characters, ByteBuffer &text)
+{
+    const char *from = characters.data();
+    const char *const end = from + characters.size();
+    char *const begin = text.room(2 * characters.size());
+    char *to = begin;
+    // Eight at a time as long as they are the same in UTF-8.
+    constexpr quint64 highBits = 0x8080'8080'8080'8080U;
+    for (quint64 eight = 0; end - from >= 8; from += 8, to += 8) {
+        std::memcpy(&eight, from, sizeof eight);
+        if (eight & highBits)
+            break;
+        std::memcpy(to, &eight, sizeof eight);
+    }
+    for (; from != end; ++from) {
+        const auto code = static_cast<quint8>(*from);
+        if (code < 0x80) {
+            *to++ = *from;
+        } else {
+            *to++ = static_cast<char>(0xC0 | (code >> 6));
+            *to++ = static_cast<char>(0x80 | (code & 0x3F));
+        }
+    }
+    text.added(to - begin);
 }
 
 } // namespace
@@ -216,6 +259,39 @@ QString packedCellTextStart(const char *cell, qsizetype longest)
     appendPackedCellText(cell, text);
     text.truncate(longest);
     return text;
+}
+
+const char *appendPackedCellUtf8(const char *cell, ByteBuffer &text)
+{
+    const quint8 tag = tagOf(cell);
+    if (tag >= CellShortLatin1 || tag == CellLatin1) {
+        const QLatin1StringView characters = readLatin1(cell);
+        appendUtf8(characters, text);
+        return characters.end();
+    }
+    if (tag >= CellShortDigits || tag == CellDigits) {
+        appendExactNumber(DigitCharacters(cell).view(), text);
+    } else if (tag >= CellInteger && tag <= CellInteger + 8) {
+        constexpr qsizetype mostDigits = 24;
+        char *const begin = text.room(mostDigits);
+        text.added(std::to_chars(begin, begin + mostDigits, readInteger(cell)).ptr - begin);
+    } else if (tag >= CellDate && tag <= CellTimestamp) {
+        text.append(timestampForm(readTimestamp(cell)).view());
+    } else if (tag == CellDouble) {
+        const char *at = cell + 1;
+        text.append(doubleForm(readNumber<double>(at)).view());
+    } else if (tag != CellEmpty && tag != CellNull) {
+        text.append(packedCellValue(cell).toText().toUtf8());
+    }
+    return packedCellEnd(cell);
+}
+
+std::optional<Timestamp> packedCellTimestamp(const char *cell)
+{
+    const quint8 tag = tagOf(cell);
+    if (tag < CellDate || tag > CellTimestamp)
+        return std::nullopt;
+    return readTimestamp(cell);
 }
 
 bool isPackedNull(const char *cell)

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "dataaccess/Value.h"
+#include "platform/ByteBuffer.h"
+
+#include <optional>
 
 /// The form in which the cells of an in-memory row lie one behind the other. A cell is a tag byte,
 /// which carries short lengths itself, and a payload without alignment. RowWriter writes it; the
@@ -36,5 +39,9 @@ Value packedCellValue(const char *cell);
 void appendPackedCellText(const char *cell, QString &text);
 /// The first @p longest UTF-16 units of that text; costs no more for a longer one.
 QString packedCellTextStart(const char *cell, qsizetype longest);
+/// Appends that text in UTF-8. @returns where the next cell begins
+const char *appendPackedCellUtf8(const char *cell, ByteBuffer &text);
+/// The point in time that a cell holds, if it holds one.
+std::optional<Timestamp> packedCellTimestamp(const char *cell);
 bool isPackedNull(const char *cell);
 bool isPackedNumber(const char *cell);

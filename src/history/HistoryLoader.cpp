@@ -68,9 +68,10 @@ void HistoryLoader::addRecord()
 
 void HistoryLoader::setTime()
 {
-    if (!m_recordSkipped)
-        m_recordset.setValue(1,
-                             dateTimeToText(textToClockTime(QString::fromLocal8Bit(m_lastLine))));
+    if (!m_recordSkipped) {
+        const ClockTime time = textToClockTime(QString::fromLocal8Bit(m_lastLine));
+        m_recordset.setValue(1, dateTimeForm(time).toString());
+    }
     m_lastLine.clear();
     clear();
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/ByteBuffer.h"
+#include "platform/ShortText.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringView>
@@ -18,10 +21,16 @@ QString dateTimeToText(const QDateTime &dateTime);
 /// the time zone, which counts where there are thousands of them.
 struct ClockTime
 {
-    QDate date;
-    QTime time;
+    int year = 0; ///< 0 to 9999
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
 };
-QString dateTimeToText(const ClockTime &clockTime);
+ShortText dateTimeForm(const ClockTime &clockTime);
+/// `HH:mm:ss`
+ShortText timeOfDayForm(const ClockTime &clockTime);
 /// Reads like textToDateTime().
 ClockTime textToClockTime(QStringView text);
 
@@ -31,15 +40,18 @@ ClockTime textToClockTime(QStringView text);
 QDateTime textToDateTime(QStringView text);
 
 /// The date as `05-Mar-2024`: two-digit day, English three-letter month, four-digit year.
-QString dayMonthYear(const QDate &date);
+ShortText dayMonthYearForm(const ClockTime &date);
 
 /// At most 15 significant digits, no trailing zeros; scientific form (`1E+15`,
 /// `1.23456789012345E-04`) where the plain one would be longer than 15 digits.
 QString doubleToText(double value);
+ShortText doubleForm(double value);
 
 /// Digits as the server sent them, without the zeros that end its fraction ("1.50" is 1.5,
 /// ".5" is 0.5). Text that is not a plain decimal number comes back unchanged.
 QString exactNumberToText(QStringView digits);
+/// The same for digits in UTF-8, behind what @p text holds already.
+void appendExactNumber(QByteArrayView digits, ByteBuffer &text);
 
 /// Text to a whole number, rounding halves to even. Understands what people write for numbers:
 /// surrounding blanks, tabs and line feeds, a sign on either side, parentheses for negative, `$`,

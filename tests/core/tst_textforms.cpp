@@ -111,9 +111,12 @@ void tst_TextForms::skippedHourKeepsItsFields()
 
 void tst_TextForms::dayMonthYears()
 {
-    QCOMPARE(dayMonthYear(QDate(2024, 3, 5)), u"05-Mar-2024"_s);
-    QCOMPARE(dayMonthYear(QDate(987, 12, 31)), u"31-Dec-0987"_s);
-    QCOMPARE(dayMonthYear(QDate()), QString());
+    const auto form = [](int year, int month, int day) {
+        return dayMonthYearForm({.year = year, .month = month, .day = day}).toString();
+    };
+    QCOMPARE(form(2024, 3, 5), u"05-Mar-2024"_s);
+    QCOMPARE(form(987, 12, 31), u"31-Dec-0987"_s);
+    QCOMPARE(form(0, 0, 0), QString());
 }
 
 void tst_TextForms::doubles_data()
@@ -185,6 +188,10 @@ void tst_TextForms::exactNumbers()
 {
     QFETCH(QString, digits);
     QTEST(exactNumberToText(digits), "text");
+    ByteBuffer utf8;
+    utf8.append('=');
+    appendExactNumber(digits.toUtf8(), utf8);
+    QTEST(QString::fromUtf8(utf8.view()).sliced(1), "text");
 }
 
 void tst_TextForms::integers_data()

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QChar>
+
+/// For QChar and for bytes of UTF-8.
+inline constexpr auto isDigit = [](auto c) { return c >= u'0' && c <= u'9'; };
+
+/// What separates words and surrounds numbers: a blank, or one of the controls tab to carriage
+/// return.
+constexpr bool isWhiteSpace(QChar c)
+{
+    return c == u' ' || (c >= u'\t' && c <= u'\r');
+}

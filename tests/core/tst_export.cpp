@@ -1,0 +1,214 @@
+#include "dataaccess/Recordset.h"
+#include "export/exportFormats.h"
+#include "support/raisedError.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Column
+{
+    QString name;
+    DataTypeEnum type = adVariant;
+};
+
+/// An open table of @p columns with @p rows.
+std::shared_ptr<Recordset> makeTable(const QList<Column> &columns, const QList<QList<Value>> &rows)
+{
+    auto table = std::make_shared<Recordset>();
+    for (const Column &column : columns)
+        table->appendField(column.name, column.type);
+    table->Open();
+    for (const QList<Value> &row : rows) {
+        table->AddNew();
+        for (int field = 0; field < row.size(); ++field)
+            table->setValue(field, row[field]);
+    }
+    return table;
+}
+
+using Writer = std::function<void(Recordset &, const QString &path)>;
+
+const Writer comma = writeCommaDelimited;
+const Writer tab = [](Recordset &rs, const QString &path) { writeDelimited(rs, path, u"\t"_s); };
+
+Writer other(const QString &separator)
+{
+    return [separator](Recordset &rs, const QString &path) { writeDelimited(rs, path, separator); };
+}
+
+Writer insert(const QString &table)
+{
+    return [table](Recordset &rs, const QString &path) { writeInsertStatements(rs, path, table); };
+}
+
+} // namespace
+
+class tst_Export : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void lines_data();
+    void lines();
+    void textFormsAreThoseOfValues();
+    void startsFromTheFirstRecordAgain();
+    void countsInSixteenBits();
+    void failures();
+
+private:
+    QByteArray content() const
+    {
+        QFile file(m_path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not there)");
+    }
+
+    QTemporaryDir m_folder;
+    QString m_path = m_folder.filePath(u"Export.txt"_s);
+};
+
+void tst_Export::lines_data()
+{
+    QTest::addColumn<Writer>("write");
+    QTest::addColumn<std::shared_ptr<Recordset>>("table");
+    QTest::addColumn<QByteArray>("content");
+    const auto row = [](const char *name, const Writer &write,
+                        const std::shared_ptr<Recordset> &table, const QByteArray &content) {
+        QTest::newRow(name) << write << table << content;
+    };
+    const QList<Column> two = {{u"A"_s}, {u"B"_s}};
+    const Timestamp hired{2024, 3, 5, 17, 8, 9, 0};
+
+    const auto trimmed = makeTable(two, {{u"  a b "_s, 1}, {u" \tx\t "_s, u"   "_s}});
+    row("comma, trimmed", comma, trimmed, "a b,1\r\n\tx\t,\r\n");
+    row("tab, trimmed", tab, trimmed, "a b\t1\r\n\tx\t\t\r\n");
+    row("other, trimmed", other(u" || "_s), trimmed, "a b || 1\r\n\tx\t || \r\n");
+    row("other, no separator", other(QString()), trimmed, "a b1\r\n\tx\t\r\n");
+    row("insert, as it stands", insert(u"t"_s), trimmed,
+        "Insert into t (A,B) VALUES ('  a b ' ,'1' );\r\n"
+        "Insert into t (A,B) VALUES (' \tx\t ' ,'   ' );\r\n");
+
+    const auto nulls =
+        makeTable(two, {{NullValue{}, 1}, {1, NullValue{}}, {NullValue{}, NullValue{}}});
+    row("comma, nulls", comma, nulls, ",1\r\n1,,\r\n,,\r\n");
+    row("tab, nulls", tab, nulls, "\t1\r\n1\t\t\r\n\t\t\r\n");
+    row("other, nulls are tabs", other(u";"_s), nulls, "\t1\r\n1;\t\r\n\t\t\r\n");
+    row("other, nulls without a separator", other(QString()), nulls, "\t1\r\n1\t\r\n\t\t\r\n");
+    row("insert, nulls", insert(u"t"_s), makeTable(two, {{NullValue{}, 1}}),
+        "Insert into t (A,B) VALUES ('' ,'1' );\r\n");
+
+    const auto quoting = makeTable(two, {{u"a,b\t'c'"_s, u"\"d\r\ne\""_s}});
+    row("comma, nothing is quoted", comma, quoting, "a,b\t'c',\"d\r\ne\"\r\n");
+    row("insert, no quote is doubled", insert(QString()), quoting,
+        "Insert into  (A,B) VALUES ('a,b\t'c'' ,'\"d\r\ne\"' );\r\n");
+
+    const auto dates =
+        makeTable({{u"HIRED"_s, adDBTimeStamp}, {u"SEEN"_s, adVariant}, {u"NAME"_s, adVarChar}},
+                  {{hired, hired, hired}, {NullValue{}, NullValue{}, NullValue{}}});
+    row("comma, dates", comma, dates,
+        "3/5/2024 17:08:09,3/5/2024 17:08:09,3/5/2024 17:08:09\r\n,,,\r\n");
+    row("insert, dates of timestamp fields", insert(u"EMP"_s), dates,
+        "Insert into EMP (HIRED,SEEN,NAME) VALUES ('05-Mar-2024' ,'3/5/2024 17:08:09' ,'3/5/2024 "
+        "17:08:09' );\r\n"
+        "Insert into EMP (HIRED,SEEN,NAME) VALUES ('' ,'' ,'' );\r\n");
+    row("one field", comma, makeTable({{u"A"_s}}, {{u"a"_s}, {NullValue{}}, {EmptyValue{}}}),
+        "a\r\n,\r\n\r\n");
+}
+
+void tst_Export::lines()
+{
+    QFETCH(Writer, write);
+    QFETCH(std::shared_ptr<Recordset>, table);
+    write(*table, m_path);
+    QTEST(content(), "content");
+}
+
+// The export writes packed cells, without making values of them.
+void tst_Export::textFormsAreThoseOfValues()
+{
+    QList<QList<Value>> rows;
+    QByteArray expected;
+    for (const Value &value :
+         {Value(u"äöü ß \u00ff"_s),
+          Value(u"\u4e2d\U0001F600"_s),
+          Value(QString(300, u'x')),
+          Value(QString(u"\0z"_s)),
+          Value(true),
+          Value(false),
+          Value(0),
+          Value(-1),
+          Value(std::int64_t{-9'000'000'000}),
+          Value(1.0 / 3),
+          Value(-2.5e-20),
+          Value(0.0),
+          Value(ExactNumber{u".50"_s}),
+          Value(ExactNumber{u"-12.3400"_s}),
+          Value(ExactNumber{u"123456789012345678901234567890123456789012345678901234567890.10"_s}),
+          Value(ExactNumber{u"1E+40"_s}),
+          Value(ExactNumber{u"odd"_s}),
+          Value(Timestamp{2024, 12, 31, 0, 0, 0, 5}),
+          Value(Timestamp{2024, 1, 2, 3, 4, 5, 6}),
+          Value(Timestamp{0, 0, 0, 7, 8, 9, 0}),
+          Value(QByteArray("\x00\xab", 2))}) {
+        rows.append({value});
+        expected += value.toText().toUtf8() + "\r\n";
+    }
+    writeCommaDelimited(*makeTable({{u"A"_s}}, rows), m_path);
+    QCOMPARE(content(), expected);
+}
+
+void tst_Export::startsFromTheFirstRecordAgain()
+{
+    const auto table =
+        makeTable({{u"A"_s}}, {{1}, {2}, {3}}); // the last one is current, being edited
+    for (int i = 0; i < 2; ++i) {
+        QFile::remove(m_path);
+        QCOMPARE(writeDelimited(*table, m_path, u";"_s), qint16(3));
+        QCOMPARE(content(), "1\r\n2\r\n3\r\n");
+        QVERIFY(!table->Eof());
+    }
+    writeCommaDelimited(*makeTable({{u"A"_s}}, {{1}}), m_path);
+    QCOMPARE(content(), "1\r\n");
+}
+
+void tst_Export::countsInSixteenBits()
+{
+    constexpr int most = 32767;
+    const auto table = makeTable({{u"A"_s}}, QList<QList<Value>>(most, {7}));
+    QCOMPARE(writeDelimited(*table, m_path, u"\t"_s), qint16(most));
+    QCOMPARE(writeInsertStatements(*table, m_path, u"t"_s), qint16(most));
+    table->AddNew();
+    table->setValue(0, 8);
+    const auto overflows = [&](const Writer &write) {
+        return raisedError([&] { write(*table, m_path); });
+    };
+    QCOMPARE(overflows(insert(u"t"_s)), ErrorNumber::Overflow);
+    QCOMPARE(overflows(tab), ErrorNumber::Overflow);
+    QCOMPARE(content(), QByteArray("7\r\n").repeated(most));
+    QCOMPARE(overflows(comma), 0);
+    QCOMPARE(content(), QByteArray("7\r\n").repeated(most) + "8\r\n");
+}
+
+void tst_Export::failures()
+{
+    const auto table = makeTable({{u"A"_s}}, {{1}});
+    writeCommaDelimited(*table, m_path);
+    Recordset closed;
+    QCOMPARE(raisedError([&] { writeCommaDelimited(closed, m_path); }), ErrorNumber::ObjectClosed);
+    QCOMPARE(raisedError([&] { writeCommaDelimited(*makeTable({{u"A"_s}}, {}), m_path); }),
+             ErrorNumber::NoCurrentRecord);
+    QCOMPARE(content(), "1\r\n");
+    QCOMPARE(raisedError([&] { tab(*table, u"/dev/full"_s); }), ErrorNumber::DiskFull);
+    QCOMPARE(raisedError([&] { tab(*table, m_folder.filePath(u"missing/file"_s)); }),
+             ErrorNumber::PathNotFound);
+}
+
+QTEST_GUILESS_MAIN(tst_Export)
+#include "tst_export.moc"
