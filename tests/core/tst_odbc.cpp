@@ -235,6 +235,8 @@ void tst_odbc::valuesComeWhole_data()
     row("largest integer", u"bigint"_s, u"9223372036854775807"_s,
         std::numeric_limits<std::int64_t>::max());
     row("double", u"double"_s, u"0.1"_s, 0.1);
+    row("text in a number's column", u"integer"_s, u"'fünf'"_s, u"fünf"_s);
+    row("fraction in an integer's column", u"integer"_s, u"2.5"_s, 2.5);
     row("null", u"varchar(10)"_s, u"null"_s, NullValue{});
     row("text", u"varchar(10)"_s, u"'Käse 15 €'"_s, u"Käse 15 €"_s);
     row("beyond the basic plane", u"varchar(10)"_s, u"'a\U0001F600b'"_s, u"a\U0001F600b"_s);

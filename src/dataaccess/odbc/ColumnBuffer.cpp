@@ -80,6 +80,34 @@ QString latin1(const CellView &cell)
     return QString::fromLatin1(cell.bytes, static_cast<qsizetype>(cell.length));
 }
 
+template <typename Number>
+bool readNumber(const CellView &cell, Number &number)
+{
+    const char *const end = cell.bytes + cell.length;
+    const auto [stop, error] = std::from_chars(cell.bytes, end, number);
+    return error == std::errc() && stop == end;
+}
+
+Value anyNumber(const CellView &cell)
+{
+    std::int64_t integer = 0;
+    if (readNumber(cell, integer))
+        return integer;
+    double number = 0;
+    if (readNumber(cell, number))
+        return number;
+    return QString::fromUtf8(cell.bytes, static_cast<qsizetype>(cell.length));
+}
+
+void packAnyNumber(const CellView &cell, RowWriter &row)
+{
+    std::int64_t integer = 0;
+    if (readNumber(cell, integer))
+        row.addInteger(integer);
+    else
+        row.addValue(anyNumber(cell));
+}
+
 } // namespace
 
 Value toValue(ColumnForm form, const CellView &cell)
@@ -97,6 +125,8 @@ Value toValue(ColumnForm form, const CellView &cell)
         return readAs<SQLDOUBLE>(cell);
     case ColumnForm::Digits:
         return ExactNumber{latin1(cell)};
+    case ColumnForm::AnyNumber:
+        return anyNumber(cell);
     case ColumnForm::Timestamp:
         return toTimestamp(cell);
     case ColumnForm::TimeOfDay: {
@@ -130,6 +160,8 @@ void packCell(ColumnForm form, const CellView &cell, NullForm nulls, RowWriter &
         return row.addDouble(readAs<SQLDOUBLE>(cell));
     case ColumnForm::Digits:
         return row.addDigits(cell.bytes, cell.length);
+    case ColumnForm::AnyNumber:
+        return packAnyNumber(cell, row);
     case ColumnForm::Timestamp:
         return row.addTimestamp(toTimestamp(cell));
     case ColumnForm::TimeOfDay:

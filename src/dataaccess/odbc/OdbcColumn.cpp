@@ -117,6 +117,8 @@ size_t expectedBytes(ColumnForm form, SQLULEN size)
         return sizeof(SQL_TIMESTAMP_STRUCT);
     case ColumnForm::TimeOfDay:
         return timeOfDayBytes;
+    case ColumnForm::AnyNumber:
+        return usualPrecision + digitsSlack;
     case ColumnForm::Digits:
         return std::max(isUseful ? static_cast<size_t>(size) : 0, usualPrecision) + digitsSlack;
     case ColumnForm::Binary:
@@ -125,6 +127,12 @@ size_t expectedBytes(ColumnForm form, SQLULEN size)
         return isUseful ? size * sizeof(SQLWCHAR) : 0;
     }
     return 0;
+}
+
+bool isNumberForm(ColumnForm form)
+{
+    return form == ColumnForm::Integer || form == ColumnForm::Single ||
+           form == ColumnForm::Double || form == ColumnForm::Digits;
 }
 
 } // namespace
@@ -145,6 +153,7 @@ SQLSMALLINT OdbcColumn::cType() const
     case ColumnForm::Binary:
         return SQL_C_BINARY;
     case ColumnForm::Digits:
+    case ColumnForm::AnyNumber:
     case ColumnForm::TimeOfDay:
         return SQL_C_CHAR;
     case ColumnForm::Text:
@@ -159,6 +168,7 @@ size_t OdbcColumn::terminatorBytes() const
     case ColumnForm::Text:
         return sizeof(SQLWCHAR);
     case ColumnForm::Digits:
+    case ColumnForm::AnyNumber:
     case ColumnForm::TimeOfDay:
         return sizeof(SQLCHAR);
     default:
@@ -166,7 +176,7 @@ size_t OdbcColumn::terminatorBytes() const
     }
 }
 
-std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement)
+std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement, bool declarationsBindValues)
 {
     SQLSMALLINT count = 0;
     checkOdbc(SQLNumResultCols(statement.get(), &count), statement);
@@ -182,6 +192,8 @@ std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement)
         if (described.sqlType == SQL_BIGINT &&
             numericAttribute(statement, number, SQL_DESC_UNSIGNED) == SQL_TRUE)
             column.form = ColumnForm::Digits;
+        if (!declarationsBindValues && isNumberForm(column.form))
+            column.form = ColumnForm::AnyNumber;
         column.expectedBytes = expectedBytes(column.form, described.size);
         column.isTableColumn = hasBaseColumn(statement, number);
         columns.push_back(std::move(column));

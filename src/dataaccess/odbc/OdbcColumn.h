@@ -11,7 +11,8 @@ enum class ColumnForm {
     Integer,
     Single,
     Double,
-    Digits, ///< exact numbers, as the digits that the driver writes
+    Digits,    ///< exact numbers, as the digits that the driver writes
+    AnyNumber, ///< as text, where a column of numbers may hold numbers of any kind, and texts
     Timestamp,
     TimeOfDay, ///< as text: some servers' times of day go beyond 24 hours
     Binary,
@@ -39,5 +40,6 @@ struct OdbcColumn
 };
 
 /// The columns of an executed statement's present result.
+/// @param declarationsBindValues  whether values are of their column's type
 /// @throws RuntimeError with the driver's text
-std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement);
+std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement, bool declarationsBindValues);

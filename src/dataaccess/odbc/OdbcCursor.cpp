@@ -29,7 +29,8 @@ size_t wantedWidth(const OdbcColumn &column)
 
 bool hasFreeSize(const OdbcColumn &column)
 {
-    return column.form == ColumnForm::Text || column.form == ColumnForm::Binary;
+    return column.form == ColumnForm::Text || column.form == ColumnForm::Binary ||
+           column.form == ColumnForm::AnyNumber;
 }
 
 /// Whether values may well be longer than the driver says.
@@ -37,7 +38,7 @@ bool hasDoubtfulSize(const OdbcColumn &column, const OdbcAbilities &abilities)
 {
     if (!hasFreeSize(column))
         return false;
-    if (column.expectedBytes == 0 || !abilities.sizesBindValues)
+    if (column.expectedBytes == 0 || !abilities.declarationsBindValues)
         return true;
     if (column.isTableColumn)
         return false;
@@ -58,7 +59,8 @@ std::unique_ptr<OdbcCursor> OdbcCursor::open(OdbcSession &session, const QString
 OdbcCursor::OdbcCursor(const OdbcSession &session, OdbcHandle statement, int rowsPerBlock)
     : m_statement(std::move(statement))
 {
-    for (OdbcColumn &column : describeColumns(m_statement)) {
+    for (OdbcColumn &column :
+         describeColumns(m_statement, session.abilities().declarationsBindValues)) {
         m_fields.push_back(column.field);
         m_columns.emplace_back(std::move(column));
     }

@@ -14,8 +14,8 @@ class SessionClient;
 struct OdbcAbilities
 {
     SQLUINTEGER getDataExtensions = 0; ///< SQL_GD_… flags
-    /// False for an engine in which a column's declared size and type limit nothing.
-    bool sizesBindValues = true;
+    /// False for an engine in which a column's declared type and size limit nothing.
+    bool declarationsBindValues = true;
 
     /// MariaDB's driver has ways of its own. It writes output parameters as UTF-8 text, whatever
     /// type they are bound as. And it takes a block for as many statements as it has semicolons,
