@@ -4,6 +4,7 @@
 
 #include <QHelpEvent>
 #include <QLabel>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
@@ -80,11 +81,15 @@ QString StatusPanels::panelText(int panel) const
     return source ? source->text() : QString();
 }
 
+/// The descriptions tell which texts are on the screen already.
 void StatusPanels::showTexts()
 {
-    for (QLabel *panel : m_labels)
+    for (QLabel *panel : m_labels) {
+        if (panel->accessibleDescription() == panel->text())
+            continue;
         panel->setAccessibleDescription(panel->text());
-    update();
+        update(panel->geometry());
+    }
 }
 
 /// The widths that the panels want, in pixels.
@@ -151,17 +156,23 @@ void StatusPanels::paintEvent(QPaintEvent *event)
     QFrame::paintEvent(event);
     QPainter painter(this);
     for (const QLabel *panel : m_labels) {
-        QStyleOptionFrame frame;
-        frame.initFrom(this);
-        frame.rect = panel->geometry();
-        frame.frameShape = QFrame::Panel;
-        frame.lineWidth = 1;
-        frame.state |= QStyle::State_Sunken;
-        style()->drawControl(QStyle::CE_ShapedFrame, &frame, &painter, this);
-        const QRect room = textRect(panel);
-        const QString text = fontMetrics().elidedText(panel->text(), Qt::ElideRight, room.width());
-        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+        if (event->region().intersects(panel->geometry()))
+            paintPanel(painter, *panel);
     }
+}
+
+void StatusPanels::paintPanel(QPainter &painter, const QLabel &panel) const
+{
+    QStyleOptionFrame frame;
+    frame.initFrom(this);
+    frame.rect = panel.geometry();
+    frame.frameShape = QFrame::Panel;
+    frame.lineWidth = 1;
+    frame.state |= QStyle::State_Sunken;
+    style()->drawControl(QStyle::CE_ShapedFrame, &frame, &painter, this);
+    const QRect room = textRect(&panel);
+    const QString text = fontMetrics().elidedText(panel.text(), Qt::ElideRight, room.width());
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
 }
 
 /// A text that its panel is too narrow for is shown whole as a tooltip.

@@ -8,6 +8,7 @@
 
 class FramePacer;
 class QLabel;
+class QPainter;
 
 /// The status bar of an editor window: five text panels side by side, labels named
 /// `<objectName>_1` to `<objectName>_5`.
@@ -43,6 +44,7 @@ private:
     std::array<int, panelCount> usualWidths() const;
     void layOutPanels();
     void showTexts();
+    void paintPanel(QPainter &painter, const QLabel &panel) const;
 
     std::array<QLabel *, panelCount> m_labels{};
     FramePacer *m_pacer;
