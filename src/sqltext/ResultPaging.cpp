@@ -4,6 +4,7 @@
 #include "dataaccess/Recordset.h"
 #include "platform/RuntimeError.h"
 #include "platform/textForms.h"
+#include "sqltext/sqlFilters.h"
 
 #include <QStringList>
 
@@ -53,7 +54,7 @@ void ResultPaging::openResult(QString &sql, const std::shared_ptr<Connection> &c
 {
     if (trimBlanks(sql).isEmpty())
         return;
-    sql.replace("\r\n"_L1, "\n"_L1);
+    sql = lineFeedsOnly(sql);
     m_source = makeSource();
     m_recordsFetched = 0;
     m_source->Open(sql, connection);

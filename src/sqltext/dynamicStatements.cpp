@@ -8,7 +8,7 @@ namespace {
 
 QString literalText(const QString &statement)
 {
-    return doubleQuotes(statement).replace("\r\n"_L1, "\n"_L1);
+    return lineFeedsOnly(doubleQuotes(statement));
 }
 
 } // namespace

@@ -11,6 +11,6 @@ QString SandboxAdapter::adapt(const QString &commandText, StatementSession &sess
         return planInsertion(request->statementId, planSteps(request->statement, plan));
     }
     if (const auto statementId = planQueryId(commandText))
-        return planQuery(*statementId);
+        return serverPlanQuery(*statementId);
     return blockStatement(commandText).value_or(commandText);
 }

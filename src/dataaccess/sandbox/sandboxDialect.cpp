@@ -104,7 +104,7 @@ std::optional<QString> planQueryId(const QString &text)
     }
 }
 
-QString planQuery(const QString &statementId)
+QString serverPlanQuery(const QString &statementId)
 {
     // The path of a step is the numbers of the steps above it and its own, all of one length, so
     // that the order of paths is the order of reading.

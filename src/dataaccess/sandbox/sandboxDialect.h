@@ -28,7 +28,7 @@ std::optional<QString> planQueryId(const QString &text);
 
 /// What stands for that query: the same columns in the same order, each step followed by the steps
 /// below it.
-QString planQuery(const QString &statementId);
+QString serverPlanQuery(const QString &statementId);
 
 /// A block in the form that the driver expects rows from; nothing when @p text is no block. As it
 /// is written, the driver would leave rows that a statement within the block returns on the

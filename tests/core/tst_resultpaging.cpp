@@ -1,0 +1,215 @@
+#include "dataaccess/Connection.h"
+#include "dataaccess/Recordset.h"
+#include "sqltext/ResultPaging.h"
+#include "support/raisedError.h"
+
+#include <QTest>
+
+#include <functional>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A query of the numbers from 1 to @p rows.
+QString numbers(int rows)
+{
+    return u"with recursive c(n) as (select 1 union all select n + 1 from c where n < %1) "
+           "select n from c"_s.arg(rows);
+}
+
+} // namespace
+
+// On a SQLite database in memory, whose driver hands rows out as they are read.
+class tst_ResultPaging : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void setsOfRows();
+    void queryWithoutRows();
+    void texts();
+    void fieldNames_data();
+    void fieldNames();
+    void nullsBecomeEmptyTexts();
+    void retrievingAllYieldsAfterEveryRow();
+    void whatHappensDuringAYield_data();
+    void whatHappensDuringAYield();
+    void ownerGoneDuringAYield();
+    void nothingToRetrieve();
+
+private:
+    void open(QString sql)
+    {
+        m_paging->setResult(std::make_shared<Recordset>());
+        m_paging->openResult(sql, m_connection);
+    }
+
+    std::shared_ptr<Connection> m_connection;
+    std::shared_ptr<ResultPaging> m_paging;
+    QStringList m_shown;
+};
+
+void tst_ResultPaging::init()
+{
+    m_connection = std::make_shared<Connection>();
+    m_connection->Open(u"DRIVER=SQLite3;Database=:memory:;StepAPI=1"_s);
+    m_shown.clear();
+    m_paging = std::make_shared<ResultPaging>();
+    m_paging->setStatusText([this](const QString &text) { m_shown.append(text); });
+}
+
+void tst_ResultPaging::setsOfRows()
+{
+    open(numbers(30));
+    QCOMPARE(m_paging->recordsFetched(), 25);
+    QCOMPARE(m_shown, QStringList());
+    for (int i = 0; i < 2; ++i) {
+        m_paging->retrieveNext();
+        QCOMPARE(m_paging->result()->RecordCount(), 30);
+        QCOMPARE(m_shown.last(), u"Records Retrieved: 30"_s);
+    }
+    QCOMPARE(m_paging->result()->textAt(29, 0), u"30"_s);
+
+    open(numbers(3));
+    QCOMPARE(m_paging->recordsFetched(), 3);
+    QCOMPARE(m_paging->result()->RecordCount(), 3);
+}
+
+void tst_ResultPaging::queryWithoutRows()
+{
+    open(u"select 1 as a where 1 = 2"_s);
+    QCOMPARE(m_paging->recordsFetched(), 0);
+    QCOMPARE(m_paging->result()->State(), adStateClosed);
+    QCOMPARE(m_paging->result()->fieldCount(), 0);
+    m_paging->retrieveNext();
+    m_paging->retrieveAll();
+    QCOMPARE(m_shown, QStringList(2, u"Records Retrieved: 0"_s));
+    QCOMPARE(raisedError([this] { open(u"create table t (a integer)"_s); }),
+             ErrorNumber::ObjectClosed);
+}
+
+void tst_ResultPaging::texts()
+{
+    m_paging->setResult(std::make_shared<Recordset>());
+    QString sql = u"select\r\n'a\rb'\n"_s;
+    m_paging->openResult(sql, m_connection);
+    QCOMPARE(sql, u"select\n'a\rb'\n"_s);
+    QCOMPARE(m_paging->recordsFetched(), 1);
+    QString blank = u"  "_s;
+    m_paging->openResult(blank, m_connection);
+    QCOMPARE(m_paging->recordsFetched(), 1);
+    QCOMPARE(raisedError([&] { m_paging->openResult(sql, nullptr); }),
+             ErrorNumber::InvalidConnection);
+}
+
+void tst_ResultPaging::fieldNames_data()
+{
+    QTest::addColumn<QString>("sql");
+    QTest::addColumn<QStringList>("names");
+    QTest::newRow("different") << u"select 1 as ID, 2 as NAME"_s << QStringList{u"ID"_s, u"NAME"_s};
+    QTest::newRow("twice") << u"select 1 as ID, 2 as B, 3 as ID"_s
+                           << QStringList{u"ID"_s, u"B"_s, u"ID_1"_s};
+    QTest::newRow("three times") << u"select 1 as A, 2 as A, 3 as A"_s
+                                 << QStringList{u"A"_s, u"A_1"_s, u"A_1_1"_s};
+    QTest::newRow("new name taken already")
+        << u"select 1 as A, 2 as A, 3 as A_1"_s << QStringList{u"A"_s, u"A_1"_s, u"A_1_1"_s};
+}
+
+void tst_ResultPaging::fieldNames()
+{
+    QFETCH(QString, sql);
+    open(sql);
+    QStringList names;
+    for (int field = 0; field < m_paging->result()->fieldCount(); ++field) {
+        names.append(m_paging->result()->fieldName(field));
+        QCOMPARE(m_paging->result()->fieldType(field), adVariant);
+    }
+    QTEST(names, "names");
+}
+
+void tst_ResultPaging::nullsBecomeEmptyTexts()
+{
+    open(u"select null as a, 'x' as b"_s);
+    QCOMPARE(m_paging->result()->valueAt(0, 0), Value(QString()));
+    QCOMPARE(m_paging->result()->textAt(0, 1), u"x"_s);
+}
+
+void tst_ResultPaging::retrievingAllYieldsAfterEveryRow()
+{
+    QList<qint32> counts;
+    m_paging->setYield([&] {
+        counts.append(m_paging->recordsFetched());
+        QCOMPARE(m_shown.size(), counts.size());
+        QCOMPARE(m_shown.last(), u"Records Retrieved: %1"_s.arg(counts.last()));
+    });
+    open(numbers(1'100));
+    m_paging->retrieveAll();
+    QCOMPARE(counts.size(), 1'075);
+    QCOMPARE(counts.first(), 26);
+    QCOMPARE(m_paging->result()->RecordCount(), 1'100);
+    QCOMPARE(m_shown.last(), u"Records Retrieved: 1100"_s);
+}
+
+void tst_ResultPaging::whatHappensDuringAYield_data()
+{
+    using Event = std::function<void()>;
+    QTest::addColumn<Event>("event"); // when the 30th row has arrived
+    QTest::addColumn<int>("fetched");
+    QTest::newRow("stopped") << Event([this] { m_paging->stop(); }) << 30;
+    QTest::newRow("next set") << Event([this] { m_paging->retrieveNext(); }) << 100;
+    QTest::newRow("all again") << Event([this] { m_paging->retrieveAll(); }) << 100;
+    QTest::newRow("connection closed") << Event([this] { m_connection->Close(); }) << 30;
+    QTest::newRow("another query") << Event([this] { open(numbers(60)); }) << 25;
+    QTest::newRow("query without rows") << Event([this] { open(u"select 1 where 1 = 2"_s); }) << 0;
+    QTest::newRow("statement without a query")
+        << Event([this] { m_paging->setResult(std::make_shared<Recordset>()); }) << 30;
+    QTest::newRow("query that fails")
+        << Event([this] { raisedError([this] { open(u"select"_s); }); }) << 0;
+}
+
+void tst_ResultPaging::whatHappensDuringAYield()
+{
+    QFETCH(std::function<void()>, event);
+    bool happened = false;
+    m_paging->setYield([&] {
+        if (m_paging->recordsFetched() == 30 && !std::exchange(happened, true))
+            event();
+    });
+    open(numbers(100));
+    m_paging->retrieveAll();
+    QVERIFY(happened);
+    QTEST(int(m_paging->recordsFetched()), "fetched");
+    QCOMPARE(m_shown.last(), m_paging->retrievedText());
+}
+
+void tst_ResultPaging::ownerGoneDuringAYield()
+{
+    open(numbers(100));
+    const std::weak_ptr<ResultPaging> paging = m_paging;
+    const std::weak_ptr<Recordset> result = m_paging->result();
+    int yields = 0;
+    m_paging->setYield([&] {
+        ++yields;
+        m_paging->setStatusText({});
+        m_paging->stop();
+        m_paging.reset();
+    });
+    m_paging->retrieveAll();
+    QCOMPARE(yields, 1);
+    QVERIFY(paging.expired());
+    QVERIFY(result.expired());
+}
+
+void tst_ResultPaging::nothingToRetrieve()
+{
+    QCOMPARE(raisedError([this] { m_paging->retrieveNext(); }), ErrorNumber::ObjectVariableNotSet);
+    m_paging->stop();
+    m_paging->retrieveAll();
+    QCOMPARE(m_paging->recordsFetched(), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_ResultPaging)
+#include "tst_resultpaging.moc"
