@@ -274,15 +274,14 @@ void tst_controls::cancelledDialog()
 void tst_controls::openDialogFilters()
 {
     CommonDialog dialog(nullptr);
-    dialog.Filter = u"All Files (*.*)|*.*|Package Spec (*.spc)|*.spc;*.pks"_s;
+    dialog.Filter = u"All Files (*.*)|*.*|SQL File (*.sql)|*.sql;*.ddl"_s;
     QStringList filters;
     whenModal([&](QWidget *window) {
         filters = qobject_cast<QFileDialog *>(window)->nameFilters();
         QTest::keyClick(window, Qt::Key_Escape);
     });
     dialog.ShowOpen();
-    QCOMPARE(filters,
-             QStringList({u"All Files (*.*) (*)"_s, u"Package Spec (*.spc) (*.spc *.pks)"_s}));
+    QCOMPARE(filters, QStringList({u"All Files (*.*) (*)"_s, u"SQL File (*.sql) (*.sql *.ddl)"_s}));
 }
 
 void tst_controls::iconsFollowThePalette()
