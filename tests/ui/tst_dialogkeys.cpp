@@ -3,6 +3,7 @@
 #include "dialogs/frmObject.h"
 #include "dialogs/frmObjectColumn.h"
 #include "dialogs/frmRecords.h"
+#include "export/frmExport.h"
 #include "history/frmSQLHistory.h"
 #include "platform/applicationFolder.h"
 #include "support/SandboxFixture.h"
@@ -84,14 +85,16 @@ void tst_dialogkeys::dialogs_data()
                              << u"txtFind txtReplace chkCase cmdFindFirst cmdFindNext cmdReplace "
                                 "cmdReplaceAll cmdFindCancel"_s
                              << u"cmdFindFirst"_s;
-    QTest::newRow("frmRecords") << DialogMaker(plain<frmRecords>)
-                                << u"txtRecords cmdOK cmdCancel"_s << u"cmdOK"_s;
-    QTest::newRow("frmSQLHistory") << DialogMaker(plain<frmSQLHistory>) << u"msfgSQL"_s
-                                   << QString();
+    QTest::newRow("frmRecords") << DialogMaker(plain<frmRecords>) << u"txtRecords cmdOK cmdCancel"_s
+                                << u"cmdOK"_s;
+    QTest::newRow("frmExport") << DialogMaker(plain<frmExport>)
+                               << u"optExport_0 cmdExpOK cmdExpCancel"_s << u"cmdExpOK"_s;
+    QTest::newRow("frmSQLHistory")
+        << DialogMaker(plain<frmSQLHistory>) << u"msfgSQL"_s << QString();
     QTest::newRow("frmObject") << DialogMaker(picker<frmObject>) << u"cmbSchema lstObject"_s
                                << QString();
-    QTest::newRow("frmObjectColumn") << DialogMaker(picker<frmObjectColumn>)
-                                     << u"cmbSchema cmbTable lstObject"_s << QString();
+    QTest::newRow("frmObjectColumn")
+        << DialogMaker(picker<frmObjectColumn>) << u"cmbSchema cmbTable lstObject"_s << QString();
 }
 
 void tst_dialogkeys::dialogs()

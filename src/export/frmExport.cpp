@@ -1,0 +1,212 @@
+#include "export/frmExport.h"
+
+#include "controls/named.h"
+#include "export/exportFormats.h"
+#include "platform/applicationFolder.h"
+#include "platform/errorTraps.h"
+#include "platform/mousePointer.h"
+
+#include <QButtonGroup>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+/// How one of the text exports asks, writes and speaks.
+struct TextExport
+{
+    QString fileName;
+    QString dialogTitle;
+    QString filter;
+    QString defaultExt;
+    QString cancelTitle;  ///< empty: nothing is said
+    QString successTitle; ///< empty: nothing is said
+    bool reportsErrors;
+    /// @returns the number of records written, where they are counted
+    std::function<qint16(Recordset &, const QString &path)> write;
+};
+
+namespace {
+
+enum ExportOption { Comma, Worksheet, Tab, Insert, OtherDelimiter };
+
+constexpr QLatin1StringView lineEnd("\r\n");
+
+TextExport commaExport()
+{
+    return {.fileName = u"Export.csv"_s,
+            .dialogTitle = u"Save Comma Delimited Export File"_s,
+            .filter = u"Export Files (*.CSV)|*.CSV"_s,
+            .defaultExt = u"CSV"_s,
+            .cancelTitle = QString(),
+            .successTitle = QString(),
+            .reportsErrors = false,
+            .write = [](Recordset &recordset, const QString &path) {
+                writeCommaDelimited(recordset, path);
+                return qint16{0};
+            }};
+}
+
+/// Tab and other delimiter share their texts, which speak of commas.
+TextExport tabExport(const QString &separator, bool reportsErrors)
+{
+    return {.fileName = u"Export.txt"_s,
+            .dialogTitle = u"Save Tab Delimited Export File"_s,
+            .filter = u"Export Files (*.TXT)|*.TXT"_s,
+            .defaultExt = u"TXT"_s,
+            .cancelTitle = u"comma Delimited Export File"_s,
+            .successTitle = u"Comma delimited file"_s,
+            .reportsErrors = reportsErrors,
+            .write = [separator](Recordset &recordset, const QString &path) {
+                return writeDelimited(recordset, path, separator);
+            }};
+}
+
+TextExport insertExport(const QString &tableName)
+{
+    return {.fileName = u"Export.sql"_s,
+            .dialogTitle = u"Save SQL Export File"_s,
+            .filter = u"Export Files (*.SQL)|*.SQL"_s,
+            .defaultExt = u"SQL"_s,
+            .cancelTitle = u"SQL Export File"_s,
+            .successTitle = u"SQL file"_s,
+            .reportsErrors = true,
+            .write = [tableName](Recordset &recordset, const QString &path) {
+                return writeInsertStatements(recordset, path, tableName);
+            }};
+}
+
+void inform(const QString &text, const QString &title)
+{
+    beep();
+    showMessage({.text = text, .icon = MessageIcon::Information, .title = title});
+}
+
+} // namespace
+
+frmExport::frmExport(QWidget *parent)
+    : QDialog(parent)
+{
+    setObjectName(u"frmExport"_s);
+    setWindowTitle(u"Save/Export Data"_s);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(buildOptions());
+    layout->addWidget(buildButtons());
+    optExport[Comma]->setChecked(true);
+}
+
+QWidget *frmExport::buildOptions()
+{
+    const std::array captions{u"&ASCII (csv)"_s, u"&Excel (XLS)"_s, u"&Tab delimited"_s,
+                              u"&Insert statements"_s, u"Other &delimiter"_s};
+    auto *frame = new QGroupBox(this);
+    auto *layout = new QGridLayout(frame);
+    auto *group = new QButtonGroup(frame);
+    for (int index = 0; index < static_cast<int>(captions.size()); ++index) {
+        optExport[index] =
+            named(new QRadioButton(captions[index], frame), u"optExport_%1"_s.arg(index));
+        group->addButton(optExport[index], index);
+        layout->addWidget(optExport[index], index, 0);
+    }
+    txtDelimiter = named(new QLineEdit(frame), u"txtDelimiter"_s);
+    txtDelimiter->setAccessibleName(u"Delimiter"_s);
+    layout->addWidget(txtDelimiter, OtherDelimiter, 1);
+    connect(group, &QButtonGroup::idToggled, this, [this](int index, bool selected) {
+        if (selected)
+            optExport_Click(index);
+    });
+    return frame;
+}
+
+QWidget *frmExport::buildButtons()
+{
+    auto *buttons = new QDialogButtonBox(this);
+    auto *ok = named(buttons->addButton(u"&OK"_s, QDialogButtonBox::AcceptRole), u"cmdExpOK"_s);
+    ok->setDefault(true);
+    auto *cancel =
+        named(buttons->addButton(u"&Cancel"_s, QDialogButtonBox::RejectRole), u"cmdExpCancel"_s);
+    connect(ok, &QPushButton::clicked, this, &frmExport::cmdExpOK_Click);
+    connect(cancel, &QPushButton::clicked, this, &frmExport::cmdExpCancel_Click);
+    return buttons;
+}
+
+void frmExport::setRs(const std::shared_ptr<Recordset> &rs)
+{
+    m_recordset = rs;
+}
+
+void frmExport::setTable(const QString &tbname)
+{
+    m_tableName = tbname;
+}
+
+void frmExport::optExport_Click(int)
+{
+    txtDelimiter->setEnabled(optExport[OtherDelimiter]->isChecked());
+}
+
+/// The worksheet option has no writer: it only closes the dialog.
+void frmExport::cmdExpOK_Click()
+{
+    if (optExport[Comma]->isChecked())
+        exportText(commaExport());
+    if (optExport[Tab]->isChecked())
+        exportText(tabExport(u"\t"_s, true));
+    if (optExport[Insert]->isChecked())
+        exportText(insertExport(m_tableName));
+    if (optExport[OtherDelimiter]->isChecked())
+        exportText(tabExport(txtDelimiter->text(), false));
+    accept();
+}
+
+void frmExport::cmdExpCancel_Click()
+{
+    reject();
+    setMousePointer(MousePointer::Default);
+}
+
+void frmExport::exportText(const TextExport &format)
+{
+    try {
+        if (!m_recordset)
+            throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+        if (m_recordset->Eof())
+            return;
+        const QString path = askForFile(format);
+        setMousePointer(MousePointer::Hourglass);
+        const int records = format.write(*m_recordset, path);
+        setMousePointer(MousePointer::Default);
+        if (!format.successTitle.isEmpty())
+            inform(u"Export File "_s + path + lineEnd + u"successfully created."_s + lineEnd +
+                       QString::number(records) + u" records written to disk."_s + lineEnd,
+                   format.successTitle);
+    } catch (...) {
+        setMousePointer(MousePointer::Default);
+        const RuntimeError error = currentRuntimeError();
+        if (error.number == ErrorNumber::CancelWasSelected && !format.cancelTitle.isEmpty())
+            inform(u"the export operation was canceled."_s + lineEnd, format.cancelTitle);
+        else if (format.reportsErrors)
+            showMessage(QString::number(error.number) + u" "_s + error.description);
+    }
+}
+
+/// @throws RuntimeError 32755 when the user cancels
+QString frmExport::askForFile(const TextExport &format)
+{
+    setMousePointer(MousePointer::Default);
+    CD1.CancelError = true;
+    CD1.FileName = format.fileName;
+    CD1.InitDir = applicationFolder();
+    CD1.DialogTitle = format.dialogTitle;
+    CD1.Filter = format.filter;
+    CD1.DefaultExt = format.defaultExt;
+    CD1.ShowSave();
+    return CD1.FileName;
+}
