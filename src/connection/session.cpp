@@ -1,8 +1,17 @@
 #include "connection/session.h"
 
+#include "platform/RuntimeError.h"
+
 std::shared_ptr<Connection> gConnection;
 QString gConnectString;
 QString gUserName;
 QString gPassword;
 QString gTnsName;
 qint32 maxRecords = 0;
+
+std::shared_ptr<Connection> requireConnection()
+{
+    if (!gConnection)
+        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    return gConnection;
+}

@@ -20,3 +20,7 @@ extern QString gTnsName;
 /// Most records that a result set is meant to return; 100 whenever an editor window loads. 0 and
 /// more than 10000 mean all.
 extern qint32 maxRecords;
+
+/// gConnection, for work that cannot do without it.
+/// @throws RuntimeError 91 when there is none
+std::shared_ptr<Connection> requireConnection();

@@ -7,12 +7,22 @@
 
 using namespace Qt::StringLiterals;
 
-double elapsedSeconds(const SystemTime &start, const SystemTime &end)
+namespace {
+
+int notTooLong(int seconds)
 {
-    const int seconds = (end.hour - start.hour) * 3600 + (end.minute - start.minute) * 60 +
-                        (end.second - start.second);
     if (seconds > std::numeric_limits<qint16>::max())
         throw RuntimeError(ErrorNumber::Overflow);
+    return seconds;
+}
+
+} // namespace
+
+double elapsedSeconds(const SystemTime &start, const SystemTime &end)
+{
+    const int hours = notTooLong((end.hour - start.hour) * 3600);
+    const int seconds = notTooLong(hours + (end.minute - start.minute) * 60
+                                   + (end.second - start.second));
     return seconds + (end.millisecond - start.millisecond) / 1000.0;
 }
 

@@ -1,0 +1,217 @@
+#include "app/FrameCommands.h"
+
+#include "app/MDIFormQuerna.h"
+#include "app/userGroup.h"
+#include "connection/session.h"
+#include "controls/CommonDialog.h"
+#include "controls/EditorControl.h"
+#include "controls/selText.h"
+#include "editor/frmQuerna.h"
+#include "platform/applicationFolder.h"
+#include "platform/errorTraps.h"
+#include "platform/replaceFile.h"
+#include "platform/textForms.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString openFilter = u"All Files (*.*)|*.*"_s;
+const QString saveFilter = u"All Files (*.*)|*.*|Package Body (*.bod)|*.bod|"
+                           "Package Spec (*.spc)|*.spc|SQL File (*.sql)|*.sql"_s;
+
+/// Screen and printer fonts, with effects.
+constexpr int fontDialogFlags = 259;
+
+EditorControl *focusedEditor()
+{
+    return qobject_cast<EditorControl *>(QApplication::focusWidget());
+}
+
+void copyToClipboard(const QString &text)
+{
+    QApplication::clipboard()->setText(text);
+}
+
+} // namespace
+
+void FrameCommands::mnuOrbekSqlEditor_Click()
+{
+    reportErrors([] { startProgram(applicationFile(u"Querna"_s), {gConnectString}); });
+}
+
+void FrameCommands::mnuOpen_Click()
+{
+    endOnError([this] {
+        if (frmQuerna *window = m_frame.activeEditor())
+            openFile(*window->txtSQL(), *window);
+    });
+}
+
+void FrameCommands::openFile(EditorControl &editor, frmQuerna &window)
+{
+    CommonDialog dialog(&window);
+    dialog.Filter = openFilter;
+    dialog.ShowOpen();
+    if (!trimBlanks(dialog.FileName).isEmpty())
+        editor.LoadFile(dialog.FileName);
+}
+
+void FrameCommands::mnuSave_Click()
+{
+    reportErrors([this] {
+        if (frmQuerna *window = m_frame.activeEditor())
+            saveFile(*window->txtSQL(), *window);
+    });
+}
+
+void FrameCommands::saveFile(const EditorControl &editor, frmQuerna &window)
+{
+    CommonDialog dialog(&window);
+    dialog.DialogTitle = u"Save As"_s;
+    dialog.CancelError = true;
+    dialog.Filter = saveFilter;
+    dialog.ShowSave();
+    if (dialog.FileName.isEmpty())
+        return;
+    if (QFileInfo::exists(dialog.FileName)) {
+        Message question;
+        question.text = u"File Exists - Do you want to overwrite the file?"_s;
+        question.buttons = MessageButtons::YesNo;
+        question.icon = MessageIcon::Question;
+        if (showMessage(question) != MessageAnswer::Yes)
+            return;
+    }
+    const QString text = editor.GetText() + u"\r\n"_s;
+    replaceFile(dialog.FileName, text.toUtf8());
+}
+
+void FrameCommands::mnuPrint_Click()
+{
+    ignoreErrors([this] {
+        if (frmQuerna *window = m_frame.activeEditor())
+            window->txtSQL()->PageSetupDialog();
+    });
+}
+
+void FrameCommands::mnuExit_Click()
+{
+    endProgram();
+}
+
+void FrameCommands::executeOnEditor(int command)
+{
+    endOnError([&] {
+        frmQuerna *window = m_frame.activeEditor();
+        if (window == nullptr)
+            throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+        window->txtSQL()->ExecuteCommand(command);
+    });
+}
+
+void FrameCommands::mnuUndo_Click()
+{
+    executeOnEditor(EditorControl::CommandUndo);
+}
+
+void FrameCommands::mnuRedo_Click()
+{
+    executeOnEditor(EditorControl::CommandRedo);
+}
+
+void FrameCommands::mnuCut_Click()
+{
+    endOnError([] {
+        const QString text = selText(QApplication::focusWidget());
+        const EditorControl *editor = focusedEditor();
+        if (text.isEmpty() || (editor != nullptr && editor->ReadOnly()))
+            return;
+        copyToClipboard(text);
+        setSelText(QApplication::focusWidget(), {});
+    });
+}
+
+void FrameCommands::mnuCopy_Click()
+{
+    endOnError([] {
+        const QString text = selText(QApplication::focusWidget());
+        if (text.isEmpty())
+            return;
+        QApplication::clipboard()->clear();
+        copyToClipboard(text);
+    });
+}
+
+void FrameCommands::mnuPaste_Click()
+{
+    endOnError([] { setSelText(QApplication::focusWidget(), QApplication::clipboard()->text()); });
+}
+
+void FrameCommands::mnuSelectAll_Click()
+{
+    // The item stands in the menu for its place and its key; selecting is left to the controls.
+}
+
+void FrameCommands::mnuDelete_Click()
+{
+    endOnError([] {
+        EditorControl *editor = focusedEditor();
+        if (editor != nullptr && !editor->ReadOnly())
+            editor->InsertText({});
+    });
+}
+
+void FrameCommands::mnuFind_Click()
+{
+    endOnError([] {
+        if (EditorControl *editor = focusedEditor())
+            editor->FindDialog();
+    });
+}
+
+void FrameCommands::mnuReplace_Click()
+{
+    endOnError([] {
+        if (EditorControl *editor = focusedEditor())
+            editor->ReplaceDialog();
+    });
+}
+
+void FrameCommands::mnuChangeConnection_Click()
+{
+    endOnError([this] { m_frame.showLogin(); });
+}
+
+void FrameCommands::mnuJoinOrbekUserGroup_Click()
+{
+    reportErrors([] { openPage(userGroupJoinPage()); });
+}
+
+void FrameCommands::mnuMessageOrbekUserGroup_Click()
+{
+    reportErrors([] { openPage(userGroupMessagesPage()); });
+}
+
+void FrameCommands::mnuFont_Click()
+{
+    frmQuerna *window = m_frame.activeEditor();
+    if (window == nullptr)
+        return;
+    EditorControl *editor = window->txtSQL();
+    CommonDialog dialog(window);
+    dialog.Flags = fontDialogFlags;
+    dialog.DialogTitle = u"Choose a font"_s;
+    dialog.Font = editor->font();
+    ignoreErrors([&] { dialog.ShowFont(); });
+    ignoreErrors([&] { editor->setFontName(dialog.Font.family()); });
+    ignoreErrors([&] { editor->setSelFontSize(dialog.Font.pointSizeF()); });
+    ignoreErrors([&] { editor->setSelBold(dialog.Font.bold()); });
+    ignoreErrors([&] { editor->setSelItalic(dialog.Font.italic()); });
+    ignoreErrors([&] { editor->setSelColor(dialog.Color); });
+    ignoreErrors([&] { editor->setSelUnderline(dialog.Font.underline()); });
+    ignoreErrors([&] { editor->setSelStrikeThru(dialog.Font.strikeOut()); });
+}

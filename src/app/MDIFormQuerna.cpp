@@ -1,0 +1,131 @@
+#include "app/MDIFormQuerna.h"
+
+#include "app/FrameCommands.h"
+#include "app/frameMenus.h"
+#include "connection/commandLine.h"
+#include "connection/frmQuernaLogin.h"
+#include "connection/session.h"
+#include "controls/icons.h"
+#include "editor/frmQuerna.h"
+#include "platform/applicationFolder.h"
+#include "platform/errorTraps.h"
+#include "platform/registry.h"
+#include "platform/textForms.h"
+
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString editorRegistryKey = u"Software\\BCDLL\\CurrentVersion"_s;
+
+/// Decimal text of the registry handle of the local machine's hive, as the editor control's area
+/// holds it.
+const QString localMachineHandle = u"-2147483646"_s;
+
+/// Prepares the editor control's registry area.
+void writeRegistry()
+{
+    CreateRegKey(editorRegistryKey, RegistryHive::LocalMachine);
+    SetRegValue(editorRegistryKey, applicationFolder() + u"\\Defaults"_s, localMachineHandle);
+}
+
+} // namespace
+
+MDIFormQuerna::MDIFormQuerna(QWidget *parent)
+    : QMainWindow(parent)
+    , m_area(new QMdiArea(this))
+    , m_commands(std::make_unique<FrameCommands>(*this))
+{
+    setObjectName(u"MDIFormQuerna"_s);
+    setWindowTitle(u"Orbek SQL Editor"_s);
+    setWindowIcon(themedIcon(u"querna"_s));
+    m_area->setObjectName(u"mdiArea"_s);
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(m_area);
+    createFrameMenus(*menuBar(), *m_commands);
+    connect(m_area, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow *window) {
+        if (auto *editor =
+                window == nullptr ? nullptr : qobject_cast<frmQuerna *>(window->widget()))
+            editor->Form_Activate();
+    });
+    resize(1100, 780);
+}
+
+MDIFormQuerna::~MDIFormQuerna() = default;
+
+void MDIFormQuerna::Form_Load(const QString &commandLine)
+{
+    try {
+        writeRegistry();
+        show();
+        const QString connectionString = cleanedCommandLine(commandLine);
+        if (connectionString.isEmpty()) {
+            showLogin();
+            return;
+        }
+        openCommandLine(connectionString);
+    } catch (...) { // a program that cannot start its session ends without a word
+        endProgram(1);
+        return;
+    }
+    readLoginNames(gConnectString, gUserName, gTnsName);
+    ignoreErrors([this] { showEditorWindow(); });
+}
+
+void MDIFormQuerna::openCommandLine(const QString &connectionString)
+{
+    gConnectString = connectionString;
+    gConnection = std::make_shared<Connection>();
+    gConnection->Open(gConnectString);
+    gConnection->BeginTrans();
+}
+
+frmQuerna *MDIFormQuerna::activeEditor() const
+{
+    const QMdiSubWindow *window = m_area->activeSubWindow();
+    auto *editor = window == nullptr ? nullptr : qobject_cast<frmQuerna *>(window->widget());
+    return editor != nullptr && editor->objectName() == "frmQuerna"_L1 ? editor : nullptr;
+}
+
+void MDIFormQuerna::showLogin()
+{
+    if (!m_login) {
+        m_login = new frmQuernaLogin(this);
+        connect(m_login, &frmQuernaLogin::loggedOn, this, &MDIFormQuerna::showEditorWindow);
+    }
+    m_login->show();
+    m_login->raise();
+    m_login->activateWindow();
+}
+
+frmQuerna *MDIFormQuerna::editorWindow()
+{
+    if (!m_editor) {
+        m_editor = new frmQuerna;
+        QMdiSubWindow *window = m_area->addSubWindow(m_editor);
+        window->setObjectName(u"editorSubWindow"_s);
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->setWindowIcon(windowIcon());
+    }
+    return m_editor;
+}
+
+void MDIFormQuerna::showEditorWindow()
+{
+    frmQuerna *editor = editorWindow();
+    editor->refreshCaption();
+    editor->parentWidget()->showMaximized();
+    editor->setFocus();
+}
+
+void MDIFormQuerna::closeEvent(QCloseEvent *event)
+{
+    m_area->closeAllSubWindows();
+    event->accept();
+}

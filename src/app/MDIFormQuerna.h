@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+
+class FrameCommands;
+class QMdiArea;
+class frmQuerna;
+class frmQuernaLogin;
+
+/// The frame around the editor window, and the program's start: it chooses between a connection
+/// given on the command line and the login dialog.
+class MDIFormQuerna : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit MDIFormQuerna(QWidget *parent = nullptr);
+    ~MDIFormQuerna() override;
+
+    /// What happens at the program's start. A failure up to the session's first transaction ends
+    /// the program without a message.
+    /// @param commandLine  everything behind the program's name
+    void Form_Load(const QString &commandLine);
+
+    /// The active child when it is an editor window; otherwise null.
+    frmQuerna *activeEditor() const;
+
+    /// Shows the login dialog, the one instance that there is at a time.
+    void showLogin();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    frmQuerna *editorWindow();
+    void showEditorWindow();
+    void openCommandLine(const QString &connectionString);
+    void restorePlace();
+
+    QMdiArea *m_area;
+    std::unique_ptr<FrameCommands> m_commands;
+    QPointer<frmQuerna> m_editor;
+    QPointer<frmQuernaLogin> m_login;
+};

@@ -1,0 +1,217 @@
+#include "connection/frmQuernaLogin.h"
+
+#include "connection/connectDb.h"
+#include "connection/session.h"
+#include "platform/errorTraps.h"
+#include "platform/mousePointer.h"
+#include "platform/settings.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString settingsApplication = u"Orbek Oracle"_s;
+const QString settingsSection = u"Settings"_s;
+
+QString setting(const QString &key)
+{
+    return getSetting(settingsApplication, settingsSection, key);
+}
+
+void keepSetting(const QString &key, const QString &value)
+{
+    ignoreErrors([&] { saveSetting(settingsApplication, settingsSection, key, value); });
+}
+
+/// A label in the left column of @p grid that leads to its entry in the right one.
+QLabel *addEntry(QGridLayout *grid, const QString &labelName, const QString &caption,
+                 QLineEdit *entry)
+{
+    auto *label = new QLabel(caption);
+    label->setObjectName(labelName);
+    label->setBuddy(entry);
+    label->setWordWrap(true);
+    const int row = grid->rowCount();
+    grid->addWidget(label, row, 0);
+    grid->addWidget(entry, row, 1);
+    return label;
+}
+
+QLineEdit *makeEntry(const QString &name, const QString &text)
+{
+    auto *entry = new QLineEdit(text);
+    entry->setObjectName(name);
+    return entry;
+}
+
+} // namespace
+
+frmQuernaLogin::frmQuernaLogin(QWidget *parent)
+    : QDialog(parent)
+{
+    setObjectName(u"frmQuernaLogin"_s);
+    setWindowTitle(u"Querna Login"_s);
+    setAttribute(Qt::WA_DeleteOnClose);
+    new QVBoxLayout(this);
+    createEntries();
+    createOptions();
+    createButtons();
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    Form_Load();
+}
+
+void frmQuernaLogin::createEntries()
+{
+    auto *banner = new QLabel(u"ORBEK"_s + QString(61, u' ') +
+                              u"Application for Database Developers and DBAs"_s);
+    banner->setObjectName(u"Label2"_s);
+    banner->setWordWrap(true);
+    QFont bannerFont = banner->font();
+    bannerFont.setBold(true);
+    banner->setFont(bannerFont);
+    // Wide enough for its second half, so that the text breaks at the blanks between the two.
+    banner->setMinimumWidth(QFontMetrics(bannerFont).horizontalAdvance(
+        u"Application for Database Developers and DBAs "_s));
+
+    m_txtUserName = makeEntry(u"txtUserName"_s, u"system"_s);
+    m_txtPassword = makeEntry(u"txtPassword"_s, u"lantern"_s);
+    m_txtPassword->setEchoMode(QLineEdit::Password);
+    m_txtPassword->setStyleSheet(u"QLineEdit { lineedit-password-character: 42 }"_s);
+    m_txtDb = makeEntry(u"txtDb"_s, u"dwh"_s);
+    m_txtDb->setToolTip(u"Must be ODBC DSN if connecting as SYSDBA or SYSOPER"_s);
+
+    auto *grid = new QGridLayout;
+    addEntry(grid, u"lblLabels_0"_s, u"User Name"_s, m_txtUserName);
+    addEntry(grid, u"lblLabels_1"_s, u"Password"_s, m_txtPassword);
+    QLabel *database =
+        addEntry(grid, u"Label1"_s, u"Database"_s + QString(23, u' ') + u"(TNS Name or ODBC DSN)"_s,
+                 m_txtDb);
+    database->setFixedWidth(
+        database->fontMetrics().horizontalAdvance(u"(TNS Name or ODBC DSN) "_s));
+    grid->setColumnStretch(1, 1);
+
+    auto *column = static_cast<QVBoxLayout *>(layout());
+    column->addWidget(banner);
+    column->addLayout(grid);
+}
+
+void frmQuernaLogin::createOptions()
+{
+    const auto makeGroup = [this](const QString &name, const QString &caption) {
+        auto *group = new QGroupBox(caption);
+        group->setObjectName(name);
+        new QVBoxLayout(group);
+        layout()->addWidget(group);
+        return group;
+    };
+    const auto addOption = [](QGroupBox *group, const QString &name, const QString &caption,
+                              const QString &toolTip) {
+        auto *option = new QRadioButton(caption);
+        option->setObjectName(name);
+        option->setToolTip(toolTip);
+        group->layout()->addWidget(option);
+        return option;
+    };
+
+    const QString tnsAbove = u"Specify TNS Name in the Database box above"_s;
+    auto *drivers = makeGroup(u"Frame1"_s, u"Select Connection Driver"_s);
+    m_optPrefConn = {
+        addOption(drivers, u"optPrefConn_0"_s, u"Microsoft OLEDB Driver for Oracle"_s, tnsAbove),
+        addOption(drivers, u"optPrefConn_1"_s, u"Oracle OLEDB Driver for Oracle"_s, tnsAbove),
+        addOption(drivers, u"optPrefConn_2"_s, u"ODBC DSN Connection"_s, {})};
+    m_optPrefConn[0]->setChecked(true);
+
+    const QString dsnAbove = u"Specify ODBC DSN in Database box above"_s;
+    auto *privileges = makeGroup(u"Frame2"_s, u"SYS Privileges"_s);
+    m_optSYS = {addOption(privileges, u"optSYS_0"_s, u"Normal (No SYS Privileges)"_s, {}),
+                addOption(privileges, u"optSYS_1"_s, u"Connect as SYSDBA"_s, dsnAbove),
+                addOption(privileges, u"optSYS_2"_s, u"Connect as SYSOPER"_s, dsnAbove)};
+    m_optSYS[0]->setChecked(true);
+    for (int i = 0; i < 3; ++i)
+        connect(m_optSYS[static_cast<size_t>(i)], &QRadioButton::clicked, this,
+                [this, i] { optSYS_Click(i); });
+}
+
+void frmQuernaLogin::createButtons()
+{
+    auto *buttons = new QDialogButtonBox;
+    auto *ok = buttons->addButton(u"OK"_s, QDialogButtonBox::AcceptRole);
+    ok->setObjectName(u"cmdOK"_s);
+    ok->setDefault(true);
+    auto *cancel = buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole);
+    cancel->setObjectName(u"cmdCancel"_s);
+    connect(ok, &QPushButton::clicked, this, &frmQuernaLogin::cmdOK_Click);
+    connect(cancel, &QPushButton::clicked, this, &frmQuernaLogin::cmdCancel_Click);
+    layout()->addWidget(buttons);
+}
+
+void frmQuernaLogin::Form_Load()
+{
+    // A store that cannot be read leaves the entries that the form was made with.
+    ignoreErrors([this] { m_txtUserName->setText(setting(u"Login"_s)); });
+    ignoreErrors([this] { m_txtPassword->setText(setting(u"Password"_s)); });
+    ignoreErrors([this] { m_txtDb->setText(setting(u"Database"_s)); });
+}
+
+qint16 frmQuernaLogin::checkedIndex(const std::array<QRadioButton *, 3> &options)
+{
+    qint16 checked = 0;
+    for (size_t i = 0; i < options.size(); ++i) {
+        if (options[i]->isChecked())
+            checked = static_cast<qint16>(i);
+    }
+    return checked;
+}
+
+void frmQuernaLogin::takeNames()
+{
+    gUserName = m_txtUserName->text();
+    gTnsName = m_txtDb->text();
+}
+
+void frmQuernaLogin::optSYS_Click(int index)
+{
+    const bool privileged = index != 0;
+    m_optPrefConn[0]->setDisabled(privileged);
+    m_optPrefConn[1]->setDisabled(privileged);
+    m_optPrefConn[privileged ? 2 : 0]->setChecked(true);
+}
+
+void frmQuernaLogin::cmdOK_Click()
+{
+    setMousePointer(MousePointer::Hourglass);
+    takeNames();
+    ignoreErrors([] {
+        if (gConnection && gConnection->State() == adStateOpen)
+            gConnection->Close();
+    });
+    ignoreErrors([this] {
+        bool connected = false;
+        QString connectionString;
+        connectDb(m_txtUserName->text(), m_txtPassword->text(), m_txtDb->text(), connected,
+                  gConnection, checkedIndex(m_optPrefConn), checkedIndex(m_optSYS),
+                  connectionString);
+    });
+    // The entries are kept even when the log-on failed, so that they can be mended next time.
+    keepSetting(u"Login"_s, m_txtUserName->text());
+    keepSetting(u"Password"_s, m_txtPassword->text());
+    keepSetting(u"Database"_s, m_txtDb->text());
+    takeNames();
+    ignoreErrors([this] { emit loggedOn(); });
+    setMousePointer(MousePointer::Default);
+    close();
+}
+
+void frmQuernaLogin::cmdCancel_Click()
+{
+    close();
+}

@@ -1,0 +1,128 @@
+#include "editor/EditorControls.h"
+
+#include "controls/ColumnTree.h"
+#include "controls/DataGrid.h"
+#include "controls/EditorControl.h"
+#include "controls/StatusPanels.h"
+#include "controls/twips.h"
+#include "editor/paneLayout.h"
+
+#include <QFontDatabase>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int sideMarginTwips = 100;
+constexpr int statusHeightTwips = 420;
+constexpr int pageMarginTwips = 50;
+
+QToolBar *makeToolBar(const QString &name, const QString &title, QWidget *parent)
+{
+    auto *bar = new QToolBar(title, parent);
+    bar->setObjectName(name);
+    bar->setAccessibleName(title);
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    return bar;
+}
+
+} // namespace
+
+void EditorControls::create(QWidget *window)
+{
+    tbrQuerna = makeToolBar(u"tbrQuerna"_s, QObject::tr("SQL commands"), window);
+    tbrQuerna->setIconSize(QSize(20, 20));
+
+    txtSQL = new EditorControl(window);
+    txtSQL->setObjectName(u"txtSQL"_s);
+    txtSQL->setAccessibleName(QObject::tr("SQL statement"));
+
+    tbSql = new QTabWidget(window);
+    tbSql->setObjectName(u"tbSql"_s);
+    tbSql->setAccessibleName(QObject::tr("Results"));
+    createDataTab();
+    createPlanTab();
+    createOutputTab();
+
+    sbSql = new StatusPanels(u"sbSql"_s, window);
+}
+
+void EditorControls::createDataTab()
+{
+    auto *page = new QWidget;
+    Toolbar1 = makeToolBar(u"Toolbar1"_s, QObject::tr("Result rows"), page);
+    Toolbar1->setIconSize(QSize(18, 18));
+    SqlDataGrid = new DataGrid(page);
+    SqlDataGrid->setObjectName(u"SqlDataGrid"_s);
+    SqlDataGrid->setAccessibleName(QObject::tr("Result rows"));
+    tbSql->addTab(page, u"Data"_s);
+}
+
+void EditorControls::createPlanTab()
+{
+    auto *page = new QWidget;
+    tvwColumns = new ColumnTree(page);
+    tvwColumns->setObjectName(u"tvwColumns"_s);
+    tvwColumns->setAccessibleName(QObject::tr("Execution plan"));
+    tbSql->addTab(page, u"Explain Plan"_s);
+}
+
+void EditorControls::createOutputTab()
+{
+    auto *page = new QWidget;
+    lblBufferSize = new QLabel(QObject::tr("&Buffer size"), page);
+    lblBufferSize->setObjectName(u"lblBufferSize"_s);
+    txtBufferSize = new QLineEdit(u"20000"_s, page);
+    txtBufferSize->setObjectName(u"txtBufferSize"_s);
+    lblBufferSize->setBuddy(txtBufferSize);
+    txtBufferSize->setAccessibleName(QObject::tr("Buffer size"));
+    rtbdbms = new QPlainTextEdit(page);
+    rtbdbms->setObjectName(u"rtbdbms"_s);
+    rtbdbms->setAccessibleName(QObject::tr("Server output"));
+    rtbdbms->setUndoRedoEnabled(false);
+    rtbdbms->setLineWrapMode(QPlainTextEdit::NoWrap);
+    rtbdbms->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    tbSql->addTab(page, u"DBMS Output"_s);
+}
+
+ResultTab EditorControls::visibleTab() const
+{
+    return static_cast<ResultTab>(tbSql->currentIndex());
+}
+
+void EditorControls::place(const PaneLayout &panes, int width, int height)
+{
+    const int left = pixelsFromTwips(sideMarginTwips);
+    const int margin = pixelsFromTwips(pageMarginTwips);
+    const int barHeight = tbrQuerna->sizeHint().height();
+    tbrQuerna->setGeometry(0, 0, width, barHeight);
+    txtSQL->setGeometry(left, barHeight, pixelsFromTwips(panes.editorWidth),
+                        pixelsFromTwips(panes.editorHeight));
+    tbSql->setGeometry(left, pixelsFromTwips(panes.tabTop), pixelsFromTwips(panes.tabWidth),
+                       pixelsFromTwips(panes.tabHeight));
+
+    const int pagingHeight = Toolbar1->sizeHint().height();
+    Toolbar1->setGeometry(0, 0, pixelsFromTwips(panes.gridWidth), pagingHeight);
+    SqlDataGrid->setGeometry(margin, pagingHeight, pixelsFromTwips(panes.gridWidth) - margin,
+                             pixelsFromTwips(panes.gridHeight));
+
+    tvwColumns->setGeometry(margin, margin, pixelsFromTwips(panes.planWidth) - margin,
+                            pixelsFromTwips(panes.planHeight));
+
+    const int boxHeight = txtBufferSize->sizeHint().height();
+    const int labelWidth = lblBufferSize->sizeHint().width();
+    lblBufferSize->setGeometry(2 * margin, margin, labelWidth, boxHeight);
+    txtBufferSize->setGeometry(labelWidth + 4 * margin, margin, 100, boxHeight);
+    rtbdbms->setGeometry(margin, boxHeight + 2 * margin,
+                         pixelsFromTwips(panes.outputWidth) - margin,
+                         pixelsFromTwips(panes.outputHeight));
+
+    const int statusHeight = pixelsFromTwips(statusHeightTwips);
+    sbSql->setGeometry(left, height - statusHeight - 2, width - 2 * left, statusHeight);
+}

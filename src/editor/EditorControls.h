@@ -1,0 +1,45 @@
+#pragma once
+
+class ColumnTree;
+class DataGrid;
+class EditorControl;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QTabWidget;
+class QToolBar;
+class QWidget;
+class StatusPanels;
+struct PaneLayout;
+
+/// The tabs of `tbSql`, which decide what Run does.
+enum class ResultTab { Data = 0, ExplainPlan = 1, DbmsOutput = 2 };
+
+/// The controls of an editor window, made and named here so that the window's duties can be handed
+/// the ones they work on. The window's widget owns them.
+struct EditorControls
+{
+    QToolBar *tbrQuerna = nullptr;
+    EditorControl *txtSQL = nullptr;
+    QTabWidget *tbSql = nullptr;
+    QToolBar *Toolbar1 = nullptr;
+    DataGrid *SqlDataGrid = nullptr;
+    ColumnTree *tvwColumns = nullptr;
+    QLabel *lblBufferSize = nullptr;
+    QLineEdit *txtBufferSize = nullptr;
+    QPlainTextEdit *rtbdbms = nullptr;
+    StatusPanels *sbSql = nullptr;
+
+    /// Makes the controls as children of @p window.
+    void create(QWidget *window);
+
+    ResultTab visibleTab() const;
+
+    /// Puts the controls where @p panes says, inside a window of the given size in pixels.
+    void place(const PaneLayout &panes, int width, int height);
+
+private:
+    void createDataTab();
+    void createPlanTab();
+    void createOutputTab();
+};

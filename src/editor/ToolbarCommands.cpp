@@ -1,0 +1,217 @@
+#include "editor/ToolbarCommands.h"
+
+#include "connection/session.h"
+#include "controls/CommonDialog.h"
+#include "controls/EditorControl.h"
+#include "controls/icons.h"
+#include "dialogs/frmObject.h"
+#include "dialogs/frmObjectColumn.h"
+#include "editor/RunCommand.h"
+#include "editor/frmQuerna.h"
+#include "history/frmSQLHistory.h"
+#include "platform/errorTraps.h"
+#include "platform/mousePointer.h"
+#include "platform/textForms.h"
+#include "sqltext/selectionEdits.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QPointer>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Button
+{
+    QLatin1StringView toolTip; ///< empty for a separator
+    QLatin1StringView icon;
+    QList<QKeySequence> shortcuts;
+};
+
+/// In toolbar order. "Uppe case" is what this button has always been called.
+QList<Button> toolbarButtons()
+{
+    return {
+        {"Run sql statement"_L1,
+         "run"_L1,
+         {Qt::Key_F5, Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}},
+        {"Run as a script"_L1, "run-script"_L1, {Qt::SHIFT | Qt::Key_F5}},
+        {"Export data"_L1, "export"_L1, {Qt::CTRL | Qt::Key_E}},
+        {},
+        {"Background color"_L1, "background-color"_L1, {}},
+        {"Commit"_L1, "commit"_L1, {Qt::Key_F9}},
+        {"Rollback"_L1, "rollback"_L1, {Qt::SHIFT | Qt::Key_F9}},
+        {"Uppe case"_L1, "upper-case"_L1, {}},
+        {"Lower case"_L1, "lower-case"_L1, {}},
+        {"Initcap"_L1, "initcap"_L1, {}},
+        {"Comment text"_L1, "comment"_L1, {}},
+        {"Uncomment text"_L1, "uncomment"_L1, {}},
+        {"Undo"_L1, "undo"_L1, {}},
+        {"Redo"_L1, "redo"_L1, {}},
+        {},
+        {"Display Schema and Tables"_L1, "tables"_L1, {Qt::Key_F6}},
+        {"Display Schema, Tables and Columns"_L1, "columns"_L1, {Qt::SHIFT | Qt::Key_F6}},
+        {"Recall history of SQL statements"_L1, "history"_L1, {Qt::Key_F8}},
+        {},
+        {"Exit Sql Editor"_L1, "exit"_L1, {}},
+    };
+}
+
+/// The editor control that has the keyboard focus; null when the focus is elsewhere.
+EditorControl *focusedEditor()
+{
+    return qobject_cast<EditorControl *>(QApplication::focusWidget());
+}
+
+/// Shows a dialog until it is closed. The dialog goes with its parent when that is deleted
+/// meanwhile.
+template <typename Dialog>
+void showModal(Dialog *dialog)
+{
+    const QPointer<Dialog> guard(dialog);
+    dialog->exec();
+    if (guard)
+        delete dialog;
+}
+
+template <typename Change>
+void changeSelection(EditorControl &editor, Change change)
+{
+    const QString text = editor.SelText();
+    if (!text.isEmpty())
+        editor.setSelText(change(text));
+}
+
+} // namespace
+
+void ToolbarCommands::addButtons(QToolBar &bar, frmQuerna &window)
+{
+    int index = 0;
+    for (const Button &button : toolbarButtons()) {
+        ++index;
+        const QString toolTip = button.toolTip;
+        QAction *action = toolTip.isEmpty() ? bar.addSeparator()
+                                            : bar.addAction(themedIcon(button.icon), toolTip);
+        action->setObjectName(u"tbrQuerna_"_s + QString::number(index));
+        if (toolTip.isEmpty())
+            continue;
+        action->setToolTip(toolTip);
+        action->setEnabled(index != 3); // exporting is not there yet
+        action->setShortcuts(button.shortcuts);
+        action->setShortcutContext(Qt::WindowShortcut);
+        QObject::connect(action, &QAction::triggered, &window,
+                         [&window, index] { window.tbrQuerna_ButtonClick(index); });
+    }
+}
+
+void ToolbarCommands::execute(int index)
+{
+    const int pointerBefore = mousePointer();
+    if (!reportErrors([&] { dispatch(index); }))
+        setMousePointer(pointerBefore);
+}
+
+void ToolbarCommands::dispatch(int index)
+{
+    EditorControl &editor = *m_window.txtSQL();
+    switch (index) {
+    case 1:
+        return m_run.run();
+    case 2:
+        return runScript();
+    case 5:
+        return chooseBackground();
+    case 6:
+        return commit();
+    case 7:
+        return rollback();
+    case 8:
+        return editor.setSelText(editor.SelText().toUpper());
+    case 9:
+        return editor.setSelText(editor.SelText().toLower());
+    case 10:
+        return changeSelection(editor, [](const QString &text) { return properCase(text); });
+    case 11:
+        return changeSelection(editor, commentLines);
+    case 12:
+        return changeSelection(editor, uncommentText);
+    case 13:
+        return editor.ExecuteCommand(EditorControl::CommandUndo);
+    case 14:
+        return editor.ExecuteCommand(EditorControl::CommandRedo);
+    case 16:
+        return pickObject<frmObject>();
+    case 17:
+        return pickObject<frmObjectColumn>();
+    case 18:
+        return recallHistory();
+    case 20:
+        return endProgram();
+    default:
+        return;
+    }
+}
+
+void ToolbarCommands::runScript()
+{
+    QString errors;
+    {
+        const HourglassPointer hourglass;
+        m_window.execScript(errors);
+    }
+    if (!trimBlanks(errors).isEmpty())
+        showMessage(errors);
+}
+
+void ToolbarCommands::chooseBackground()
+{
+    // A cancelled dialog changes nothing.
+    ignoreErrors([this] {
+        CommonDialog dialog(&m_window);
+        dialog.CancelError = true;
+        dialog.Color = m_window.txtSQL()->BackColor();
+        dialog.ShowColor();
+        m_window.txtSQL()->setBackColor(dialog.Color);
+    });
+}
+
+void ToolbarCommands::commit()
+{
+    const std::shared_ptr<Connection> connection = requireConnection();
+    connection->CommitTrans();
+    connection->BeginTrans();
+}
+
+void ToolbarCommands::rollback()
+{
+    const std::shared_ptr<Connection> connection = requireConnection();
+    connection->RollbackTrans();
+    connection->BeginTrans();
+}
+
+template <typename Picker>
+void ToolbarCommands::pickObject()
+{
+    EditorControl *editor = focusedEditor();
+    if (editor == nullptr)
+        return;
+    auto *picker = new Picker(&m_window);
+    // The user name stands for the password as well: a picker never logs on.
+    picker->setUserPwd(gUserName, gUserName, gTnsName);
+    picker->setDbc(gConnection);
+    picker->setWindowIcon(m_window.windowIcon());
+    picker->setTxt(editor, &m_window);
+    showModal(picker);
+}
+
+void ToolbarCommands::recallHistory()
+{
+    EditorControl *editor = focusedEditor();
+    if (editor == nullptr)
+        return;
+    auto *dialog = new frmSQLHistory(&m_window);
+    dialog->setTxt(editor, &m_window);
+    showModal(dialog);
+}

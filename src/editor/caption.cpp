@@ -1,0 +1,22 @@
+#include "editor/caption.h"
+
+#include "platform/textForms.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int shownCharacters = 30;
+
+} // namespace
+
+QString captionAtLoad(const QString &userName, const QString &tnsName)
+{
+    return userName.toUpper() + u'@' + tnsName.toUpper() + u" - SQL Editor"_s;
+}
+
+QString captionWithText(const QString &userName, const QString &tnsName, const QString &text)
+{
+    return captionAtLoad(userName, tnsName) + u": "_s + trimBlanks(text).left(shownCharacters) +
+           u"..."_s;
+}

@@ -1,0 +1,250 @@
+#include "editor/frmQuerna.h"
+
+#include "controls/DataGrid.h"
+#include "controls/EditorControl.h"
+#include "controls/StatusPanels.h"
+#include "controls/icons.h"
+#include "controls/twips.h"
+#include "editor/EditorEvents.h"
+#include "editor/RunCommand.h"
+#include "editor/ToolbarCommands.h"
+#include "editor/caption.h"
+#include "editor/paneLayout.h"
+#include "editor/statusPanelNumbers.h"
+#include "platform/applicationFolder.h"
+#include "platform/errorTraps.h"
+#include "platform/eventYield.h"
+#include "platform/mousePointer.h"
+#include "sqltext/ResultPaging.h"
+#include "sqltext/scriptRunner.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 defaultMaxRecords = 100;
+constexpr qint32 largestRecordLimit = 10000;
+
+/// Size that the window was designed in, in twips.
+constexpr int designWidth = 15360;
+constexpr int designHeight = 9810;
+
+struct PagingButton
+{
+    QLatin1StringView toolTip;
+    QLatin1StringView icon;
+};
+
+constexpr PagingButton pagingButtons[] = {
+    {"Retrieve next set of records"_L1, "next-rows"_L1},
+    {"Retrieve all records"_L1, "all-rows"_L1},
+    {"Stop retrieval of all records"_L1, "stop"_L1},
+};
+
+} // namespace
+
+frmQuerna::frmQuerna(QWidget *parent)
+    : QWidget(parent)
+{
+    setObjectName(u"frmQuerna"_s);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    m_controls.create(this);
+    m_paging = std::make_shared<ResultPaging>();
+    m_run = std::make_unique<RunCommand>(m_controls, *m_paging, [this] { refreshCaption(); });
+    m_commands = std::make_unique<ToolbarCommands>(*this, *m_run);
+    m_events =
+        std::make_unique<EditorEvents>(*m_controls.txtSQL, *this, [this](const QString &text) {
+            m_controls.sbSql->setPanelText(CaretPanel, text);
+        });
+    connectEvents();
+    Form_Load();
+}
+
+frmQuerna::~frmQuerna()
+{
+    // A retrieval that is under way outlives the window by a row; it has nothing to show any more.
+    m_paging->setStatusText({});
+    Form_Terminate();
+}
+
+void frmQuerna::connectEvents()
+{
+    ToolbarCommands::addButtons(*m_controls.tbrQuerna, *this);
+    int index = 0;
+    for (const PagingButton &button : pagingButtons) {
+        ++index;
+        QAction *action = m_controls.Toolbar1->addAction(themedIcon(button.icon), button.toolTip);
+        action->setObjectName(u"Toolbar1_"_s + QString::number(index));
+        action->setToolTip(button.toolTip);
+        connect(action, &QAction::triggered, this, [this, index] { Toolbar1_ButtonClick(index); });
+    }
+    m_paging->setStatusText([this](const QString &text) {
+        m_controls.sbSql->setPanelText(RowsPanel, text);
+        m_controls.SqlDataGrid->rowsAdded();
+    });
+    m_paging->setYield(yieldToEvents);
+}
+
+void frmQuerna::Form_Load()
+{
+    maxRecords = defaultMaxRecords;
+    resize(pixelsFromTwips(designWidth), pixelsFromTwips(designHeight));
+    setWindowTitle(captionAtLoad(gUserName, gTnsName));
+}
+
+void frmQuerna::Form_Activate()
+{
+    refreshCaption();
+    ignoreErrors([this] { m_controls.txtSQL->LoadSyntax(applicationFile(u"T-SQL.bcp"_s)); });
+    ignoreErrors([this] { m_controls.txtSQL->setScratchFile(applicationFile(u"dummy.sql"_s)); });
+}
+
+void frmQuerna::Form_Terminate() noexcept
+{
+    if (m_terminated)
+        return;
+    m_terminated = true;
+    m_paging->stop();
+    ignoreErrors([] {
+        if (gConnection)
+            gConnection->Close();
+    });
+    gConnection.reset();
+}
+
+void frmQuerna::setUserPwd(const QString &usr, const QString &passwd, const QString &tnsname)
+{
+    gUserName = usr;
+    gPassword = passwd;
+    gTnsName = tnsname;
+}
+
+void frmQuerna::setExtUnameTns(QString &extUname, QString &extTns) const
+{
+    extUname = gUserName;
+    extTns = gTnsName;
+}
+
+void frmQuerna::setDbc(const std::shared_ptr<Connection> &dbd)
+{
+    gConnection = dbd;
+}
+
+void frmQuerna::setExtDbC(std::shared_ptr<Connection> &dbd) const
+{
+    dbd = gConnection;
+}
+
+void frmQuerna::setMaxRec(qint16 mr)
+{
+    maxRecords = mr;
+}
+
+void frmQuerna::getConnStr(const QString &str)
+{
+    m_connStr = str;
+}
+
+void frmQuerna::execScript(QString &errstr)
+{
+    setMousePointer(MousePointer::Hourglass);
+    runScript(m_controls.txtSQL->Text(), errstr,
+              [](const QString &command) { requireConnection()->Execute(command); });
+    setMousePointer(MousePointer::Default);
+}
+
+std::shared_ptr<Recordset> frmQuerna::rsResult() const
+{
+    return m_paging->result();
+}
+
+void frmQuerna::refreshCaption()
+{
+    setWindowTitle(captionWithText(gUserName, gTnsName, m_controls.txtSQL->Text()));
+}
+
+void frmQuerna::showRecordLimit()
+{
+    const bool limited = maxRecords != 0 && maxRecords <= largestRecordLimit;
+    m_controls.sbSql->setPanelText(RowsPanel, limited ? u"Records: "_s + QString::number(maxRecords)
+                                                      : u"All records"_s);
+}
+
+void frmQuerna::tbrQuerna_ButtonClick(int index)
+{
+    m_commands->execute(index);
+}
+
+void frmQuerna::Toolbar1_ButtonClick(int index)
+{
+    const std::shared_ptr<ResultPaging> paging = m_paging;
+    reportErrors([&] {
+        switch (index) {
+        case 1:
+            return paging->retrieveNext();
+        case 2:
+            return paging->retrieveAll();
+        case 3:
+            return paging->stop();
+        default:
+            return;
+        }
+    });
+}
+
+void frmQuerna::closeEvent(QCloseEvent *event)
+{
+    Form_Terminate();
+    event->accept();
+}
+
+void frmQuerna::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    refreshCaption();
+    m_controls.txtSQL->setFocus(event->reason());
+}
+
+void frmQuerna::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (twipsFromPixels(height()) >= smallestLaidOutWindow &&
+        twipsFromPixels(width()) >= smallestLaidOutWindow)
+        layoutPanes();
+}
+
+void frmQuerna::layoutPanes()
+{
+    m_splitRatio = boundedSplitRatio(m_splitRatio);
+    const int toolbarHeight = twipsFromPixels(m_controls.tbrQuerna->sizeHint().height());
+    WindowMeasures window;
+    window.innerWidth = twipsFromPixels(width());
+    window.innerHeight = twipsFromPixels(height());
+    window.editorTop = toolbarHeight;
+    window.toolbarHeight = toolbarHeight;
+    m_controls.place(::layoutPanes(m_splitRatio, window), width(), height());
+}
+
+void frmQuerna::mousePressEvent(QMouseEvent *)
+{
+    m_splitDragging = true;
+}
+
+void frmQuerna::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!m_splitDragging)
+        return;
+    m_splitRatio = static_cast<float>(event->position().y() / height());
+    layoutPanes();
+}
+
+void frmQuerna::mouseReleaseEvent(QMouseEvent *)
+{
+    m_splitDragging = false;
+}

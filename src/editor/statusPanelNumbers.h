@@ -1,0 +1,4 @@
+#pragma once
+
+/// What the panels of `sbSql` show.
+enum StatusPanelNumber { CaretPanel = 1, ElapsedPanel = 3, RowsPanel = 4, ExecutionPanel = 5 };

@@ -1,0 +1,196 @@
+#include "Tour.h"
+
+#include "controls/DataGrid.h"
+#include "controls/EditorControl.h"
+#include "editor/frmQuerna.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int modalPollInterval = 20;
+
+template <typename Object>
+Object *findAnywhere(const QString &name)
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == name) {
+            if (auto *found = qobject_cast<Object *>(window))
+                return found;
+        }
+        if (auto *found = window->findChild<Object *>(name))
+            return found;
+    }
+    return nullptr;
+}
+
+void say(const QString &line)
+{
+    std::printf("%s\n", qPrintable(line));
+    std::fflush(stdout);
+}
+
+} // namespace
+
+void settle(int milliseconds)
+{
+    QTest::qWait(milliseconds);
+}
+
+QWidget *control(const QString &name)
+{
+    auto *found = findAnywhere<QWidget>(name);
+    if (found == nullptr) {
+        say(u"There is no control named %1: the tour ends here."_s.arg(name));
+        std::exit(1);
+    }
+    return found;
+}
+
+Tour::Tour(const QString &pictureFolder)
+    : m_folder(pictureFolder)
+{
+    m_folder.mkpath(u"."_s);
+    for (const QString &old : m_folder.entryList({u"*.png"_s}, QDir::Files))
+        m_folder.remove(old);
+}
+
+void Tour::picture(const QString &name, QWidget *window)
+{
+    settle();
+    ++m_step;
+    const QString file = u"%1-%2.png"_s.arg(m_step, 2, 10, QChar(u'0')).arg(name);
+    expect(window->grab().save(m_folder.filePath(file)), u"the picture %1 is saved"_s.arg(file));
+    QString line = u"%1: window \"%2\""_s.arg(file, window->windowTitle());
+    if (editor() != nullptr) {
+        line += u"; caption \"%1\"; panels"_s.arg(editor()->windowTitle());
+        for (int i = 1; i <= 5; ++i)
+            line += u" [%1]"_s.arg(panel(i));
+        line += u"; %1 rows in the grid"_s.arg(gridRows());
+    }
+    say(line);
+}
+
+void Tour::expect(bool holds, const QString &what)
+{
+    if (holds)
+        return;
+    ++m_faults;
+    say(u"  FAULT: expected that "_s + what);
+}
+
+void Tour::press(const QString &toolBar, int index)
+{
+    auto *bar = control<QToolBar>(toolBar);
+    QAction *action = bar->actions().value(index - 1);
+    QWidget *button = action == nullptr ? nullptr : bar->widgetForAction(action);
+    expect(button != nullptr && button->isEnabled(),
+           u"button %1 of %2 can be pressed"_s.arg(index).arg(toolBar));
+    if (button != nullptr)
+        QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void Tour::type(const QString &text)
+{
+    QTest::keyClicks(this->text(), text);
+}
+
+void Tour::run(const QString &text)
+{
+    this->text()->setText({});
+    this->text()->setFocus();
+    type(text);
+    press(u"tbrQuerna"_s, 1);
+    settle();
+}
+
+void Tour::menu(const QString &name)
+{
+    auto *action = findAnywhere<QAction>(name);
+    expect(action != nullptr && action->isEnabled(), u"menu item %1 can be picked"_s.arg(name));
+    if (action != nullptr)
+        action->trigger();
+}
+
+void Tour::modal(const std::function<void()> &start, const std::function<void(QWidget *)> &visit)
+{
+    bool visited = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        QWidget *window = QApplication::activeModalWidget();
+        if (window == nullptr || !window->isVisible())
+            return;
+        timer.stop();
+        visited = true;
+        settle();
+        visit(window);
+    });
+    timer.start(modalPollInterval);
+    start();
+    expect(visited, u"a dialog comes up"_s);
+    // No window manager does it on a bare screen.
+    if (editor() != nullptr) {
+        editor()->window()->activateWindow();
+        settle();
+    }
+}
+
+QString Tour::message(const std::function<void()> &start, const QString &button,
+                      const QString &pictureName)
+{
+    QString text;
+    modal(start, [&](QWidget *window) {
+        auto *box = qobject_cast<QMessageBox *>(window);
+        expect(box != nullptr, u"the dialog is a message"_s);
+        if (box == nullptr) {
+            window->close();
+            return;
+        }
+        text = box->text();
+        if (!pictureName.isEmpty())
+            picture(pictureName, box);
+        for (QAbstractButton *candidate : box->buttons()) {
+            if (candidate->text().remove(u'&') == button)
+                return QTest::mouseClick(candidate, Qt::LeftButton);
+        }
+        box->close();
+    });
+    return text;
+}
+
+frmQuerna *Tour::editor() const
+{
+    return findAnywhere<frmQuerna>(u"frmQuerna"_s);
+}
+
+EditorControl *Tour::text() const
+{
+    return control<EditorControl>(u"txtSQL"_s);
+}
+
+DataGrid *Tour::grid() const
+{
+    return control<DataGrid>(u"SqlDataGrid"_s);
+}
+
+QString Tour::panel(int number) const
+{
+    return control<QLabel>(u"sbSql_%1"_s.arg(number))->text();
+}
+
+int Tour::gridRows() const
+{
+    return grid()->model()->rowCount();
+}

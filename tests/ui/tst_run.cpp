@@ -1,0 +1,354 @@
+#include "connection/session.h"
+#include "controls/ColumnTree.h"
+#include "controls/DataGrid.h"
+#include "controls/EditorControl.h"
+#include "dataaccess/Recordset.h"
+#include "editor/ExplainPlan.h"
+#include "editor/frmQuerna.h"
+#include "platform/mousePointer.h"
+#include "platform/systemClock.h"
+#include "support/SandboxFixture.h"
+#include "support/raisedError.h"
+#include "uisupport/ModalAnswers.h"
+#include "uisupport/ProgramFixture.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString sandbox = SandboxFixture::connectionString();
+
+/// What a second session sees.
+QString seenElsewhere(const QString &query)
+{
+    return SandboxFixture::scalar(SandboxFixture::open(), query);
+}
+
+void appendPlan(const QTreeWidgetItem *item, int depth, QString &text)
+{
+    text += QString(2 * depth, u' ');
+    for (int column = 0; column < item->columnCount(); ++column)
+        text += item->text(column) + u'|';
+    text += item->isExpanded() || item->childCount() == 0 ? u"\n"_s : u" folded\n"_s;
+    for (int i = 0; i < item->childCount(); ++i)
+        appendPlan(item->child(i), depth + 1, text);
+}
+
+} // namespace
+
+/// The Run command and the row commands of an editor window, on a real server.
+class TestRun : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void queryFillsGridPanelsAndHistory();
+    void selectionIsRunWithoutItsComments();
+    void elapsedTimeComesFromTheClock_data();
+    void elapsedTimeComesFromTheClock();
+    void pagesOfRows();
+    void dmlStaysInTheTransaction();
+    void closingRollsBack();
+    void failureLeavesGridAndPointer();
+    void emptyStatementGoesToTheHistory();
+    void planOfAJoin();
+    void planFailures();
+    void serverOutput();
+    void serverOutputFailures();
+    void script();
+    void commitAndRollbackReportFailures();
+    void exportNeedsAResult();
+};
+
+void TestRun::initTestCase()
+{
+    SandboxFixture::useSharedFolder();
+}
+
+void TestRun::queryFillsGridPanelsAndHistory()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    QCOMPARE(program.editor()->windowTitle(), u"SCOTT@SANDBOX - SQL Editor: ..."_s);
+    program.run(u" select * from emp order by empno "_s);
+    QCOMPARE(program.grid()->model()->rowCount(), 14);
+    QCOMPARE(program.grid()->model()->headerData(1, Qt::Horizontal).toString(), u"ENAME"_s);
+    QCOMPARE(program.grid()->model()->index(0, 1).data().toString(), u"KING"_s);
+    QCOMPARE(program.panel(4), u"Records Retrieved: 14"_s);
+    QVERIFY(program.panel(3).endsWith(u"sec"_s));
+    QVERIFY(program.panel(5).startsWith(u"Query executed at "_s));
+    QCOMPARE(program.editor()->windowTitle(),
+             u"SCOTT@SANDBOX - SQL Editor: select * from emp order by emp..."_s);
+    const QString time = program.panel(5).mid(18);
+    QCOMPARE(QString::fromUtf8(program.history()),
+             u"select * from emp order by empno\r\nSQLTIME\r\n"_s + time + u"\r\nSQLEND\r\n"_s);
+    QCOMPARE(mousePointer(), MousePointer::Default);
+}
+
+void TestRun::selectionIsRunWithoutItsComments()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    program.text()->setText(u"nonsense;\r\nselect dname -- every name\r\nfrom dept\r\nnonsense"_s);
+    program.text()->setSelStart(11);
+    program.text()->setSelLength(39);
+    QCOMPARE(program.text()->SelText(), u"select dname -- every name\r\nfrom dept\r\n"_s);
+    program.press(u"tbrQuerna"_s, 1);
+    QCOMPARE(program.grid()->model()->rowCount(), 4);
+    QVERIFY(program.history().startsWith("select dname -- every name\r\nfrom dept\r\n\r\nSQLTIME"));
+}
+
+void TestRun::elapsedTimeComesFromTheClock_data()
+{
+    QTest::addColumn<QDateTime>("start");
+    QTest::addColumn<int>("milliseconds");
+    QTest::addColumn<QString>("panel");
+    const QDateTime noon(QDate(2026, 3, 4), QTime(12, 0), Qt::UTC);
+    QTest::newRow("short") << noon << 400 << u"400 msec"_s;
+    QTest::newRow("a second") << noon << 1000 << u"1 sec"_s;
+    QTest::newRow("longer") << noon << 61500 << u"61.5 sec"_s;
+    QTest::newRow("over midnight") << QDateTime(QDate(2026, 3, 4), QTime(23, 59, 59, 900), Qt::UTC)
+                                   << 200 << u"-86399800 msec"_s;
+}
+
+void TestRun::elapsedTimeComesFromTheClock()
+{
+    QFETCH(QDateTime, start);
+    QFETCH(int, milliseconds);
+    QFETCH(QString, panel);
+    ProgramFixture program;
+    program.start(sandbox);
+    MessageAnswers messages;
+    // Read for the history, the start, panel 5 and the end, in this order.
+    int reading = 0;
+    setClockSource([&] { return ++reading < 4 ? start : start.addMSecs(milliseconds); });
+    program.run(u"select 1 from dual"_s);
+    setClockSource({});
+    QVERIFY(messages.texts.isEmpty());
+    QCOMPARE(program.panel(3), panel);
+}
+
+void TestRun::pagesOfRows()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    program.run(u"select sale_id from sales where sale_id <= 60 order by sale_id"_s);
+    QCOMPARE(program.panel(4), u"Records Retrieved: 25"_s);
+    program.press(u"Toolbar1"_s, 1);
+    QCOMPARE(program.panel(4), u"Records Retrieved: 50"_s);
+    program.press(u"Toolbar1"_s, 2);
+    QCOMPARE(program.panel(4), u"Records Retrieved: 60"_s);
+    QTRY_COMPARE(program.grid()->model()->rowCount(), 60);
+    QCOMPARE(program.grid()->model()->index(59, 0).data().toString(), u"60"_s);
+    program.press(u"Toolbar1"_s, 1);
+    program.press(u"Toolbar1"_s, 3);
+    QCOMPARE(program.panel(4), u"Records Retrieved: 60"_s);
+
+    program.run(u"select 1 as id, null as id, 'x' as id from dual where 1 = 0"_s);
+    QCOMPARE(program.panel(4), u"Records Retrieved: 0"_s);
+    QCOMPARE(program.editor()->rsResult()->fieldCount(), 0);
+}
+
+void TestRun::dmlStaysInTheTransaction()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    program.run(u"insert into dept values (60, 'IT''S -- so', /* where */ 'HERE')"_s);
+    program.run(u"select count(*) from dept where deptno = 60"_s);
+    QCOMPARE(program.grid()->model()->index(0, 0).data().toString(), u"1"_s);
+    QCOMPARE(seenElsewhere(u"select count(*) from dept where deptno = 60"_s), u"0"_s);
+    program.press(u"tbrQuerna"_s, 6);
+    QCOMPARE(seenElsewhere(u"select dname from dept where deptno = 60"_s), u"IT'S -- so"_s);
+    program.run(u"delete from dept where deptno = 60"_s);
+    program.press(u"tbrQuerna"_s, 7);
+    QCOMPARE(seenElsewhere(u"select count(*) from dept where deptno = 60"_s), u"1"_s);
+    program.run(u"delete from dept where deptno = 60"_s);
+    program.press(u"tbrQuerna"_s, 6);
+    QCOMPARE(seenElsewhere(u"select count(*) from dept where deptno = 60"_s), u"0"_s);
+}
+
+void TestRun::closingRollsBack()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    program.run(u"delete from emp"_s);
+    program.editor()->parentWidget()->close();
+    QCOMPARE(seenElsewhere(u"select count(*) from emp"_s), u"14"_s);
+}
+
+void TestRun::failureLeavesGridAndPointer()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    program.run(u"select * from dept"_s);
+    const QString rows = program.panel(4);
+    MessageAnswers messages;
+    program.run(u"select no_such_column from dept"_s);
+    QCOMPARE(messages.texts.size(), 1);
+    QVERIFY(messages.texts.first().contains(u"no_such_column"_s));
+    QCOMPARE(program.grid()->model()->rowCount(), 4);
+    QCOMPARE(program.panel(4), rows);
+    QCOMPARE(mousePointer(), MousePointer::Default);
+    QVERIFY(program.history().contains("select no_such_column from dept\r\nSQLTIME"));
+}
+
+void TestRun::emptyStatementGoesToTheHistory()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    program.run({});
+    QVERIFY(program.history().startsWith("\r\nSQLTIME\r\n"));
+}
+
+void TestRun::planOfAJoin()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    program.run(u"select * from dept"_s);
+    program.run(u"select e.ename, d.dname from emp e, dept d where e.deptno = d.deptno"_s, 1);
+    const auto *tree = program.editor()->findChild<ColumnTree *>(u"tvwColumns"_s);
+    QCOMPARE(tree->headerItem()->text(1), u"Object Name"_s);
+    QCOMPARE(tree->topLevelItemCount(), 1);
+    QString plan;
+    appendPlan(tree->topLevelItem(0), 0, plan);
+    QVERIFY2(plan.startsWith(u"SELECT STATEMENT"_s), qPrintable(plan));
+    QVERIFY2(plan.contains(u"|EMP|14|"_s), qPrintable(plan));
+    QVERIFY2(plan.contains(u"|DEPT|"_s), qPrintable(plan));
+    QVERIFY2(!plan.contains(u"folded"_s), qPrintable(plan));
+    QVERIFY(tree->topLevelItem(0)->text(2).isEmpty());
+    // The rows of the query before it stay.
+    QCOMPARE(program.grid()->model()->rowCount(), 4);
+    // A second request in the same second replaces the first one's rows.
+    program.run(u"select * from emp where hiredate > '10:30'"_s, 1);
+    QCOMPARE(tree->topLevelItemCount(), 1);
+}
+
+void TestRun::planFailures()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    MessageAnswers messages;
+    program.run(u"select * from no_such_table"_s, 1);
+    QCOMPARE(messages.texts.size(), 1);
+
+    // A step past the table of nodes ends the filling; the steps before it stay.
+    ColumnTree tree;
+    ExplainPlan plan(&tree, [] {});
+    plan.setupPlanColumns();
+    const QString step = u"select '%1' query_plan, %2 id, %3 parent_id, 'T' object_name, "
+                         "'1' cardinality, ' ' bytes, '2' cost from dual"_s;
+    QCOMPARE(raisedError([&] {
+                 plan.fillPlanTree(QStringList{
+                     step.arg(u"ROOT"_s, u"0"_s, u"null"_s), step.arg(u"LAST"_s, u"500"_s, u"0"_s),
+                     step.arg(u"FAR"_s, u"501"_s, u"0"_s), step.arg(u"NEVER"_s, u"1"_s, u"0"_s)}
+                                       .join(u" union all "_s));
+             }),
+             ErrorNumber::SubscriptOutOfRange);
+    QString text;
+    appendPlan(tree.topLevelItem(0), 0, text);
+    QCOMPARE(text, u"ROOT|||||\n  LAST|T|1| |2|\n"_s);
+    QCOMPARE(messages.texts.size(), 1);
+}
+
+void TestRun::serverOutput()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    auto *pane = program.editor()->findChild<QPlainTextEdit *>(u"rtbdbms"_s);
+    program.run(u"begin dbms_output.put_line('one'); dbms_output.put_line(''); "
+                "dbms_output.put_line('three'); end;"_s,
+                2);
+    QCOMPARE(pane->toPlainText(), u"  one\n  three\n"_s);
+    QVERIFY(program.panel(5).startsWith(u"Query executed at "_s));
+    program.run(u"select 1 from dual"_s, 2);
+    QCOMPARE(pane->toPlainText(), QString());
+}
+
+void TestRun::serverOutputFailures()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    auto *size = program.editor()->findChild<QLineEdit *>(u"txtBufferSize"_s);
+    MessageAnswers messages;
+    size->setText(u"abc"_s);
+    program.run(u"delete from emp"_s, 2);
+    QCOMPARE(messages.texts.size(), 1);
+    size->setText(u"20000"_s);
+    program.run(u"select count(*) from emp"_s);
+    QCOMPARE(program.grid()->model()->index(0, 0).data().toString(), u"14"_s);
+
+    // The lines that came before a failure stay.
+    program.run(
+        u"begin dbms_output.put_line('short'); dbms_output.put_line(rpad('x', 300, 'x')); end;"_s,
+        2);
+    QCOMPARE(messages.texts.size(), 2);
+    QCOMPARE(program.editor()->findChild<QPlainTextEdit *>(u"rtbdbms"_s)->toPlainText(),
+             u"  short\n"_s);
+}
+
+void TestRun::script()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    program.text()->setText(u"update dept set loc = 'it''s';\r\nnonsense one;\r\n-- nothing;\r\n"
+                            "nonsense two;\r\n/* more */ delete from emp where empno = 7245;\r\n"
+                            "delete from dept"_s);
+    MessageAnswers messages;
+    program.press(u"tbrQuerna"_s, 2);
+    QCOMPARE(messages.texts.size(), 1);
+    QCOMPARE(messages.texts.first().count(u"\r\n"_s), 2);
+    QVERIFY(messages.texts.first().startsWith(u' '));
+    QVERIFY(messages.texts.first().indexOf(u"nonsense one"_s) <
+            messages.texts.first().indexOf(u"nonsense two"_s));
+    program.run(
+        u"select (select count(*) from emp), (select count(*) from dept where loc = 'it''s') "
+        "from dual"_s);
+    QCOMPARE(program.grid()->model()->index(0, 0).data().toString(), u"13"_s);
+    QCOMPARE(program.grid()->model()->index(0, 1).data().toString(), u"4"_s);
+    program.press(u"tbrQuerna"_s, 7);
+}
+
+void TestRun::commitAndRollbackReportFailures()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    gConnection->Close();
+    MessageAnswers messages;
+    program.press(u"tbrQuerna"_s, 6);
+    program.press(u"tbrQuerna"_s, 7);
+    program.press(u"tbrQuerna"_s, 15);
+    QCOMPARE(messages.texts.size(), 2);
+    QVERIFY(program.ends.empty());
+    program.press(u"tbrQuerna"_s, 20);
+    QCOMPARE(program.ends.size(), size_t{1});
+}
+
+void TestRun::exportNeedsAResult()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    MessageAnswers messages;
+    whenModal([](QWidget *dialog) {
+        QTest::mouseClick(dialog->findChild<QAbstractButton *>(u"cmdExpOK"_s), Qt::LeftButton);
+    });
+    program.press(u"tbrQuerna"_s, 3);
+    whenModal([](QWidget *dialog) {
+        dialog->findChild<QAbstractButton *>(u"optExport_3"_s)->setFocus();
+        dialog->findChild<QAbstractButton *>(u"optExport_3"_s)->click();
+        QTest::mouseClick(dialog->findChild<QAbstractButton *>(u"cmdExpOK"_s), Qt::LeftButton);
+    });
+    program.press(u"tbrQuerna"_s, 3);
+    QCOMPARE(messages.texts, QStringList(u"91 Object variable or With block variable not set"_s));
+}
+
+QTEST_MAIN(TestRun)
+#include "tst_run.moc"

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QTemporaryDir>
+
+#include <memory>
+#include <vector>
+
+class DataGrid;
+class EditorControl;
+class MDIFormQuerna;
+class QAction;
+class frmQuerna;
+
+/// A running program for one test: its frame, with an application folder, settings and history of
+/// its own. The program's end is recorded, not carried out.
+class ProgramFixture
+{
+public:
+    ProgramFixture();
+    ~ProgramFixture();
+    ProgramFixture(const ProgramFixture &) = delete;
+    ProgramFixture &operator=(const ProgramFixture &) = delete;
+
+    /// Starts the frame as the program does, with everything behind the program's name.
+    void start(const QString &commandLine);
+
+    MDIFormQuerna &frame() { return *m_frame; }
+    /// The editor window; null when there is none.
+    frmQuerna *editor() const;
+    EditorControl *text() const;
+    DataGrid *grid() const;
+    QString panel(int number) const;
+
+    /// Shows a result tab, puts @p statement into the editor and presses Run.
+    void run(const QString &statement, int tab = 0);
+    /// Presses a toolbar button by its place, counted from 1.
+    void press(const QString &toolBar, int index);
+    QAction *menuItem(const QString &name) const;
+
+    QString folder() const { return m_folder.path(); }
+    QByteArray history() const;
+    /// Exit codes with which the program has wanted to end.
+    std::vector<int> ends;
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<MDIFormQuerna> m_frame;
+};
+
+/// The connection string of a new SQLite database in @p folder, with the items that name a user
+/// and a database to the program.
+QString sqliteConnectionString(const QString &folder);
