@@ -79,8 +79,9 @@ void frmQuernaLogin::createEntries()
     bannerFont.setBold(true);
     banner->setFont(bannerFont);
     // Wide enough for its second half, so that the text breaks at the blanks between the two.
-    banner->setMinimumWidth(QFontMetrics(bannerFont).horizontalAdvance(
-        u"Application for Database Developers and DBAs "_s));
+    banner->setMinimumWidth(
+        QFontMetrics(bannerFont)
+            .horizontalAdvance(u"Application for Database Developers and DBAs "_s));
 
     m_txtUserName = makeEntry(u"txtUserName"_s, u"system"_s);
     m_txtPassword = makeEntry(u"txtPassword"_s, u"lantern"_s);

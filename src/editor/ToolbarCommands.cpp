@@ -8,6 +8,7 @@
 #include "dialogs/frmObjectColumn.h"
 #include "editor/RunCommand.h"
 #include "editor/frmQuerna.h"
+#include "export/frmExport.h"
 #include "history/frmSQLHistory.h"
 #include "platform/errorTraps.h"
 #include "platform/mousePointer.h"
@@ -98,7 +99,6 @@ void ToolbarCommands::addButtons(QToolBar &bar, frmQuerna &window)
         if (toolTip.isEmpty())
             continue;
         action->setToolTip(toolTip);
-        action->setEnabled(index != 3); // exporting is not there yet
         action->setShortcuts(button.shortcuts);
         action->setShortcutContext(Qt::WindowShortcut);
         QObject::connect(action, &QAction::triggered, &window,
@@ -121,6 +121,8 @@ void ToolbarCommands::dispatch(int index)
         return m_run.run();
     case 2:
         return runScript();
+    case 3:
+        return exportData();
     case 5:
         return chooseBackground();
     case 6:
@@ -163,6 +165,13 @@ void ToolbarCommands::runScript()
     }
     if (!trimBlanks(errors).isEmpty())
         showMessage(errors);
+}
+
+void ToolbarCommands::exportData()
+{
+    auto *dialog = new frmExport(&m_window);
+    dialog->setRs(m_window.rsResult());
+    showModal(dialog);
 }
 
 void ToolbarCommands::chooseBackground()

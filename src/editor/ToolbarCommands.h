@@ -26,6 +26,7 @@ public:
 private:
     void dispatch(int index);
     void runScript();
+    void exportData();
     void chooseBackground();
     void commit();
     void rollback();

@@ -21,8 +21,8 @@ int notTooLong(int seconds)
 double elapsedSeconds(const SystemTime &start, const SystemTime &end)
 {
     const int hours = notTooLong((end.hour - start.hour) * 3600);
-    const int seconds = notTooLong(hours + (end.minute - start.minute) * 60
-                                   + (end.second - start.second));
+    const int seconds =
+        notTooLong(hours + (end.minute - start.minute) * 60 + (end.second - start.second));
     return seconds + (end.millisecond - start.millisecond) / 1000.0;
 }
 

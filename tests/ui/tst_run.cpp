@@ -214,6 +214,8 @@ void TestRun::planOfAJoin()
     ProgramFixture program;
     program.start(sandbox);
     program.run(u"select * from dept"_s);
+    // What the other cases have rolled back may still stand in the server's statistics.
+    gConnection->Execute(u"analyze table emp, dept"_s);
     program.run(u"select e.ename, d.dname from emp e, dept d where e.deptno = d.deptno"_s, 1);
     const auto *tree = program.editor()->findChild<ColumnTree *>(u"tvwColumns"_s);
     QCOMPARE(tree->headerItem()->text(1), u"Object Name"_s);
@@ -255,7 +257,7 @@ void TestRun::planFailures()
              ErrorNumber::SubscriptOutOfRange);
     QString text;
     appendPlan(tree.topLevelItem(0), 0, text);
-    QCOMPARE(text, u"ROOT|||||\n  LAST|T|1| |2|\n"_s);
+    QCOMPARE(text, u"ROOT|\n  LAST|T|1| |2|\n"_s);
     QCOMPARE(messages.texts.size(), 1);
 }
 
