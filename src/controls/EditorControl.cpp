@@ -1,5 +1,6 @@
 #include "controls/EditorControl.h"
 
+#include "controls/EditorAccessible.h"
 #include "controls/EditorPageSetup.h"
 #include "controls/EditorSearch.h"
 #include "controls/SyntaxColouring.h"
@@ -12,6 +13,7 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QTimer>
 #include <QUrl>
 
 #include <algorithm>
@@ -24,6 +26,8 @@ constexpr int lineNumberMargin = 0;
 constexpr int symbolMargin = 1;
 constexpr int fewestLineNumberDigits = 3;
 constexpr int charactersPerTab = 4;
+// In bytes; up to here nobody notices what the base class does behind a change.
+constexpr long largeText = 2 << 20;
 
 /// The local file that is being dragged; an empty text when it is something else.
 QString draggedFile(const QMimeData *data)
@@ -51,6 +55,7 @@ EditorControl::EditorControl(QWidget *parent)
         applyTheme();
         m_colouring->colourAgain(begin, end);
     });
+    EditorAccessible::install();
     setUpEditing();
     setUpKeys();
     applyTheme();
@@ -69,7 +74,6 @@ void EditorControl::setUpEditing()
     setWrapMode(WrapNone);
     SendScintilla(SCI_SETSCROLLWIDTH, 1L);
     SendScintilla(SCI_SETSCROLLWIDTHTRACKING, 1L);
-    setBraceMatching(SloppyBraceMatch);
     setCaretLineVisible(true);
     setCaretWidth(2);
     setMarginLineNumbers(lineNumberMargin, true);
@@ -77,22 +81,25 @@ void EditorControl::setUpEditing()
     setMarginSensitivity(symbolMargin, false);
     setAcceptDrops(true);
 
-    SendScintilla(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
+    watchChanges();
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this,
             [this](int position) { m_colouring->colourTo(position); });
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
             [this](int position, int type, const char *, int length) {
-                if ((type & SC_MOD_INSERTTEXT) != 0) {
-                    m_colouring->textInserted(position, length);
-                    if ((type & SC_PERFORMED_USER) != 0)
-                        m_formats.textInserted(position, length);
-                } else if ((type & SC_MOD_DELETETEXT) != 0) {
-                    m_colouring->textDeleted(position, length);
-                }
+                noteChange(position, type, length);
             });
-    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, &EditorControl::reportCaret);
+    // The base class would count the caret's column from the line's start at every key.
+    disconnect(this, &QsciScintillaBase::SCN_UPDATEUI, this, nullptr);
+    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this] {
+        showMatchingBrace();
+        reportCaret();
+    });
     connect(this, &QsciScintillaBase::SCN_ZOOM, this, &EditorControl::showLineNumbers);
     connect(this, &QsciScintilla::linesChanged, this, &EditorControl::showLineNumbers);
+    connect(this, &QsciScintilla::textChanged, this, [this] {
+        if (m_isLarge != (SendScintilla(SCI_GETLENGTH) > largeText))
+            watchChanges();
+    });
 }
 
 void EditorControl::setUpKeys()
@@ -103,6 +110,39 @@ void EditorControl::setUpKeys()
         if (QsciCommand *command = standardCommands()->boundTo(key.toCombined()))
             command->setKey(0);
     }
+}
+
+/// Behind every change that it tells of, the base class counts all characters before it for screen
+/// readers, whether there are any or not. In a large text only what comes before a change is
+/// asked for, therefore.
+void EditorControl::watchChanges()
+{
+    m_isLarge = SendScintilla(SCI_GETLENGTH) > largeText;
+    SendScintilla(SCI_SETMODEVENTMASK, m_isLarge ? SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE
+                                                 : SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
+}
+
+void EditorControl::noteChange(long position, int type, long length)
+{
+    if ((type & (SC_MOD_INSERTTEXT | SC_MOD_BEFOREINSERT)) != 0)
+        m_colouring->textInserted(position, length);
+    else
+        m_colouring->textDeleted(position, length);
+    if ((type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) != 0) {
+        if (!std::exchange(m_changeIsUntold, true))
+            QTimer::singleShot(0, this, &EditorControl::tellChange);
+        return;
+    }
+    m_colouring->colourHugeLine(position);
+    if ((type & SC_MOD_INSERTTEXT) != 0 && (type & SC_PERFORMED_USER) != 0)
+        m_formats.textInserted(position, length);
+}
+
+void EditorControl::tellChange()
+{
+    m_changeIsUntold = false;
+    emit linesChanged();
+    emit textChanged();
 }
 
 QString EditorControl::GetText() const
@@ -143,6 +183,38 @@ void EditorControl::exchange(long begin, long end, const QByteArray &text)
 {
     SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(begin), end);
     SendScintilla(SCI_REPLACETARGET, static_cast<uintptr_t>(text.size()), text.constData());
+}
+
+int EditorControl::caretPosition() const
+{
+    return m_positions.toUnits(SendScintilla(SCI_GETCURRENTPOS));
+}
+
+QString EditorControl::textBetween(int begin, int end) const
+{
+    const long from = m_positions.toBytes(begin);
+    return QString::fromUtf8(textBytes(from, std::max(from, m_positions.toBytes(end))));
+}
+
+QRect EditorControl::characterRectangle(int position) const
+{
+    const long at = m_positions.toBytes(position);
+    const auto coordinate = [this](unsigned int message, long place) {
+        return static_cast<int>(SendScintilla(message, 0UL, place));
+    };
+    const QPoint corner(coordinate(SCI_POINTXFROMPOSITION, at),
+                        coordinate(SCI_POINTYFROMPOSITION, at));
+    const long next = SendScintilla(SCI_POSITIONAFTER, at);
+    const int width = coordinate(SCI_POINTXFROMPOSITION, next) - corner.x();
+    const auto height = static_cast<int>(SendScintilla(SCI_TEXTHEIGHT, 0L));
+    return {viewport()->mapToGlobal(corner), QSize(std::max(width, 1), height)};
+}
+
+int EditorControl::positionAt(const QPoint &point) const
+{
+    const long at = SendScintilla(SCI_CHARPOSITIONFROMPOINTCLOSE,
+                                  static_cast<unsigned long>(point.x()), point.y());
+    return at < 0 ? -1 : m_positions.toUnits(at);
 }
 
 int EditorControl::SelStart() const
@@ -189,15 +261,14 @@ void EditorControl::setSelText(const QString &text)
     if (isReadOnly())
         return;
     const QByteArray inserted = editorUtf8(text);
-    const bool replaces = SendScintilla(SCI_GETSELECTIONEMPTY) == 0;
-    const EditorFormats::Format format =
-        replaces ? m_formats.atSelection() : EditorFormats::Format();
+    const EditorFormats::Format format = m_formats.forInsertion();
     SendScintilla(SCI_BEGINUNDOACTION);
     SendScintilla(SCI_REPLACESEL, "");
     const long begin = SendScintilla(SCI_GETCURRENTPOS);
     SendScintilla(SCI_ADDTEXT, static_cast<uintptr_t>(inserted.size()), inserted.constData());
     SendScintilla(SCI_ENDUNDOACTION);
     m_formats.apply(format, begin, inserted.size());
+    m_formats.continueAt(begin + inserted.size());
     SendScintilla(SCI_SCROLLCARET);
     reportCaret();
 }
@@ -296,9 +367,15 @@ void EditorControl::LoadFile(const QString &path)
 {
     const QByteArray text = editorUtf8FromFile(readWholeFile(path));
     SendScintilla(SCI_SETUNDOCOLLECTION, 0L);
+    SendScintilla(SCI_SETMODEVENTMASK, 0L);
+    m_positions.dropIndex();
     replaceAll(text);
+    m_positions.buildIndex();
+    m_colouring->colourEverythingAgain();
+    watchChanges();
     SendScintilla(SCI_SETUNDOCOLLECTION, 1L);
     SendScintilla(SCI_EMPTYUNDOBUFFER);
+    tellChange();
     SendScintilla(SCI_SETSAVEPOINT);
     select(0, 0);
 }
@@ -344,7 +421,27 @@ void EditorControl::reportCaret()
     if (place == m_reportedCaret)
         return;
     m_reportedCaret = place;
+    EditorAccessible::tellCaret(*this);
     emit caretMoved(place.first, place.second);
+}
+
+void EditorControl::showMatchingBrace()
+{
+    const long caret = SendScintilla(SCI_GETCURRENTPOS);
+    const auto isBrace = [this](long position) {
+        const auto byte = static_cast<char>(SendScintilla(SCI_GETCHARAT, position));
+        return byte != 0 && QByteArrayView("()[]{}").contains(byte);
+    };
+    long brace = -1;
+    if (isBrace(caret))
+        brace = caret;
+    else if (caret > 0 && isBrace(caret - 1))
+        brace = caret - 1;
+    const long match = brace < 0 ? brace : SendScintilla(SCI_BRACEMATCH, brace, 0L);
+    if (match < 0)
+        SendScintilla(SCI_BRACEBADLIGHT, brace);
+    else
+        SendScintilla(SCI_BRACEHIGHLIGHT, brace, match);
 }
 
 void EditorControl::showLineNumbers()

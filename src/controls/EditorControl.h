@@ -105,6 +105,14 @@ public:
     /// and a line that is not there has the position -1.
     int lineIndex(int line) const;
 
+    // For screen readers
+    int caretPosition() const;
+    QString textBetween(int begin, int end) const;
+    /// The place of a character on the screen.
+    QRect characterRectangle(int position) const;
+    /// The position at a point of the viewport; -1 where no character is.
+    int positionAt(const QPoint &point) const;
+
     // For the control's own search, in byte positions of the text's UTF-8
     QByteArray textBytes(long begin, long end) const;
     /// Puts @p text in the place of a range; one step for undo.
@@ -138,8 +146,12 @@ protected:
 private:
     void setUpEditing();
     void setUpKeys();
+    void watchChanges();
+    void noteChange(long position, int type, long length);
+    void tellChange();
     void applyTheme();
     void showLineNumbers();
+    void showMatchingBrace();
     void reportCaret();
     void select(long anchor, long caret);
     void replaceAll(const QByteArray &text);
@@ -152,6 +164,8 @@ private:
     EditorTheme m_theme;
     bool m_hasOwnBackColor = false;
     bool m_hasFocus = false;
+    bool m_isLarge = false;
+    bool m_changeIsUntold = false;
     std::pair<int, int> m_reportedCaret{1, 1}; ///< column and line
     QString m_fontName;
     QString m_scratchFile;

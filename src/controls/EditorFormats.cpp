@@ -98,8 +98,12 @@ void EditorFormats::setStrikeThru(bool on)
         setValue(strikeIndicator, on, selectionStart(), selectionLength());
 }
 
-EditorFormats::Format EditorFormats::atSelection() const
+EditorFormats::Format EditorFormats::forInsertion()
 {
+    if (m_pendingAt != selectionStart() || !selectionIsEmpty())
+        m_pendingAt = -1;
+    if (selectionIsEmpty())
+        return m_pendingAt < 0 ? Format() : m_pending;
     const long at = selectionStart();
     Format format;
     if (valueAt(blackIndicator, at) != 0)
@@ -126,6 +130,12 @@ void EditorFormats::apply(const Format &format, long begin, long length)
         setValue(underlineIndicator, 1, begin, length);
     if (format.strikeThru)
         setValue(strikeIndicator, 1, begin, length);
+}
+
+void EditorFormats::continueAt(long position)
+{
+    if (m_pendingAt >= 0)
+        m_pendingAt = position;
 }
 
 void EditorFormats::textInserted(long begin, long length)

@@ -43,11 +43,15 @@ public:
         bool underline = false;
         bool strikeThru = false;
     };
-    /// The formats at the selection's start, which text put in its place takes over.
-    Format atSelection() const;
+    /// The formats of text that is put in the selection's place: those at its start, or with
+    /// nothing selected those that were set for the next insertion; what was set elsewhere is
+    /// forgotten.
+    Format forInsertion();
     /// Gives a range of bytes the formats.
     void apply(const Format &format, long begin, long length);
-    /// Text has come in: gives it what was set for the next insertion.
+    /// What was set for the next insertion goes on with one at @p position.
+    void continueAt(long position);
+    /// Text has been typed: gives it what was set for the next insertion.
     void textInserted(long begin, long length);
 
     /// Colour of black stretches, underlines and strokes: the text's own.
@@ -59,7 +63,7 @@ public:
 
     // Fonts are styles for the widget, so that the colouring has to ask for the slot of every
     // stretch that it writes. Slot 0 is plain text.
-    static constexpr int fontSlots = 15;
+    static constexpr int fontSlots = 7;
     const std::vector<FontFormat> &fonts() const { return m_fonts; }
     int fontSlotAt(long position) const;
     /// End of the stretch of one font around @p position.

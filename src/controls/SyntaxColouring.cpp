@@ -4,20 +4,33 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
 using Sci = QsciScintillaBase;
 
-constexpr int stylesPerFont = 16;
+// A style number is the first one of a font slot, plus the kind of text, plus the alternation bit
+// or not.
+constexpr int stylesPerFont = 32;
+constexpr int kindMask = StyleBytes::alternation - 1;
+static_assert(textKindCount <= StyleBytes::alternation);
+
 constexpr qint16 boldClassStyle = 2;
 // Lines are taken from the widget in pieces of about this many bytes.
 constexpr long pieceSize = 1 << 18;
 
-/// First style number of a font slot. The third sixteen hold the widget's own styles.
+// From this length on, an edit has a line coloured again only around it.
+constexpr long longLine = 4096;
+// From this length on, the widget's own work on a line is felt at every key.
+constexpr long hugeLine = 65536;
+// How far before an edit a colour can depend on it (words that are listed with a blank).
+constexpr long reachOfEdit = 256;
+
+/// First style number of a font slot. The second thirty-two hold the widget's own styles.
 int firstStyle(int slot)
 {
-    return (slot < 2 ? slot : slot + 1) * stylesPerFont;
+    return (slot == 0 ? 0 : slot + 1) * stylesPerFont;
 }
 
 } // namespace
@@ -55,9 +68,12 @@ void SyntaxColouring::setStyleLooks(int slot, const FontFormat &font, const Edit
 {
     const QByteArray familyName = family.toUtf8();
     const auto size = std::lround((font.points > 0 ? font.points : points) * 100);
-    for (int kind = 0; kind < textKindCount; ++kind) {
+    for (int offset = 0; offset < stylesPerFont; ++offset) {
+        const int kind = offset & kindMask;
+        if (kind >= textKindCount)
+            continue;
         const TextLook look = lookOf(static_cast<TextKind>(kind));
-        const int style = firstStyle(slot) + kind;
+        const int style = firstStyle(slot) + offset;
         const auto set = [this, style](unsigned int message, long value) {
             m_editor.SendScintilla(message, style, value);
         };
@@ -87,83 +103,142 @@ TextLook SyntaxColouring::lookOf(TextKind kind) const
 
 void SyntaxColouring::colourTo(long position)
 {
-    const long coloured = m_editor.SendScintilla(Sci::SCI_GETENDSTYLED);
     const long lastLine = m_editor.SendScintilla(Sci::SCI_LINEFROMPOSITION, position);
     const long wanted = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, lastLine + 1);
-    long from = coloured;
+    long from = m_editor.SendScintilla(Sci::SCI_GETENDSTYLED);
     while (from < wanted)
-        from = colourLines(m_editor.SendScintilla(Sci::SCI_LINEFROMPOSITION, from), wanted);
+        from = colourLines(from, wanted);
 }
 
-/// Colours from the start of @p line on, up to @p wanted or a little less.
+/// Colours from @p from on, up to @p wanted or a little less.
 /// @returns the end of what is coloured now
-long SyntaxColouring::colourLines(long line, long wanted)
+long SyntaxColouring::colourLines(long from, long wanted)
 {
-    const long begin = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
-    SqlTokenizer::State state = SqlTokenizer::Between;
-    if (line > 0)
-        state = static_cast<int>(m_editor.SendScintilla(Sci::SCI_GETLINESTATE, line - 1));
-    const long pieceEnd = m_editor.SendScintilla(
-        Sci::SCI_POSITIONFROMLINE,
-        m_editor.SendScintilla(Sci::SCI_LINEFROMPOSITION, std::min(begin + pieceSize, wanted - 1)) +
-            1);
-    QByteArray text(pieceEnd - begin + 1, Qt::Uninitialized);
-    m_editor.SendScintilla(Sci::SCI_GETTEXTRANGE, begin, pieceEnd, text.data());
+    long line = m_editor.SendScintilla(Sci::SCI_LINEFROMPOSITION, from);
+    const Place begin = lastSurePlace(from, line);
+    const long lastLine = m_editor.SendScintilla(Sci::SCI_LINEFROMPOSITION,
+                                                 std::min(begin.position + pieceSize, wanted - 1));
+    const long end = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, lastLine + 1);
+    QByteArray text(end - begin.position + 1, Qt::Uninitialized);
+    m_editor.SendScintilla(Sci::SCI_GETTEXTRANGE, begin.position, end, text.data());
+    text.chop(1);
 
-    m_styles.clear();
-    const char *const textEnd = text.constData() + (pieceEnd - begin);
-    for (long at = begin; at < pieceEnd; ++line) {
-        at = appendStyles(text.constData() + (at - begin), textEnd, at, state);
-        const long before = m_editor.SendScintilla(Sci::SCI_GETLINESTATE, line);
-        if (before != state)
-            m_editor.SendScintilla(Sci::SCI_SETLINESTATE, line, static_cast<long>(state));
-        if (before == state && at > m_changedEnd && at < m_colouredEnd) {
-            // From here on everything is as it was.
-            write(begin);
-            m_editor.SendScintilla(Sci::SCI_STARTSTYLING, m_colouredEnd);
-            m_changedEnd = 0;
-            return m_colouredEnd;
-        }
+    m_styles.start(text.size());
+    bool restIsRight = false;
+    Place place = begin;
+    for (; place.position < end && !restIsRight; ++line) {
+        restIsRight = colourLine(text, begin.position, place) ||
+                      (keepState(line, place.state) && wasColoured(place.position));
     }
-    write(begin);
-    m_colouredEnd = std::max(m_colouredEnd, pieceEnd);
-    m_changedEnd = pieceEnd == m_colouredEnd ? 0 : std::max(m_changedEnd, pieceEnd);
-    return pieceEnd;
+    m_editor.SendScintilla(Sci::SCI_STARTSTYLING, begin.position);
+    m_editor.SendScintilla(Sci::SCI_SETSTYLINGEX, static_cast<uintptr_t>(m_styles.size()),
+                           m_styles.data());
+    if (restIsRight) {
+        m_editor.SendScintilla(Sci::SCI_STARTSTYLING, m_colouredEnd);
+        m_changedEnd = 0;
+        return m_colouredEnd;
+    }
+    m_colouredEnd = std::max(m_colouredEnd, end);
+    m_changedEnd = end == m_colouredEnd ? 0 : std::max(m_changedEnd, end);
+    return end;
 }
 
-/// Appends the styles of the line at @p at, which stands at @p position.
-/// @returns the position behind it
-long SyntaxColouring::appendStyles(const char *at, const char *end, long position,
-                                   SqlTokenizer::State &state)
+/// The last place at or before @p from where the colouring can be taken up: a blank between two
+/// stretches well before it in a long line, the start of @p line otherwise.
+SyntaxColouring::Place SyntaxColouring::lastSurePlace(long from, long line) const
 {
-    while (at != end) {
-        const SqlTokenizer::Token token = m_tokenizer.next(at, end, state);
-        appendStyle(token.kind, position, token.length);
-        state = token.state;
-        position += token.length;
+    const long lineStart = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
+    const long sure = from - reachOfEdit;
+    for (long at = sure; at > std::max(lineStart, sure - longLine); --at) {
+        if (kindAt(at) == TextKind::Blank)
+            return {at, SqlTokenizer::Between};
+    }
+    if (line == 0)
+        return {lineStart, SqlTokenizer::Between};
+    return {lineStart, static_cast<int>(m_editor.SendScintilla(Sci::SCI_GETLINESTATE, line - 1))};
+}
+
+/// Whether @p position lies behind every change and was coloured before them.
+bool SyntaxColouring::wasColoured(long position) const
+{
+    return position > m_changedEnd && position < m_colouredEnd;
+}
+
+/// Colours the rest of the line at @p place and moves @p place behind it.
+/// @param text  begins at the position @p textBegin
+/// @returns whether everything from there on has its colours already
+bool SyntaxColouring::colourLine(const QByteArray &text, long textBegin, Place &place)
+{
+    const char *at = text.constData() + (place.position - textBegin);
+    const char *const textEnd = text.constData() + text.size();
+    const auto *lineFeed =
+        static_cast<const char *>(std::memchr(at, '\n', static_cast<std::size_t>(textEnd - at)));
+    const char *const lineEnd = lineFeed ? lineFeed + 1 : textEnd;
+    const bool isLong = lineEnd - at > longLine;
+    m_styles.setAlternating(isLong);
+    if (lineEnd - at > hugeLine)
+        growPositionCache(lineEnd - at);
+    while (at != lineEnd) {
+        const SqlTokenizer::Token token = m_tokenizer.next(at, lineEnd, place.state);
+        if (isLong && token.kind == TextKind::Blank && wasColoured(place.position) &&
+            kindAt(place.position) == TextKind::Blank)
+            return true;
+        appendStyle(token.kind, at, place.position, token.length);
+        place = {place.position + static_cast<long>(token.length), token.state};
         at += token.length;
-        if (at[-1] == '\n')
-            break;
     }
-    return position;
+    return false;
 }
 
-void SyntaxColouring::appendStyle(TextKind kind, long position, long length)
+/// Notes the state at a line's end. @returns whether it is the one that was noted before
+bool SyntaxColouring::keepState(long line, SqlTokenizer::State state)
 {
+    if (m_editor.SendScintilla(Sci::SCI_GETLINESTATE, line) == state)
+        return true;
+    m_editor.SendScintilla(Sci::SCI_SETLINESTATE, line, static_cast<long>(state));
+    return false;
+}
+
+TextKind SyntaxColouring::kindAt(long position) const
+{
+    return static_cast<TextKind>(m_editor.SendScintilla(Sci::SCI_GETSTYLEAT, position) & kindMask);
+}
+
+void SyntaxColouring::appendStyle(TextKind kind, const char *text, long position, long length)
+{
+    if (m_formats.fonts().size() == 1) {
+        m_styles.append(static_cast<int>(kind), text, length);
+        return;
+    }
     const long end = position + length;
     while (position < end) {
         const long next = std::min(m_formats.fontEnd(position), end);
         const int style = firstStyle(m_formats.fontSlotAt(position)) + static_cast<int>(kind);
-        m_styles.append(next - position, static_cast<char>(style));
+        m_styles.append(style, text, next - position);
+        text += next - position;
         position = next;
     }
 }
 
-void SyntaxColouring::write(long begin)
+/// The widget remembers the widths of short stretches of text. In a line that holds more of them
+/// than it has room for it would measure nearly all of them again at every key.
+void SyntaxColouring::growPositionCache(long lineLength)
 {
-    m_editor.SendScintilla(Sci::SCI_STARTSTYLING, begin);
-    m_editor.SendScintilla(Sci::SCI_SETSTYLINGEX, static_cast<uintptr_t>(m_styles.size()),
-                           m_styles.constData());
+    constexpr long most = 1 << 20;
+    const long wanted = std::min(lineLength, most);
+    if (m_editor.SendScintilla(Sci::SCI_GETPOSITIONCACHE) < wanted)
+        m_editor.SendScintilla(Sci::SCI_SETPOSITIONCACHE, wanted);
+}
+
+/// A line this long is laid out at once when the caret is looked for, and again when its styles
+/// change before it is painted: they are better right at once.
+void SyntaxColouring::colourHugeLine(long position)
+{
+    const long line = m_editor.SendScintilla(Sci::SCI_LINEFROMPOSITION, position);
+    const long begin = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
+    const long end = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, line + 1);
+    if (end - begin > hugeLine && wasColoured(end - 1))
+        colourTo(position);
 }
 
 void SyntaxColouring::textInserted(long begin, long length)

@@ -2,9 +2,9 @@
 
 #include "controls/EditorFormats.h"
 #include "controls/EditorTheme.h"
+#include "controls/StyleBytes.h"
 #include "sqltext/SqlTokenizer.h"
 
-#include <QByteArray>
 #include <QString>
 
 class QsciScintillaBase;
@@ -29,15 +29,30 @@ public:
     /// Text came in or went.
     void textInserted(long begin, long length);
     void textDeleted(long begin, long length);
+    /// The text around @p position has changed: gives a line its colours at once that is so long
+    /// that laying it out twice would be felt.
+    void colourHugeLine(long position);
+    /// Nothing of the text has its colours any more.
+    void colourEverythingAgain();
     /// Has a range of bytes coloured again.
     void colourAgain(long begin, long end);
 
 private:
-    void colourEverythingAgain();
-    long colourLines(long line, long wanted);
-    long appendStyles(const char *at, const char *end, long position, SqlTokenizer::State &state);
-    void appendStyle(TextKind kind, long position, long length);
-    void write(long begin);
+    /// A position with the tokenizer's state there.
+    struct Place
+    {
+        long position = 0;
+        SqlTokenizer::State state = SqlTokenizer::Between;
+    };
+
+    long colourLines(long from, long wanted);
+    Place lastSurePlace(long from, long line) const;
+    bool wasColoured(long position) const;
+    bool colourLine(const QByteArray &text, long textBegin, Place &place);
+    bool keepState(long line, SqlTokenizer::State state);
+    TextKind kindAt(long position) const;
+    void appendStyle(TextKind kind, const char *text, long position, long length);
+    void growPositionCache(long lineLength);
     void setStyleLooks(int slot, const FontFormat &font, const EditorTheme &theme,
                        const QString &family, double points);
     TextLook lookOf(TextKind kind) const;
@@ -47,7 +62,7 @@ private:
     SqlTokenizer m_tokenizer;
     SyntaxDefinition m_definition;
     WordClasses m_classes;
-    QByteArray m_styles;
+    StyleBytes m_styles;
     /// End of the text that has been coloured at some time and not been changed since...
     long m_colouredEnd = 0;
     /// ... apart from what lies before this one.

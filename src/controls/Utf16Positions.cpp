@@ -37,18 +37,22 @@ QByteArray bytesBetween(const Sci &editor, long begin, long end)
 Utf16Positions::Utf16Positions(QsciScintillaBase &editor)
     : m_editor(editor)
 {
+    buildIndex();
+}
+
+void Utf16Positions::dropIndex()
+{
+    m_editor.SendScintilla(Sci::SCI_RELEASELINECHARACTERINDEX, utf16Index);
+}
+
+void Utf16Positions::buildIndex()
+{
     m_editor.SendScintilla(Sci::SCI_ALLOCATELINECHARACTERINDEX, utf16Index);
 }
 
 int Utf16Positions::length() const
 {
-    const long lastLine = m_editor.SendScintilla(Sci::SCI_GETLINECOUNT) - 1;
-    const long begin = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, lastLine);
-    const long end = m_editor.SendScintilla(Sci::SCI_GETLENGTH);
-    const int before = lineStart(static_cast<int>(lastLine));
-    if (isAscii(lastLine))
-        return before + static_cast<int>(end - begin);
-    return toUnits(end);
+    return lineStart(static_cast<int>(m_editor.SendScintilla(Sci::SCI_GETLINECOUNT)));
 }
 
 long Utf16Positions::toBytes(int units) const
@@ -56,9 +60,7 @@ long Utf16Positions::toBytes(int units) const
     const int wanted = std::max(units, 0);
     const int line = lineOf(wanted);
     const long begin = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
-    const long end = line + 1 < m_editor.SendScintilla(Sci::SCI_GETLINECOUNT)
-                         ? m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, line + 1)
-                         : m_editor.SendScintilla(Sci::SCI_GETLENGTH);
+    const long end = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, line + 1);
     int left = wanted - lineStart(line);
     if (isAscii(line))
         return std::min(begin + left, end);

@@ -11,6 +11,11 @@ class Utf16Positions
 public:
     explicit Utf16Positions(QsciScintillaBase &editor);
 
+    /// Has the index built anew by buildIndex() instead of kept up to date, which is quicker when
+    /// the whole text is exchanged. No conversion works in between.
+    void dropIndex();
+    void buildIndex();
+
     /// Length of the whole text in UTF-16 units.
     int length() const;
     /// The byte position of a UTF-16 position; positions outside the text mean its nearer end.

@@ -1,9 +1,11 @@
 #include "sqltext/SqlTokenizer.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
+
+// Longer words are in no class.
+constexpr qsizetype longestWord = 64;
 
 enum class ByteClass : quint8 { Blank, LineEnd, Digit, Letter, Punctuation };
 
@@ -99,7 +101,6 @@ void SqlTokenizer::setWordClasses(const KeywordTable &table)
     m_words.clear();
     m_phrases.clear();
     m_punctuation.fill(TextKind::Operator);
-    m_longestWord = 0;
     // From the last class down: a word that stands in two classes belongs to the first.
     for (std::size_t group = table.size() - 1; group >= 1; --group) {
         const auto kind =
@@ -114,14 +115,14 @@ void SqlTokenizer::setWordClasses(const KeywordTable &table)
 
 void SqlTokenizer::addWord(const QByteArray &word, TextKind kind)
 {
+    if (word.size() > longestWord)
+        return;
     if (word.size() == 1 && classOf(word.at(0)) == ByteClass::Punctuation) {
         m_punctuation[indexOf(word.at(0))] = kind;
     } else if (const qsizetype blank = word.indexOf(' '); blank >= 0) {
         m_phrases[word.left(blank)].push_back({word.mid(blank), kind});
-        m_longestWord = std::max(m_longestWord, blank);
     } else {
         m_words.insert(word, kind);
-        m_longestWord = std::max(m_longestWord, word.size());
     }
 }
 
@@ -135,12 +136,11 @@ SqlTokenizer::Token SqlTokenizer::next(const char *at, const char *end, State st
     }
     switch (classOf(*at)) {
     case ByteClass::Blank:
-    case ByteClass::LineEnd: {
-        const char *past =
-            skipWhile(at, end, [](char byte) { return classOf(byte) == ByteClass::Blank; });
-        past = skipWhile(past, end, [](char byte) { return byte == '\r'; });
-        return token(TextKind::Blank, at, past != end && *past == '\n' ? past + 1 : past);
-    }
+    case ByteClass::LineEnd:
+        return token(TextKind::Blank, at, skipWhile(at, end, [](char byte) {
+                         return classOf(byte) == ByteClass::Blank ||
+                                classOf(byte) == ByteClass::LineEnd;
+                     }));
     case ByteClass::Digit:
         return number(at, end);
     case ByteClass::Letter:
@@ -155,25 +155,24 @@ SqlTokenizer::Token SqlTokenizer::next(const char *at, const char *end, State st
 SqlTokenizer::Token SqlTokenizer::inside(const Delimiter &delimiter, State state, const char *at,
                                          const char *from, const char *end) const
 {
-    const auto *lineEnd =
-        static_cast<const char *>(std::memchr(from, '\n', static_cast<std::size_t>(end - from)));
-    const char *limit = lineEnd ? lineEnd + 1 : end;
     if (!delimiter.end.isEmpty()) {
-        const char *found = std::search(from, limit, delimiter.end.begin(), delimiter.end.end(),
+        const char *found = std::search(from, end, delimiter.end.begin(), delimiter.end.end(),
                                         [](char a, char b) { return upper(a) == upper(b); });
-        if (found != limit)
+        if (found != end)
             return token(delimiter.kind, at, found + delimiter.end.size());
     }
-    return {delimiter.kind, limit - at, lineEnd && !delimiter.spansLines ? Between : state};
+    const bool closed = !delimiter.spansLines && end[-1] == '\n';
+    return {delimiter.kind, end - at, closed ? Between : state};
 }
 
 SqlTokenizer::Token SqlTokenizer::word(const char *at, const char *end) const
 {
     const char *past = skipWhile(at, end, isWordByte);
-    if (past - at > m_longestWord)
+    if (past - at > longestWord)
         return token(TextKind::Name, at, past);
-    QByteArray key(at, past - at);
-    std::transform(key.begin(), key.end(), key.begin(), upper);
+    std::array<char, longestWord> letters;
+    std::transform(at, past, letters.begin(), upper);
+    const auto key = QByteArray::fromRawData(letters.data(), past - at);
     if (!m_phrases.isEmpty()) {
         if (const auto phrases = m_phrases.constFind(key); phrases != m_phrases.constEnd()) {
             for (const Phrase &phrase : *phrases) {

@@ -30,9 +30,8 @@ public:
         State state = Between;
     };
 
-    /// The stretch that begins at @p at; @p at is before @p end. The bytes up to @p end have to
-    /// end at a line's end or be all there are. A stretch is never empty and never goes beyond a
-    /// line's end, which it takes along.
+    /// The stretch that begins at @p at, which is before @p end: the end of the line, behind its
+    /// line feed, or of the text. A stretch is never empty.
     Token next(const char *at, const char *end, State state) const;
 
 private:
@@ -55,5 +54,4 @@ private:
     QHash<QByteArray, TextKind> m_words;
     QHash<QByteArray, std::vector<Phrase>> m_phrases;
     std::array<TextKind, 256> m_punctuation{};
-    qsizetype m_longestWord = 0;
 };

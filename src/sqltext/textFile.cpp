@@ -2,41 +2,92 @@
 
 #include "platform/FileHandle.h"
 
+#include <QByteArrayView>
 #include <QFileInfo>
 #include <QStringConverter>
 
 #include <algorithm>
+#include <cstring>
 #include <optional>
 
 namespace {
 
 constexpr qint64 largestFile = qint64{1} << 30;
 
-/// Writes every line end as CR LF; gives the text back unshared when that is how it came.
+/// Walks over the line ends of a text.
+class LineEnds
+{
+public:
+    explicit LineEnds(const QByteArray &text)
+        : m_at(text.constData())
+        , m_end(m_at + text.size())
+        , m_cr(find(m_at, '\r'))
+        , m_lf(find(m_at, '\n'))
+    {
+    }
+
+    /// The text up to the next line end, which is passed over; all the rest when there is none.
+    QByteArrayView nextLine()
+    {
+        const char *const begin = m_at;
+        const char *const lineEnd = std::min(m_cr, m_lf);
+        m_ended = lineEnd == m_end;
+        if (m_ended) {
+            m_at = m_end;
+        } else {
+            const bool both = *lineEnd == '\r' && m_lf == lineEnd + 1;
+            m_at = lineEnd + (both ? 2 : 1);
+            m_wasCrLf = both;
+            if (m_cr < m_at)
+                m_cr = find(m_at, '\r');
+            if (m_lf < m_at)
+                m_lf = find(m_at, '\n');
+        }
+        return {begin, lineEnd};
+    }
+    /// Whether the last line was ended by the text's end.
+    bool ended() const { return m_ended; }
+    bool wasCrLf() const { return m_wasCrLf; }
+
+private:
+    const char *find(const char *from, char character) const
+    {
+        const void *found = std::memchr(from, character, static_cast<std::size_t>(m_end - from));
+        return found ? static_cast<const char *>(found) : m_end;
+    }
+
+    const char *m_at;
+    const char *m_end;
+    const char *m_cr; ///< the next one at or behind m_at
+    const char *m_lf;
+    bool m_ended = false;
+    bool m_wasCrLf = false;
+};
+
+/// Writes every line end as CR LF; gives the text itself back when that is how it came.
 QByteArray withCrLf(const QByteArray &text)
 {
-    const char *begin = text.constData();
-    const char *end = begin + text.size();
-    qsizetype additional = 0;
-    for (const char *at = begin; at != end; ++at) {
-        if (*at == '\n')
-            additional += at == begin || at[-1] != '\r';
-        else if (*at == '\r')
-            additional += at + 1 == end || at[1] != '\n';
+    qsizetype ends = 0;
+    qsizetype size = 0;
+    bool allCrLf = true;
+    for (LineEnds walk(text); !walk.ended();) {
+        size += walk.nextLine().size();
+        if (!walk.ended()) {
+            ++ends;
+            allCrLf = allCrLf && walk.wasCrLf();
+        }
     }
-    if (additional == 0)
+    if (allCrLf)
         return text;
 
-    QByteArray result(text.size() + additional, Qt::Uninitialized);
+    QByteArray result(size + 2 * ends, Qt::Uninitialized);
     char *to = result.data();
-    for (const char *at = begin; at != end; ++at) {
-        if (*at == '\r' || *at == '\n') {
+    for (LineEnds walk(text); !walk.ended();) {
+        const QByteArrayView line = walk.nextLine();
+        to = std::copy(line.begin(), line.end(), to);
+        if (!walk.ended()) {
             *to++ = '\r';
             *to++ = '\n';
-            if (*at == '\r' && at + 1 != end && at[1] == '\n')
-                ++at;
-        } else {
-            *to++ = *at;
         }
     }
     return result;
@@ -85,7 +136,7 @@ std::optional<QStringConverter::Encoding> unmarkedUtf16(const QByteArray &bytes)
 
 QByteArray fromUtf16(const QByteArray &bytes, QStringConverter::Encoding encoding)
 {
-    QStringDecoder decode(encoding);
+    QStringDecoder decode(encoding, QStringConverter::Flag::Stateless);
     return editorUtf8(decode(bytes));
 }
 
