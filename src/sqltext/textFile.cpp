@@ -35,7 +35,7 @@ public:
         if (m_ended) {
             m_at = m_end;
         } else {
-            const bool both = *lineEnd == '\r' && m_lf == lineEnd + 1;
+            const bool both = m_lf != m_end && m_lf == lineEnd + 1;
             m_at = lineEnd + (both ? 2 : 1);
             m_wasCrLf = both;
             if (m_cr < m_at)
