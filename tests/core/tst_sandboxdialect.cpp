@@ -46,7 +46,7 @@ private slots:
     void explain_data();
     void explain();
     void planQuery_data();
-    void runnablePlanQuery();
+    void planQuery();
     void plan_data();
     void plan();
     void planIsNumbered();
@@ -118,7 +118,7 @@ void tst_sandboxdialect::planQuery_data()
     QTest::newRow("another query") << u"select * from plan_table"_s << QString();
 }
 
-void tst_sandboxdialect::runnablePlanQuery()
+void tst_sandboxdialect::planQuery()
 {
     QFETCH(QString, text);
     QFETCH(QString, id);

@@ -59,6 +59,12 @@ QWidget *control(const QString &name)
     return found;
 }
 
+void clickOption(const QString &name)
+{
+    QWidget *option = control(name);
+    QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(8, option->height() / 2));
+}
+
 Tour::Tour(const QString &pictureFolder)
     : m_folder(pictureFolder)
 {
@@ -73,9 +79,9 @@ void Tour::picture(const QString &name, QWidget *window)
     ++m_step;
     const QString file = u"%1-%2.png"_s.arg(m_step, 2, 10, QChar(u'0')).arg(name);
     expect(window->grab().save(m_folder.filePath(file)), u"the picture %1 is saved"_s.arg(file));
-    QString line = u"%1: window \"%2\""_s.arg(file, window->windowTitle());
+    QString line = u"%1: window \"%2\""_s.arg(file, window->windowTitle().simplified());
     if (editor() != nullptr) {
-        line += u"; caption \"%1\"; panels"_s.arg(editor()->windowTitle());
+        line += u"; caption \"%1\"; panels"_s.arg(editor()->windowTitle().simplified());
         for (int i = 1; i <= 5; ++i)
             line += u" [%1]"_s.arg(panel(i));
         line += u"; %1 rows in the grid"_s.arg(gridRows());
@@ -126,38 +132,15 @@ void Tour::menu(const QString &name)
 
 void Tour::modal(const std::function<void()> &start, const std::function<void(QWidget *)> &visit)
 {
-    bool visited = false;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        QWidget *window = QApplication::activeModalWidget();
-        if (window == nullptr || !window->isVisible())
-            return;
-        timer.stop();
-        visited = true;
-        settle();
-        visit(window);
-    });
-    timer.start(modalPollInterval);
-    start();
-    expect(visited, u"a dialog comes up"_s);
-    // No window manager does it on a bare screen.
-    if (editor() != nullptr) {
-        editor()->window()->activateWindow();
-        settle();
-    }
+    visitModal(start, visit, false);
 }
 
 QString Tour::message(const std::function<void()> &start, const QString &button,
                       const QString &pictureName)
 {
     QString text;
-    modal(start, [&](QWidget *window) {
+    const auto answer = [&](QWidget *window) {
         auto *box = qobject_cast<QMessageBox *>(window);
-        expect(box != nullptr, u"the dialog is a message"_s);
-        if (box == nullptr) {
-            window->close();
-            return;
-        }
         text = box->text();
         if (!pictureName.isEmpty())
             picture(pictureName, box);
@@ -166,8 +149,34 @@ QString Tour::message(const std::function<void()> &start, const QString &button,
                 return QTest::mouseClick(candidate, Qt::LeftButton);
         }
         box->close();
-    });
+    };
+    visitModal(start, answer, true);
     return text;
+}
+
+void Tour::visitModal(const std::function<void()> &start,
+                      const std::function<void(QWidget *)> &visit, bool isMessage)
+{
+    bool visited = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        QWidget *window = QApplication::activeModalWidget();
+        if (window == nullptr || !window->isVisible() ||
+            (qobject_cast<QMessageBox *>(window) != nullptr) != isMessage)
+            return;
+        timer.stop();
+        visited = true;
+        settle();
+        visit(window);
+    });
+    timer.start(modalPollInterval);
+    start();
+    expect(visited, isMessage ? u"a message is shown"_s : u"a dialog comes up"_s);
+    // No window manager does it on a bare screen.
+    if (editor() != nullptr) {
+        editor()->window()->activateWindow();
+        settle();
+    }
 }
 
 frmQuerna *Tour::editor() const

@@ -51,6 +51,10 @@ public:
     int faults() const { return m_faults; }
 
 private:
+    /// @param isMessage  whether a message box or any other modal window is waited for
+    void visitModal(const std::function<void()> &start, const std::function<void(QWidget *)> &visit,
+                    bool isMessage);
+
     QDir m_folder;
     int m_step = 0;
     int m_faults = 0;
@@ -66,6 +70,9 @@ Control *control(const QString &name)
 {
     return qobject_cast<Control *>(control(name));
 }
+
+/// Clicks an option button on its mark, which is all of it that is sure to answer.
+void clickOption(const QString &name);
 
 // The stations, each on the windows that the one before has left.
 void tourLogOn(Tour &tour, MDIFormQuerna &frame);

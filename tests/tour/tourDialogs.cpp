@@ -96,23 +96,22 @@ void tourExports(Tour &tour)
     for (const Format &format : formats) {
         const QString path = tour.folder().absoluteFilePath(format.file);
         QString told;
-        tour.modal(
-            [&] { tour.press(u"tbrQuerna"_s, 3); },
-            [&](QWidget *dialog) {
-                auto *option = control(u"optExport_%1"_s.arg(format.option));
-                QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(10, option->height() / 2));
-                if (format.option == 4)
-                    dialog->findChild<QLineEdit *>(u"txtDelimiter"_s)->setText(u";"_s);
-                tour.picture(u"export"_s, dialog);
-                const auto save = [&] {
-                    tour.modal([&] { QTest::mouseClick(control(u"cmdExpOK"_s), Qt::LeftButton); },
+        tour.modal([&] { tour.press(u"tbrQuerna"_s, 3); },
+                   [&](QWidget *dialog) {
+                       clickOption(u"optExport_%1"_s.arg(format.option));
+                       if (format.option == 4)
+                           dialog->findChild<QLineEdit *>(u"txtDelimiter"_s)->setText(u";"_s);
+                       tour.picture(u"export"_s, dialog);
+                       const auto save = [&] {
+                           tour.modal(
+                               [&] { QTest::mouseClick(control(u"cmdExpOK"_s), Qt::LeftButton); },
                                [&](QWidget *files) { acceptFile(files, path); });
-                };
-                if (format.speaks)
-                    told = tour.message(save, u"OK"_s);
-                else
-                    save();
-            });
+                       };
+                       if (format.speaks)
+                           told = tour.message(save, u"OK"_s);
+                       else
+                           save();
+                   });
         const QByteArray written = contents(path);
         tour.expect(written.startsWith(format.firstLine + "\r\n"),
                     u"%1 begins with its first record"_s.arg(format.file));
@@ -169,7 +168,7 @@ void tourFailures(Tour &tour)
     control<QLineEdit>(u"txtUserName"_s)->setText(u"scott"_s);
     control<QLineEdit>(u"txtPassword"_s)->setText(u"wrong"_s);
     control<QLineEdit>(u"txtDb"_s)->setText(u"NOSUCHDSN"_s);
-    QTest::mouseClick(control(u"optPrefConn_2"_s), Qt::LeftButton);
+    clickOption(u"optPrefConn_2"_s);
     const QString refused = tour.message(
         [&] { QTest::mouseClick(control(u"cmdOK"_s), Qt::LeftButton); }, u"OK"_s, u"no-such-dsn"_s);
     tour.expect(!refused.isEmpty(), u"a failed log-on says why"_s);

@@ -46,7 +46,7 @@ void tourLogOn(Tour &tour, MDIFormQuerna &frame)
     QWidget *login = control(u"frmQuernaLogin"_s);
     tour.picture(u"login"_s, login);
     tour.expect(login->windowTitle() == u"Querna Login"_s, u"the login dialog is there"_s);
-    QTest::mouseClick(control(u"optSYS_1"_s), Qt::LeftButton);
+    clickOption(u"optSYS_1"_s);
     tour.picture(u"login-as-sysdba"_s, login);
     tour.expect(!control(u"optPrefConn_1"_s)->isEnabled(), u"SYSDBA needs a DSN"_s);
     QTest::mouseClick(control(u"cmdCancel"_s), Qt::LeftButton);
