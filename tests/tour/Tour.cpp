@@ -69,7 +69,8 @@ Tour::Tour(const QString &pictureFolder)
     : m_folder(pictureFolder)
 {
     m_folder.mkpath(u"."_s);
-    for (const QString &old : m_folder.entryList({u"*.png"_s}, QDir::Files))
+    // What an earlier tour has left.
+    for (const QString &old : m_folder.entryList(QDir::Files))
         m_folder.remove(old);
 }
 

@@ -3,6 +3,7 @@
 #include "controls/EditorControl.h"
 #include "controls/FlexGrid.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
@@ -10,6 +11,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +22,16 @@ QByteArray contents(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// A dialog that is shown beside the frame; null when there is none.
+QWidget *visibleDialog()
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && qobject_cast<QDialog *>(window) != nullptr)
+            return window;
+    }
+    return nullptr;
 }
 
 /// Gives a file dialog its name and presses its button.
@@ -138,14 +151,20 @@ void tourFiles(Tour &tour)
     tour.expect(tour.text()->Text() == u"select 'größe' from dual\r\n"_s, u"the text comes back"_s);
 
     tour.text()->setFocus();
-    for (const auto &item : {u"mnuFind"_s, u"mnuReplace"_s}) {
+    for (const auto &[item, name] :
+         {std::pair(u"mnuFind"_s, u"find"_s), std::pair(u"mnuReplace"_s, u"replace"_s)}) {
+        tour.text()->window()->activateWindow();
+        tour.text()->setFocus();
+        settle();
         tour.menu(item);
         settle();
-        QWidget *dialog = QApplication::activeWindow();
-        tour.picture(item == u"mnuFind"_s ? u"find"_s : u"replace"_s, dialog);
+        QWidget *dialog = visibleDialog();
+        tour.expect(dialog != nullptr, u"%1 opens a dialog"_s.arg(item));
+        if (dialog == nullptr)
+            continue;
+        tour.picture(name, dialog);
         QTest::keyClick(dialog, Qt::Key_Escape);
         settle();
-        tour.text()->setFocus();
     }
     tour.modal([&] { tour.menu(u"mnuPrint"_s); },
                [&](QWidget *dialog) {
