@@ -1,5 +1,6 @@
 #include "dialogs/frmFind.h"
 
+#include "controls/accessKey.h"
 #include "controls/named.h"
 #include "dialogs/ReplaceAllRun.h"
 #include "platform/errorTraps.h"
@@ -35,11 +36,14 @@ QWidget *frmFind::buildFields()
     txtReplace = named(new QLineEdit(fields), u"txtReplace"_s);
     txtReplace->setAccessibleName(u"Replace"_s);
     auto *texts = new QFormLayout;
-    texts->addRow(u"&Search"_s, txtFind);
-    texts->addRow(u"&Replace"_s, txtReplace);
+    texts->addRow(u"Search"_s, txtFind);
+    texts->addRow(u"Replace"_s, txtReplace);
+    setAccessKey(txtFind, Qt::Key_S, this);
+    setAccessKey(txtReplace, Qt::Key_R, this);
 
     auto *option = new QGroupBox(u"Search Option"_s, fields);
-    chkCase = named(new QCheckBox(u"Case Sens&itive"_s, option), u"chkCase"_s);
+    chkCase =
+        withAccessKey(named(new QCheckBox(u"Case Sensitive"_s, option), u"chkCase"_s), Qt::Key_I);
     auto *optionLayout = new QVBoxLayout(option);
     optionLayout->addWidget(chkCase);
 
@@ -57,20 +61,23 @@ QWidget *frmFind::buildButtons()
     auto *buttons = new QWidget(this);
     auto *layout = new QVBoxLayout(buttons);
     layout->setContentsMargins({});
-    const auto addButton = [&](const QString &name, const QString &caption, auto handler) {
-        auto *button = named(new QPushButton(caption, buttons), name);
+    const auto addButton = [&](const QString &name, const QString &caption, Qt::Key key,
+                               auto handler) {
+        auto *button = withAccessKey(named(new QPushButton(caption, buttons), name), key);
         layout->addWidget(button);
         connect(button, &QPushButton::clicked, this, handler);
         return button;
     };
-    auto *find = addButton(u"cmdFindFirst"_s, u"&Find"_s, &frmFind::cmdFindFirst_Click);
+    auto *find = addButton(u"cmdFindFirst"_s, u"Find"_s, Qt::Key_F, &frmFind::cmdFindFirst_Click);
     find->setDefault(true);
     m_searching += find;
-    m_searching += addButton(u"cmdFindNext"_s, u"Find &Next"_s, &frmFind::cmdFindNext_Click);
-    m_searching += addButton(u"cmdReplace"_s, u"Re&place"_s, &frmFind::cmdReplace_Click);
-    m_searching += addButton(u"cmdReplaceAll"_s, u"Replace &All"_s, &frmFind::cmdReplaceAll_Click);
+    m_searching +=
+        addButton(u"cmdFindNext"_s, u"Find Next"_s, Qt::Key_N, &frmFind::cmdFindNext_Click);
+    m_searching += addButton(u"cmdReplace"_s, u"Replace"_s, Qt::Key_P, &frmFind::cmdReplace_Click);
+    m_searching +=
+        addButton(u"cmdReplaceAll"_s, u"Replace All"_s, Qt::Key_A, &frmFind::cmdReplaceAll_Click);
     layout->addStretch(1);
-    addButton(u"cmdFindCancel"_s, u"&Cancel"_s, &frmFind::cmdFindCancel_Click);
+    addButton(u"cmdFindCancel"_s, u"Cancel"_s, Qt::Key_C, &frmFind::cmdFindCancel_Click);
     return buttons;
 }
 

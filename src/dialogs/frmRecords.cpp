@@ -1,6 +1,7 @@
 #include "dialogs/frmRecords.h"
 
 #include "connection/session.h"
+#include "controls/accessKey.h"
 #include "controls/named.h"
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
@@ -24,15 +25,18 @@ frmRecords::frmRecords(QWidget *parent)
     : FormDialog(u"frmRecords"_s, u"Record Options"_s, parent)
     , txtRecords(named(new QLineEdit(this), u"txtRecords"_s))
 {
-    auto *label = new QLabel(u"Set &maximum number of records returned"_s, this);
+    auto *label = new QLabel(u"Set maximum number of records returned"_s, this);
     label->setBuddy(txtRecords);
+    setAccessKey(txtRecords, Qt::Key_M, this);
     txtRecords->setAccessibleName(u"Maximum number of records returned"_s);
 
     auto *buttons = new QDialogButtonBox(this);
-    auto *cmdOK = named(buttons->addButton(u"&OK"_s, QDialogButtonBox::AcceptRole), u"cmdOK"_s);
+    auto *cmdOK = withAccessKey(
+        named(buttons->addButton(u"OK"_s, QDialogButtonBox::AcceptRole), u"cmdOK"_s), Qt::Key_O);
     cmdOK->setDefault(true);
-    auto *cmdCancel =
-        named(buttons->addButton(u"&Cancel"_s, QDialogButtonBox::RejectRole), u"cmdCancel"_s);
+    auto *cmdCancel = withAccessKey(
+        named(buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole), u"cmdCancel"_s),
+        Qt::Key_C);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);

@@ -1,5 +1,6 @@
 #include "export/frmExport.h"
 
+#include "controls/accessKey.h"
 #include "controls/named.h"
 #include "export/exportFormats.h"
 #include "platform/applicationFolder.h"
@@ -104,14 +105,17 @@ frmExport::frmExport(QWidget *parent)
 
 QWidget *frmExport::buildOptions()
 {
-    const std::array captions{u"&ASCII (csv)"_s, u"&Excel (XLS)"_s, u"&Tab delimited"_s,
-                              u"&Insert statements"_s, u"Other &delimiter"_s};
+    const std::array options{
+        std::pair(u"ASCII (csv)"_s, Qt::Key_A), std::pair(u"Excel (XLS)"_s, Qt::Key_E),
+        std::pair(u"Tab delimited"_s, Qt::Key_T), std::pair(u"Insert statements"_s, Qt::Key_I),
+        std::pair(u"Other delimiter"_s, Qt::Key_D)};
     auto *frame = new QGroupBox(this);
     auto *layout = new QGridLayout(frame);
     auto *group = new QButtonGroup(frame);
-    for (int index = 0; index < static_cast<int>(captions.size()); ++index) {
-        optExport[index] =
-            named(new QRadioButton(captions[index], frame), u"optExport_%1"_s.arg(index));
+    for (int index = 0; index < static_cast<int>(options.size()); ++index) {
+        const auto &[caption, key] = options[index];
+        optExport[index] = withAccessKey(
+            named(new QRadioButton(caption, frame), u"optExport_%1"_s.arg(index)), key);
         group->addButton(optExport[index], index);
         layout->addWidget(optExport[index], index, 0);
     }
@@ -128,10 +132,12 @@ QWidget *frmExport::buildOptions()
 QWidget *frmExport::buildButtons()
 {
     auto *buttons = new QDialogButtonBox(this);
-    auto *ok = named(buttons->addButton(u"&OK"_s, QDialogButtonBox::AcceptRole), u"cmdExpOK"_s);
+    auto *ok = withAccessKey(
+        named(buttons->addButton(u"OK"_s, QDialogButtonBox::AcceptRole), u"cmdExpOK"_s), Qt::Key_O);
     ok->setDefault(true);
-    auto *cancel =
-        named(buttons->addButton(u"&Cancel"_s, QDialogButtonBox::RejectRole), u"cmdExpCancel"_s);
+    auto *cancel = withAccessKey(
+        named(buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole), u"cmdExpCancel"_s),
+        Qt::Key_C);
     connect(ok, &QPushButton::clicked, this, &frmExport::cmdExpOK_Click);
     connect(cancel, &QPushButton::clicked, this, &frmExport::cmdExpCancel_Click);
     return buttons;

@@ -301,9 +301,10 @@ void TestRun::script()
 {
     ProgramFixture program;
     program.start(sandbox);
-    program.text()->setText(u"update dept set loc = 'it''s';\r\nnonsense one;\r\n-- nothing;\r\n"
-                            "select no_such from emp;\r\n/* more */ delete from emp where empno = 7245;\r\n"
-                            "delete from dept"_s);
+    program.text()->setText(
+        u"update dept set loc = 'it''s';\r\nnonsense one;\r\n-- nothing;\r\n"
+        "select no_such from emp;\r\n/* more */ delete from emp where empno = 7245;\r\n"
+        "delete from dept"_s);
     MessageAnswers messages;
     program.press(u"tbrQuerna"_s, 2);
     QCOMPARE(messages.texts.size(), 1);
