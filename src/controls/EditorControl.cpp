@@ -85,8 +85,8 @@ void EditorControl::setUpEditing()
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this,
             [this](int position) { m_colouring->colourTo(position); });
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int position, int type, const char *, int length) {
-                noteChange(position, type, length);
+            [this](int position, int type, const char *, int length, int linesAdded) {
+                noteChange(position, type, length, linesAdded);
             });
     // The base class would count the caret's column from the line's start at every key.
     disconnect(this, &QsciScintillaBase::SCN_UPDATEUI, this, nullptr);
@@ -122,13 +122,16 @@ void EditorControl::watchChanges()
                                                  : SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
 }
 
-void EditorControl::noteChange(long position, int type, long length)
+void EditorControl::noteChange(long position, int type, long length, int linesAdded)
 {
+    // Before a change, nothing says what it does to the lines.
+    const bool isBefore = (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) != 0;
+    const bool lineEnds = isBefore || linesAdded != 0;
     if ((type & (SC_MOD_INSERTTEXT | SC_MOD_BEFOREINSERT)) != 0)
-        m_colouring->textInserted(position, length);
+        m_colouring->textInserted(position, length, lineEnds);
     else
-        m_colouring->textDeleted(position, length);
-    if ((type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) != 0) {
+        m_colouring->textDeleted(position, length, lineEnds);
+    if (isBefore) {
         if (!std::exchange(m_changeIsUntold, true))
             QTimer::singleShot(0, this, &EditorControl::tellChange);
         return;
@@ -242,6 +245,17 @@ void EditorControl::setSelLength(int length)
 
 void EditorControl::select(long anchor, long caret)
 {
+    const auto cutsLineEnd = [this](long at) {
+        return at > 0 && SendScintilla(SCI_GETCHARAT, at - 1) == '\r' &&
+               SendScintilla(SCI_GETCHARAT, at) == '\n';
+    };
+    const bool isEmpty = anchor == caret;
+    if (cutsLineEnd(anchor))
+        --anchor;
+    if (isEmpty)
+        caret = anchor;
+    else if (cutsLineEnd(caret))
+        ++caret;
     SendScintilla(SCI_SETSEL, anchor, caret);
     reportCaret();
 }

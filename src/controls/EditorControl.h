@@ -40,7 +40,8 @@ public:
     void setText(const QString &text) override;
     int textLength() const;
 
-    // Selection
+    // Selection. It never cuts a line end in two: between CR and LF, it begins before the CR and
+    // ends behind the LF.
     int SelStart() const;
     /// Moves the caret and selects nothing; positions past the end mean the end.
     void setSelStart(int position);
@@ -147,7 +148,7 @@ private:
     void setUpEditing();
     void setUpKeys();
     void watchChanges();
-    void noteChange(long position, int type, long length);
+    void noteChange(long position, int type, long length, int linesAdded);
     void tellChange();
     void applyTheme();
     void showLineNumbers();

@@ -127,19 +127,26 @@ long SyntaxColouring::colourLines(long from, long wanted)
     bool restIsRight = false;
     Place place = begin;
     for (; place.position < end && !restIsRight; ++line) {
-        restIsRight = colourLine(text, begin.position, place) ||
-                      (keepState(line, place.state) && wasColoured(place.position));
+        const long lineStart = place.position;
+        restIsRight = colourLine(text, begin.position, place);
+        // The widget's state of the line that a change ended in can be another line's; that of the
+        // line behind it is its own.
+        if (!restIsRight && keepState(line, place.state))
+            restIsRight = lineStart > m_changedEnd && place.position < m_colouredEnd;
     }
     m_editor.SendScintilla(Sci::SCI_STARTSTYLING, begin.position);
     m_editor.SendScintilla(Sci::SCI_SETSTYLINGEX, static_cast<uintptr_t>(m_styles.size()),
                            m_styles.data());
     if (restIsRight) {
         m_editor.SendScintilla(Sci::SCI_STARTSTYLING, m_colouredEnd);
-        m_changedEnd = 0;
+        forgetChanges();
         return m_colouredEnd;
     }
     m_colouredEnd = std::max(m_colouredEnd, end);
-    m_changedEnd = end == m_colouredEnd ? 0 : std::max(m_changedEnd, end);
+    if (end == m_colouredEnd)
+        forgetChanges();
+    else
+        m_changedEnd = std::max(m_changedEnd, end);
     return end;
 }
 
@@ -188,6 +195,12 @@ bool SyntaxColouring::colourLine(const QByteArray &text, long textBegin, Place &
         at += token.length;
     }
     return false;
+}
+
+void SyntaxColouring::forgetChanges()
+{
+    m_changedEnd = 0;
+    m_lineEndsChanged = false;
 }
 
 /// Notes the state at a line's end. @returns whether it is the one that was noted before
@@ -241,20 +254,22 @@ void SyntaxColouring::colourHugeLine(long position)
         colourTo(position);
 }
 
-void SyntaxColouring::textInserted(long begin, long length)
+void SyntaxColouring::textInserted(long begin, long length, bool lineEnds)
 {
     if (begin > m_colouredEnd)
         return;
+    m_lineEndsChanged = m_lineEndsChanged || lineEnds;
     m_colouredEnd += length;
     if (m_changedEnd > begin)
         m_changedEnd += length;
     m_changedEnd = std::max(m_changedEnd, begin + length);
 }
 
-void SyntaxColouring::textDeleted(long begin, long length)
+void SyntaxColouring::textDeleted(long begin, long length, bool lineEnds)
 {
     if (begin >= m_colouredEnd)
         return;
+    m_lineEndsChanged = m_lineEndsChanged || lineEnds;
     m_colouredEnd = std::max(begin, m_colouredEnd - length);
     if (m_changedEnd > begin)
         m_changedEnd = std::max(begin, m_changedEnd - length);
@@ -272,7 +287,7 @@ void SyntaxColouring::colourAgain(long begin, long end)
 void SyntaxColouring::colourEverythingAgain()
 {
     m_colouredEnd = 0;
-    m_changedEnd = 0;
+    forgetChanges();
     m_editor.SendScintilla(Sci::SCI_STARTSTYLING, 0L);
     m_editor.viewport()->update();
 }

@@ -13,7 +13,7 @@ namespace {
 
 SyntaxDefinition shippedDefinition()
 {
-    const QString path = QFINDTESTDATA("../../resources/T-SQL.bcp");
+    const QString path = QCoreApplication::applicationDirPath() + u"/../app/T-SQL.bcp"_s;
     return parseSyntaxDefinition(QString::fromUtf8(readWholeFile(path)));
 }
 

@@ -1,33 +1,366 @@
 #include "controls/EditorControl.h"
+#include "support/raisedError.h"
 
+#include <QAccessible>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QFile>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
+/// The editor control's text, selection, files and keys.
 class tst_EditorControl : public QObject
 {
     Q_OBJECT
 private slots:
-    void textHasCrLfLineEnds()
-    {
-        EditorControl editor;
-        editor.setText(u"a\nb\rc\r\nd"_s);
-        QCOMPARE(editor.GetText(), u"a\r\nb\r\nc\r\nd"_s);
-        QCOMPARE(editor.textLength(), 10);
-        editor.setSelStart(4);
-        editor.setSelLength(100);
-        QCOMPARE(editor.SelText(), u"\r\nc\r\nd"_s);
-        QCOMPARE(editor.SelStart(), 4);
-        QCOMPARE(editor.SelLength(), 6);
-        editor.setSelText(u"\n"_s);
-        QCOMPARE(editor.GetText(), u"a\r\nb\r\n"_s);
-        editor.ExecuteCommand(100);
-        QCOMPARE(editor.GetText(), u"a\r\nb\r\nc\r\nd"_s);
-        editor.ExecuteCommand(100);
-        QCOMPARE(editor.GetText(), u""_s);
-        QCOMPARE(editor.textLength(), 0);
-    }
+    void textHasCrLfLineEnds();
+    void positionsAreUtf16Units();
+    void selectionIsClamped_data();
+    void selectionIsClamped();
+    void oddCharactersKeepTheRest();
+    void replacingTheTextIsOneStep();
+    void loadingForgetsTheSteps();
+    void failedLoadKeepsTheText();
+    void largeFileIsWatchedToo();
+    void readOnlyTextStays();
+    void scratchFileLeavesTheText();
+    void keysAreReported_data();
+    void keysAreReported();
+    void caretIsReported();
+    void selectAllKeyDoesNothing();
+    void zoomKeys();
+    void lineNumbersGrow();
+    void pastedLineEnds();
+    void droppedFile();
+    void seenByScreenReaders();
 };
+
+void tst_EditorControl::textHasCrLfLineEnds()
+{
+    EditorControl editor;
+    editor.setText(u"a\nb\rc\r\nd"_s);
+    QCOMPARE(editor.GetText(), u"a\r\nb\r\nc\r\nd"_s);
+    QCOMPARE(editor.textLength(), 10);
+    editor.setSelStart(4);
+    editor.InsertText(u"x\ny"_s);
+    QCOMPARE(editor.Text(), u"a\r\nbx\r\ny\r\nc\r\nd"_s);
+    QCOMPARE(editor.SelStart(), 8);
+    QCOMPARE(editor.SelLength(), 0);
+}
+
+void tst_EditorControl::positionsAreUtf16Units()
+{
+    const QString text = u"aé€😀\r\n\r\n😀😀x\r\nplain\r\nö"_s;
+    EditorControl editor;
+    editor.setText(text);
+    QCOMPARE(editor.textLength(), text.size());
+    int line = 0;
+    int lineStart = 0;
+    for (int at = 0; at <= text.size(); ++at) {
+        if (at > 0 && text[at - 1] == u'\n') {
+            ++line;
+            lineStart = at;
+        }
+        QCOMPARE(editor.lineFromCharacter(at), line);
+        QCOMPARE(editor.lineIndex(line), lineStart);
+        const bool inside =
+            at > 0 && at < text.size() && (text[at].isLowSurrogate() || text[at] == u'\n');
+        if (inside)
+            continue;
+        editor.setSelStart(at);
+        QCOMPARE(editor.SelStart(), at);
+        QCOMPARE(editor.lineFromCharacter(-1), line);
+        QCOMPARE(editor.lineIndex(-1), lineStart);
+        editor.setSelLength(static_cast<int>(text.size()));
+        QCOMPARE(editor.SelText(), text.mid(at));
+    }
+    QCOMPARE(editor.lineIndex(5), -1);
+}
+
+void tst_EditorControl::selectionIsClamped_data()
+{
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QString>("selected");
+    QTest::addColumn<int>("expectedStart");
+
+    QTest::newRow("inside") << 1 << 2 << u"bc"_s << 1;
+    QTest::newRow("beyond the end") << 2 << 2147483647 << u"cd\r\ne"_s << 2;
+    QTest::newRow("start beyond the end") << 99 << 5 << u""_s << 7;
+    QTest::newRow("start before the text") << -3 << 1 << u"a"_s << 0;
+    QTest::newRow("negative length") << 2 << -1 << u""_s << 2;
+    QTest::newRow("from inside a line end") << 5 << 1 << u"\r\n"_s << 4;
+    QTest::newRow("up to inside a line end") << 3 << 2 << u"d\r\n"_s << 3;
+    QTest::newRow("caret inside a line end") << 5 << 0 << u""_s << 4;
+}
+
+void tst_EditorControl::selectionIsClamped()
+{
+    QFETCH(int, start);
+    QFETCH(int, length);
+    EditorControl editor;
+    editor.setText(u"abcd\ne"_s);
+    editor.setSelStart(start);
+    editor.setSelLength(length);
+    QTEST(editor.SelText(), "selected");
+    QTEST(editor.GetSelection(), "selected");
+    QTEST(editor.SelStart(), "expectedStart");
+}
+
+void tst_EditorControl::oddCharactersKeepTheRest()
+{
+    EditorControl editor;
+    editor.setText(u"a"_s + QChar(0xD83D) + u"b"_s + QChar(0) + u"c"_s);
+    QCOMPARE(editor.GetText(), u"a\uFFFDb"_s + QChar(0) + u"c"_s);
+    editor.setSelStart(2);
+    editor.setSelLength(2);
+    QCOMPARE(editor.SelText(), u"b"_s + QChar(0));
+    editor.setSelText(QString(QChar(0)) + QChar(0xDE00));
+    QCOMPARE(editor.GetText(), u"a\uFFFD"_s + QChar(0) + u"\uFFFDc"_s);
+}
+
+void tst_EditorControl::replacingTheTextIsOneStep()
+{
+    EditorControl editor;
+    editor.setText(u"first"_s);
+    editor.setText(u"second\nline"_s);
+    editor.ExecuteCommand(99);
+    QCOMPARE(editor.GetText(), u"second\r\nline"_s);
+    editor.ExecuteCommand(EditorControl::CommandUndo);
+    QCOMPARE(editor.GetText(), u"first"_s);
+    editor.ExecuteCommand(EditorControl::CommandRedo);
+    QCOMPARE(editor.GetText(), u"second\r\nline"_s);
+
+    editor.setSelStart(0);
+    editor.setSelLength(6);
+    editor.setSelText(u"2nd"_s);
+    editor.ExecuteCommand(100);
+    QCOMPARE(editor.GetText(), u"second\r\nline"_s);
+}
+
+void tst_EditorControl::loadingForgetsTheSteps()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"a.sql"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("\xFF\xFE"
+               "a\0\r\0\xE4\0"_ba);
+    file.close();
+
+    EditorControl editor;
+    editor.setText(u"typed"_s);
+    editor.LoadFile(file.fileName());
+    QCOMPARE(editor.GetText(), u"a\r\nä"_s);
+    QCOMPARE(editor.SelStart(), 0);
+    editor.ExecuteCommand(100);
+    QCOMPARE(editor.GetText(), u"a\r\nä"_s);
+    QVERIFY(!editor.isModified());
+}
+
+void tst_EditorControl::failedLoadKeepsTheText()
+{
+    const QTemporaryDir folder;
+    EditorControl editor;
+    editor.setText(u"typed"_s);
+    QCOMPARE(raisedError([&] { editor.LoadFile(folder.filePath(u"none.sql"_s)); }), 53);
+    QCOMPARE(raisedError([&] { editor.LoadFile(folder.path()); }), 75);
+    QCOMPARE(editor.GetText(), u"typed"_s);
+    editor.ExecuteCommand(100);
+    QCOMPARE(editor.GetText(), u""_s);
+}
+
+void tst_EditorControl::largeFileIsWatchedToo()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"large.sql"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("select '\xC3\xA4' from t;\n").repeated(150000));
+    file.close();
+
+    EditorControl editor;
+    QSignalSpy changes(&editor, &EditorControl::textChanged);
+    QSignalSpy lines(&editor, &EditorControl::linesChanged);
+    editor.LoadFile(file.fileName());
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(lines.count(), 1);
+    const int length = editor.textLength();
+    QCOMPARE(length, 150000 * 20);
+    editor.setSelStart(length);
+    editor.InsertText(u"x"_s);
+    QTRY_COMPARE(changes.count(), 2);
+    editor.setText(u"small"_s);
+    QTRY_COMPARE(changes.count(), 3);
+    editor.InsertText(u"y"_s);
+    QCOMPARE(changes.count(), 4);
+}
+
+void tst_EditorControl::readOnlyTextStays()
+{
+    EditorControl editor;
+    editor.setText(u"text"_s);
+    editor.setReadOnly(true);
+    QVERIFY(editor.ReadOnly());
+    editor.InsertText(u"x"_s);
+    QTest::keyClick(&editor, Qt::Key_X);
+    QCOMPARE(editor.GetText(), u"text"_s);
+    editor.setText(u"other"_s);
+    QCOMPARE(editor.GetText(), u"other"_s);
+    QVERIFY(editor.ReadOnly());
+}
+
+void tst_EditorControl::scratchFileLeavesTheText()
+{
+    EditorControl editor;
+    editor.setText(u"typed"_s);
+    editor.setSelStart(3);
+    editor.setScratchFile(u"/nowhere/dummy.sql"_s);
+    QCOMPARE(editor.GetText(), u"typed"_s);
+    QCOMPARE(editor.SelStart(), 3);
+    QCOMPARE(editor.ScratchFile(), u"/nowhere/dummy.sql"_s);
+}
+
+void tst_EditorControl::keysAreReported_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("shift");
+
+    const Qt::KeyboardModifiers none;
+    QTest::newRow("blank") << Qt::Key_Space << none << 32 << 0;
+    QTest::newRow("tab") << Qt::Key_Tab << none << 9 << 0;
+    QTest::newRow("Shift+Tab") << Qt::Key_Backtab << (none | Qt::ShiftModifier) << 9 << 1;
+    QTest::newRow("nine") << Qt::Key_9 << (none | Qt::ShiftModifier) << 57 << 1;
+    QTest::newRow("opening parenthesis")
+        << Qt::Key_ParenLeft << (none | Qt::ShiftModifier) << 57 << 1;
+    QTest::newRow("zero") << Qt::Key_0 << none << 48 << 0;
+    QTest::newRow("pad's nine") << Qt::Key_9 << (none | Qt::KeypadModifier) << 0 << 0;
+    QTest::newRow("pad's Enter") << Qt::Key_Enter << (none | Qt::KeypadModifier) << 13 << 0;
+    QTest::newRow("Backspace") << Qt::Key_Backspace << (none | Qt::ControlModifier) << 8 << 2;
+    QTest::newRow("Delete") << Qt::Key_Delete << (none | Qt::AltModifier) << 46 << 4;
+    QTest::newRow("letter") << Qt::Key_A << none << 0 << 0;
+}
+
+void tst_EditorControl::keysAreReported()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(int, code);
+    QFETCH(int, shift);
+    EditorControl editor;
+    editor.setText(u"text"_s);
+    QString textThen;
+    QSignalSpy keys(&editor, &EditorControl::keyWentDown);
+    connect(&editor, &EditorControl::keyWentDown, this, [&] { textThen = editor.GetText(); });
+    QTest::keyClick(&editor, key, modifiers);
+    // Shift, Ctrl and Alt are keys of their own.
+    QCOMPARE(keys.count(), 1 + (modifiers & ~Qt::KeypadModifier ? 1 : 0));
+    QCOMPARE(keys.last(), (QVariantList{code, shift}));
+    QCOMPARE(textThen, u"text"_s);
+}
+
+void tst_EditorControl::caretIsReported()
+{
+    EditorControl editor;
+    editor.setText(u"a\n😀é b"_s);
+    QSignalSpy moves(&editor, &EditorControl::caretMoved);
+    editor.setSelStart(6);
+    QCOMPARE(moves.takeLast(), (QVariantList{4, 2}));
+    QTest::keyClick(&editor, Qt::Key_Left);
+    QCOMPARE(moves.takeLast(), (QVariantList{3, 2}));
+    QTest::keyClick(&editor, Qt::Key_Up);
+    QCOMPARE(moves.takeLast(), (QVariantList{2, 1}));
+    QTest::keyClick(&editor, Qt::Key_Tab);
+    QCOMPARE(moves.takeLast(), (QVariantList{3, 1}));
+    QCOMPARE(editor.GetText(), u"a\t\r\n😀é b"_s);
+    editor.setSelStart(2);
+    QCOMPARE(moves.count(), 0);
+}
+
+void tst_EditorControl::selectAllKeyDoesNothing()
+{
+    EditorControl editor;
+    editor.setText(u"text"_s);
+    QTest::keyClick(&editor, Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(editor.SelLength(), 0);
+    QCOMPARE(editor.GetText(), u"text"_s);
+}
+
+void tst_EditorControl::zoomKeys()
+{
+    EditorControl editor;
+    QTest::keyClick(&editor, Qt::Key_Plus, Qt::ControlModifier);
+    QTest::keyClick(&editor, Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(editor.zoomLevel(), 2);
+    QTest::keyClick(&editor, Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
+    QCOMPARE(editor.zoomLevel(), 1);
+    QTest::keyClick(&editor, Qt::Key_0, Qt::ControlModifier);
+    QCOMPARE(editor.zoomLevel(), 0);
+    QCOMPARE(editor.GetText(), u""_s);
+}
+
+void tst_EditorControl::lineNumbersGrow()
+{
+    EditorControl editor;
+    const int width = editor.marginWidth(0);
+    editor.setText(u"\n"_s.repeated(20000));
+    QVERIFY(editor.marginWidth(0) > width);
+    editor.setText(u""_s);
+    QCOMPARE(editor.marginWidth(0), width);
+}
+
+void tst_EditorControl::pastedLineEnds()
+{
+    EditorControl editor;
+    editor.setText(u"a"_s);
+    QGuiApplication::clipboard()->setText(u"x\ny\n"_s);
+    QTest::keyClick(&editor, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(editor.GetText(), u"x\r\ny\r\na"_s);
+}
+
+void tst_EditorControl::droppedFile()
+{
+    EditorControl editor;
+    editor.setText(u"text"_s);
+    QSignalSpy drops(&editor, &EditorControl::fileDropped);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(u"/some folder/a.sql"_s)});
+    QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor.viewport(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor.viewport(), &drop);
+    QCOMPARE(drops.count(), 1);
+    QCOMPARE(drops.first().first().toString(), u"/some folder/a.sql"_s);
+    QCOMPARE(editor.GetText(), u"text"_s);
+}
+
+void tst_EditorControl::seenByScreenReaders()
+{
+    EditorControl editor;
+    editor.setAccessibleName(u"SQL"_s);
+    editor.setText(u"a\nb😀c"_s);
+    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&editor);
+    QVERIFY(seen);
+    QCOMPARE(seen->text(QAccessible::Name), u"SQL"_s);
+    QVERIFY(seen->state().multiLine && seen->state().editable);
+    QAccessibleTextInterface *text = seen->textInterface();
+    QVERIFY(text);
+    QCOMPARE(text->characterCount(), 7);
+    QCOMPARE(text->text(3, 6), u"b😀"_s);
+    text->setSelection(0, 3, 6);
+    QCOMPARE(editor.SelText(), u"b😀"_s);
+    QCOMPARE(text->cursorPosition(), 6);
+    QCOMPARE(text->selectionCount(), 1);
+    text->setCursorPosition(1);
+    QCOMPARE(editor.SelStart(), 1);
+}
 
 QTEST_MAIN(tst_EditorControl)
 #include "tst_editorcontrol.moc"

@@ -1,0 +1,346 @@
+#include "controls/EditorControl.h"
+#include "controls/StyleBytes.h"
+#include "controls/SyntaxColouring.h"
+#include "support/raisedError.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using Sci = QsciScintillaBase;
+
+namespace {
+
+void prepare(EditorControl &editor)
+{
+    editor.setWordClasses(sqlWordClasses());
+    editor.LoadSyntax(QCoreApplication::applicationDirPath() + u"/../app/T-SQL.bcp"_s);
+}
+
+/// The style of every byte, as they are when the whole text is shown; styles that look the same
+/// count as one.
+QByteArray looks(EditorControl &editor)
+{
+    const long length = editor.SendScintilla(Sci::SCI_GETLENGTH);
+    emit editor.SCN_STYLENEEDED(static_cast<int>(length));
+    QByteArray styles(length, '\0');
+    for (int i = 0; i < length; ++i)
+        styles[i] =
+            static_cast<char>(editor.SendScintilla(Sci::SCI_GETSTYLEAT, static_cast<long>(i)) &
+                              ~StyleBytes::alternation);
+    return styles;
+}
+
+/// The colour that a character is written in by the colouring.
+QColor wordColour(EditorControl &editor, int position)
+{
+    const auto style = static_cast<unsigned long>(looks(editor).at(position));
+    const auto bgr = static_cast<QRgb>(editor.SendScintilla(Sci::SCI_STYLEGETFORE, style));
+    return {static_cast<int>(bgr & 0xFFU), static_cast<int>((bgr >> 8U) & 0xFFU),
+            static_cast<int>((bgr >> 16U) & 0xFFU)};
+}
+
+/// The colour that was set on a character; none when it has that of its word.
+std::optional<QColor> ownColour(EditorControl &editor, int position)
+{
+    const auto value = editor.SendScintilla(Sci::SCI_INDICATORVALUEAT,
+                                            static_cast<unsigned long>(Sci::INDIC_CONTAINER),
+                                            static_cast<long>(position));
+    if (value == 0)
+        return std::nullopt;
+    return QColor(static_cast<int>(value & 0xFF), static_cast<int>((value >> 8) & 0xFF),
+                  static_cast<int>((value >> 16) & 0xFF));
+}
+
+/// How many points of the editor's picture have a colour.
+int countPixels(EditorControl &editor, const QColor &color)
+{
+    const QImage image = editor.viewport()->grab().toImage();
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, y) == color;
+    }
+    return count;
+}
+
+class Random
+{
+public:
+    explicit Random(quint32 seed)
+        : m_state(seed)
+    {
+    }
+    int below(int limit)
+    {
+        m_state = m_state * 1664525U + 1013904223U;
+        return static_cast<int>((m_state >> 8U) % static_cast<quint32>(limit));
+    }
+
+private:
+    quint32 m_state;
+};
+
+const QColor orange(255, 140, 0);
+
+} // namespace
+
+/// The colours of the text, and the formats that lie over them.
+class tst_EditorColouring : public QObject
+{
+    Q_OBJECT
+private slots:
+    void wordsHaveTheirClassColours();
+    void editsLeaveNoStaleColour_data();
+    void editsLeaveNoStaleColour();
+    void colouringIsNoStep();
+    void badDefinitionChangesNothing();
+    void pickedTextIsOrange();
+    void replacedTextTakesTheFormat();
+    void formatsMoveWithTheText();
+    void fontsLieOverTheColours();
+    void typedTextTakesWhatWasSet();
+    void readableOnEveryBackground_data();
+    void readableOnEveryBackground();
+};
+
+void tst_EditorColouring::wordsHaveTheirClassColours()
+{
+    EditorControl editor;
+    prepare(editor);
+    editor.setBackColor(Qt::white);
+    editor.setText(u"select date x -- if\n"_s);
+    QCOMPARE(wordColour(editor, 0), QColor(Qt::blue));
+    QCOMPARE(wordColour(editor, 7), QColor(Qt::red));
+    QCOMPARE(wordColour(editor, 12), QColor(Qt::black));
+    QVERIFY(wordColour(editor, 17) != QColor(Qt::blue));
+}
+
+void tst_EditorColouring::editsLeaveNoStaleColour_data()
+{
+    QTest::addColumn<QString>("separator");
+    QTest::addColumn<int>("pieces");
+    QTest::addColumn<int>("edits");
+
+    QTest::newRow("lines") << u"\n"_s << 60 << 400;
+    QTest::newRow("one long line") << u" "_s << 4000 << 60;
+    QTest::newRow("one huge line") << u" "_s << 24000 << 12;
+    QTest::newRow("long lines") << u" select 1 \n"_s + u"in "_s.repeated(2000) << 12 << 60;
+}
+
+void tst_EditorColouring::editsLeaveNoStaleColour()
+{
+    QFETCH(QString, separator);
+    QFETCH(int, pieces);
+    QFETCH(int, edits);
+    const QStringList words{u"'"_s,    u"/*"_s, u"*/"_s, u"--"_s,    u"select"_s,  u"java class"_s,
+                            u"q'["_s,  u"]'"_s, u"\""_s, u"1.5e3"_s, u"\n"_s,      u"a"_s,
+                            u"date"_s, u"é😀"_s, u"  "_s, u"'x'"_s,   u"/* y */"_s, u"class"_s};
+    Random random(7);
+    QString text;
+    for (int i = 0; i < pieces; ++i) {
+        // Quotes and comment marks stay rare, so that there is something between them.
+        text += words.at(random.below(8) > 0 ? 4 + 7 * random.below(2) : random.below(18));
+        text += separator;
+    }
+    EditorControl edited;
+    EditorControl fresh;
+    prepare(edited);
+    prepare(fresh);
+    edited.setText(text);
+    looks(edited);
+    for (int i = 0; i < edits; ++i) {
+        edited.setSelStart(random.below(edited.textLength() + 1));
+        edited.setSelLength(random.below(3) == 0 ? random.below(30) : 0);
+        edited.setSelText(words.at(random.below(static_cast<int>(words.size()))));
+        // Sometimes only a part is shown before the next edit.
+        if (random.below(3) == 0) {
+            emit edited.SCN_STYLENEEDED(
+                random.below(static_cast<int>(edited.SendScintilla(Sci::SCI_GETLENGTH)) + 1));
+            continue;
+        }
+        fresh.setText(edited.GetText());
+        QCOMPARE(looks(edited), looks(fresh));
+    }
+}
+
+void tst_EditorColouring::colouringIsNoStep()
+{
+    EditorControl editor;
+    prepare(editor);
+    editor.setText(u"select"_s);
+    looks(editor);
+    editor.setSelLength(3);
+    editor.setSelColor(orange);
+    editor.setSelBold(true);
+    looks(editor);
+    editor.ExecuteCommand(100);
+    QCOMPARE(editor.GetText(), u""_s);
+    QVERIFY(!editor.isUndoAvailable());
+}
+
+void tst_EditorColouring::badDefinitionChangesNothing()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"bad.bcp"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("syntax x\nnonsense\n");
+    file.close();
+
+    EditorControl editor;
+    prepare(editor);
+    editor.setText(u"in -- x\n'in'"_s);
+    const QByteArray before = looks(editor);
+    QCOMPARE(raisedError([&] { editor.LoadSyntax(file.fileName()); }), 13);
+    QCOMPARE(raisedError([&] { editor.LoadSyntax(folder.filePath(u"none"_s)); }), 53);
+    QCOMPARE(raisedError([&] { editor.LoadSyntax(folder.filePath(u"a/none"_s)); }), 76);
+    QCOMPARE(looks(editor), before);
+}
+
+void tst_EditorColouring::pickedTextIsOrange()
+{
+    EditorControl editor;
+    prepare(editor);
+    editor.setBackColor(Qt::white);
+    editor.setCaretLineVisible(false);
+    editor.resize(600, 200);
+    editor.show();
+    editor.setText(u"from "_s);
+    editor.setSelStart(5);
+    QCOMPARE(countPixels(editor, orange), 0);
+    editor.setSelColor(orange);
+    editor.InsertText(u" MMMM.EMP "_s);
+    editor.setSelColor(Qt::black);
+    QCOMPARE(editor.GetText(), u"from  MMMM.EMP "_s);
+    QVERIFY(countPixels(editor, orange) > 0);
+    // What follows is coloured as usual.
+    editor.InsertText(u"SELECT"_s);
+    QCOMPARE(ownColour(editor, 14), orange);
+    QCOMPARE(ownColour(editor, 15), std::nullopt);
+    QCOMPARE(wordColour(editor, 15), QColor(Qt::blue));
+    // The text stays orange while others come before it, and goes with it.
+    editor.setSelStart(0);
+    editor.InsertText(u"x\n"_s);
+    QCOMPARE(ownColour(editor, 7), std::nullopt);
+    QCOMPARE(ownColour(editor, 8), orange);
+    QCOMPARE(ownColour(editor, 18), std::nullopt);
+    editor.setText(u"x\nfrom MMMM.EMP"_s);
+    QCOMPARE(countPixels(editor, orange), 0);
+}
+
+void tst_EditorColouring::replacedTextTakesTheFormat()
+{
+    EditorControl editor;
+    editor.setBackColor(Qt::white);
+    editor.resize(600, 200);
+    editor.show();
+    editor.setText(u"a b c"_s);
+    editor.setSelStart(2);
+    editor.setSelLength(1);
+    editor.setSelColor(orange);
+    editor.InsertText(u"MMMM"_s);
+    editor.setSelColor(Qt::black);
+    QVERIFY(countPixels(editor, orange) > 0);
+    editor.setSelStart(2);
+    editor.setSelLength(4);
+    editor.setSelColor(Qt::black);
+    QCOMPARE(countPixels(editor, orange), 0);
+}
+
+void tst_EditorColouring::formatsMoveWithTheText()
+{
+    EditorControl editor;
+    prepare(editor);
+    editor.setText(u"one two three"_s);
+    editor.setSelStart(4);
+    editor.setSelLength(3);
+    editor.setSelBold(true);
+    editor.setSelStart(0);
+    editor.InsertText(u"é "_s);
+    const QByteArray styles = looks(editor);
+    for (int i = 0; i < styles.size(); ++i) {
+        const bool isBold = editor.SendScintilla(Sci::SCI_STYLEGETBOLD,
+                                                 static_cast<unsigned long>(styles[i] & 0xFF)) != 0;
+        QCOMPARE(isBold, i >= 7 && i < 10);
+    }
+}
+
+void tst_EditorColouring::fontsLieOverTheColours()
+{
+    EditorControl editor;
+    prepare(editor);
+    editor.setBackColor(Qt::white);
+    editor.setText(u"select select"_s);
+    editor.setSelLength(6);
+    editor.setSelItalic(true);
+    editor.setSelFontSize(20);
+    editor.setSelLength(3);
+    editor.setSelBold(true);
+    const auto styleAt = [&](int position) {
+        return static_cast<unsigned long>(looks(editor).at(position) & 0xFF);
+    };
+    for (const int at : {0, 4}) {
+        QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETITALIC, styleAt(at)), 1);
+        QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETSIZE, styleAt(at)), 20);
+        QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETBOLD, styleAt(at)), at < 3 ? 1 : 0);
+    }
+    QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETITALIC, styleAt(8)), 0);
+    QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETFORE, styleAt(0)),
+             editor.SendScintilla(Sci::SCI_STYLEGETFORE, styleAt(8)));
+}
+
+void tst_EditorColouring::typedTextTakesWhatWasSet()
+{
+    EditorControl editor;
+    editor.setBackColor(Qt::white);
+    editor.resize(600, 200);
+    editor.show();
+    editor.setSelColor(orange);
+    QTest::keyClicks(&editor, u"MM"_s);
+    QCOMPARE(ownColour(editor, 1), orange);
+    editor.setSelStart(0);
+    QTest::keyClicks(&editor, u"MM"_s);
+    QCOMPARE(ownColour(editor, 1), std::nullopt);
+    QCOMPARE(ownColour(editor, 2), orange);
+    QCOMPARE(ownColour(editor, 3), orange);
+}
+
+void tst_EditorColouring::readableOnEveryBackground_data()
+{
+    QTest::addColumn<QColor>("background");
+    for (const char *name : {"white", "black", "#1e1e1e", "#002b36", "#fdf6e3", "navy", "gray"})
+        QTest::newRow(name) << QColor(QLatin1StringView(name));
+}
+
+void tst_EditorColouring::readableOnEveryBackground()
+{
+    QFETCH(QColor, background);
+    const auto luminance = [](const QColor &color) {
+        const auto linear = [](double c) {
+            return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    const auto contrast = [&](const QColor &a, const QColor &b) {
+        const auto [low, high] = std::minmax({luminance(a), luminance(b)});
+        return (high + 0.05) / (low + 0.05);
+    };
+    EditorControl editor;
+    prepare(editor);
+    editor.setBackColor(background);
+    QCOMPARE(editor.BackColor(), background);
+    editor.setText(u"select date x -- c\n'l' 12 \"q\""_s);
+    for (const int at : {0, 7, 12, 15, 20, 24, 27}) {
+        const QColor colour = wordColour(editor, at);
+        QVERIFY2(contrast(colour, background) >= 3.0, qPrintable(colour.name()));
+    }
+    const EditorTheme theme(background);
+    QVERIFY(contrast(theme.text(), background) >= 4.5);
+    QVERIFY(contrast(theme.text(), theme.selection()) >= 3.0);
+    QVERIFY(contrast(theme.lineNumber(), theme.margin()) >= 2.0);
+}
+
+QTEST_MAIN(tst_EditorColouring)
+#include "tst_editorcolouring.moc"
