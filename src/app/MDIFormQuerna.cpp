@@ -6,6 +6,7 @@
 #include "connection/frmQuernaLogin.h"
 #include "connection/session.h"
 #include "controls/icons.h"
+#include "dataaccess/sandbox/Sandbox.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
@@ -13,6 +14,8 @@
 #include "platform/textForms.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -33,6 +36,34 @@ void writeRegistry()
     CreateRegKey(editorRegistryKey, RegistryHive::LocalMachine);
     SetRegValue(editorRegistryKey, applicationFolder() + u"\\Defaults"_s, localMachineHandle);
 }
+
+/// Shows in the middle of the empty frame what the sandbox is being waited for.
+class FrameNotice
+{
+public:
+    explicit FrameNotice(QWidget &area) : m_label(&area)
+    {
+        m_label.setObjectName(u"lblNotice"_s);
+        m_label.setAlignment(Qt::AlignCenter);
+        m_label.setAutoFillBackground(true);
+        m_label.setMargin(24);
+        m_label.hide();
+        setSandboxProgress([this, &area](const QString &text) {
+            m_label.setText(text);
+            m_label.adjustSize();
+            m_label.move(area.rect().center() - m_label.rect().center());
+            m_label.show();
+            // The work that follows lets no event through.
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        });
+    }
+    ~FrameNotice() { setSandboxProgress({}); }
+    FrameNotice(const FrameNotice &) = delete;
+    FrameNotice &operator=(const FrameNotice &) = delete;
+
+private:
+    QLabel m_label;
+};
 
 } // namespace
 
@@ -82,6 +113,7 @@ void MDIFormQuerna::openCommandLine(const QString &connectionString)
 {
     gConnectString = connectionString;
     gConnection = std::make_shared<Connection>();
+    const FrameNotice notice(*m_area);
     gConnection->Open(gConnectString);
     gConnection->BeginTrans();
 }
