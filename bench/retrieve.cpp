@@ -7,13 +7,13 @@
 #include "dataaccess/Recordset.h"
 #include "dataaccess/providers.h"
 #include "support/BareOdbc.h"
+#include "support/figures.h"
 #include "support/inTurn.h"
+#include "support/memory.h"
 #include "support/sampleTable.h"
 
 #include <QCoreApplication>
 #include <QStringList>
-
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -39,19 +39,6 @@ std::unique_ptr<Recordset> retrieveAll(const std::shared_ptr<Connection> &connec
     return rows;
 }
 
-/// Bytes of the UTF-8 text of all cells.
-qint64 textBytes(const Recordset &rows)
-{
-    qint64 bytes = 0;
-    QString text;
-    for (qint64 row = 0; row < rows.RecordCount(); ++row) {
-        text.clear();
-        rows.appendRowText(row, 0, rows.fieldCount() - 1, QChar(u'\t'), text);
-        bytes += text.toUtf8().size() - (rows.fieldCount() - 1);
-    }
-    return bytes;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -75,12 +62,11 @@ int main(int argc, char **argv)
             rows = retrieveAll(connection, query);
         });
 
-    const auto count = static_cast<double>(rows->RecordCount());
-    std::printf("rows %.0f  bare loop %.3f s  into memory %.3f s  ratio %.3f\n", count,
-                seconds.baseline, seconds.ours, seconds.ratio());
-    const auto text = static_cast<double>(textBytes(*rows));
-    const auto stored = static_cast<double>(rows->storedBytes());
-    std::printf("bytes a row: text %.1f  stored %.1f  ratio %.3f\n", text / count, stored / count,
-                stored / text);
+    const QString name = isGiven ? u"the query"_s : u"SAMPLE"_s;
+    printFigure(name + u": into memory, without a window"_s, secondsText(seconds.ours.clock));
+    printRatio(name + u": into memory / bare loop"_s, seconds.ratio());
+    printRatio(name + u": the same in processor time of this process"_s, seconds.processorRatio());
+    printRatio(name + u": bytes stored / text of the cells"_s,
+               static_cast<double>(rows->storedBytes()) / static_cast<double>(textBytes(*rows)));
     return 0;
 }

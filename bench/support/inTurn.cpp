@@ -2,22 +2,40 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <vector>
 
 namespace {
 
-double secondsOf(const std::function<void()> &action)
+double processorSeconds()
 {
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    timespec time = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
-double median(std::vector<double> seconds)
+Spent spentOn(const std::function<void()> &action)
 {
+    const double processor = processorSeconds();
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    const std::chrono::duration<double> clock = std::chrono::steady_clock::now() - start;
+    return {clock.count(), processorSeconds() - processor};
+}
+
+double median(const std::vector<Spent> &rounds, double Spent::*figure)
+{
+    std::vector<double> seconds;
+    for (const Spent &round : rounds)
+        seconds.push_back(round.*figure);
     const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
     std::nth_element(seconds.begin(), middle, seconds.end());
     return *middle;
+}
+
+Spent medians(const std::vector<Spent> &rounds)
+{
+    return {median(rounds, &Spent::clock), median(rounds, &Spent::processor)};
 }
 
 } // namespace
@@ -25,11 +43,11 @@ double median(std::vector<double> seconds)
 TwoSides measureInTurn(int rounds, const std::function<void()> &baseline,
                        const std::function<void()> &ours)
 {
-    std::vector<double> baselineSeconds;
-    std::vector<double> ourSeconds;
+    std::vector<Spent> baselineRounds;
+    std::vector<Spent> ourRounds;
     for (int round = 0; round < rounds; ++round) {
-        baselineSeconds.push_back(secondsOf(baseline));
-        ourSeconds.push_back(secondsOf(ours));
+        baselineRounds.push_back(spentOn(baseline));
+        ourRounds.push_back(spentOn(ours));
     }
-    return {median(std::move(baselineSeconds)), median(std::move(ourSeconds))};
+    return {medians(baselineRounds), medians(ourRounds)};
 }

@@ -2,13 +2,22 @@
 
 #include <functional>
 
-/// Seconds that each of two sides takes, medians over @p rounds rounds. The sides run in turn, so
-/// that what else the machine does falls on both.
+/// What one side of a comparison takes, in seconds.
+struct Spent
+{
+    double clock;     ///< as a user waits
+    double processor; ///< of this process, all its threads
+};
+
+/// Medians over the rounds, each of the four figures for itself. The sides run in turn, so that
+/// what else the machine does falls on both. On a busy machine both ratios waver all the same:
+/// the clock's with the waiting, the processor's with the caches that others share.
 struct TwoSides
 {
-    double baseline;
-    double ours;
-    double ratio() const { return ours / baseline; }
+    Spent baseline;
+    Spent ours;
+    double ratio() const { return ours.clock / baseline.clock; }
+    double processorRatio() const { return ours.processor / baseline.processor; }
 };
 
 TwoSides measureInTurn(int rounds, const std::function<void()> &baseline,
