@@ -26,6 +26,7 @@ constexpr int lineNumberMargin = 0;
 constexpr int symbolMargin = 1;
 constexpr int fewestLineNumberDigits = 3;
 constexpr int charactersPerTab = 4;
+constexpr long gapBesideText = 4;
 // In bytes; up to here nobody notices what the base class does behind a change.
 constexpr long largeText = 2 << 20;
 
@@ -79,6 +80,7 @@ void EditorControl::setUpEditing()
     setMarginLineNumbers(lineNumberMargin, true);
     setMarginWidth(symbolMargin, 4);
     setMarginSensitivity(symbolMargin, false);
+    SendScintilla(SCI_SETMARGINLEFT, 0UL, gapBesideText);
     setAcceptDrops(true);
 
     watchChanges();
@@ -165,7 +167,7 @@ void EditorControl::replaceAll(const QByteArray &text)
 {
     const bool readOnly = isReadOnly();
     SendScintilla(SCI_SETREADONLY, 0L);
-    exchange(0, SendScintilla(SCI_GETLENGTH), text);
+    exchangeBytes(0, SendScintilla(SCI_GETLENGTH), text);
     SendScintilla(SCI_SETREADONLY, static_cast<long>(readOnly));
 }
 
@@ -182,10 +184,15 @@ QByteArray EditorControl::textBytes(long begin, long end) const
     return result;
 }
 
-void EditorControl::exchange(long begin, long end, const QByteArray &text)
+void EditorControl::exchangeBytes(long begin, long end, const QByteArray &text)
 {
     SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(begin), end);
     SendScintilla(SCI_REPLACETARGET, static_cast<uintptr_t>(text.size()), text.constData());
+}
+
+void EditorControl::exchange(int begin, int end, const QString &text)
+{
+    exchangeBytes(m_positions.toBytes(begin), m_positions.toBytes(end), editorUtf8(text));
 }
 
 int EditorControl::caretPosition() const

@@ -114,10 +114,9 @@ public:
     /// The position at a point of the viewport; -1 where no character is.
     int positionAt(const QPoint &point) const;
 
-    // For the control's own search, in byte positions of the text's UTF-8
-    QByteArray textBytes(long begin, long end) const;
-    /// Puts @p text in the place of a range; one step for undo.
-    void exchange(long begin, long end, const QByteArray &text);
+    /// Puts @p text in the place of a range, which may not cut a line end in two; one step for
+    /// undo.
+    void exchange(int begin, int end, const QString &text);
 
     /// Steps that the text is zoomed by, -10 to 20; 0 is its own size. zoomTo() sets it.
     int zoomLevel() const;
@@ -155,6 +154,8 @@ private:
     void showMatchingBrace();
     void reportCaret();
     void select(long anchor, long caret);
+    QByteArray textBytes(long begin, long end) const;
+    void exchangeBytes(long begin, long end, const QByteArray &text);
     void replaceAll(const QByteArray &text);
 
     Utf16Positions m_positions;

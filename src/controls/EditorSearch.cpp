@@ -2,9 +2,70 @@
 
 #include "controls/EditorControl.h"
 #include "controls/EditorReplaceDialog.h"
-#include "sqltext/textFile.h"
 
-using Sci = QsciScintillaBase;
+namespace {
+
+bool isWordCharacter(QChar character)
+{
+    return character.isLetterOrNumber() || QStringView(u"_$#").contains(character);
+}
+
+/// Occurrences of a text in another one; positions of -1 mean that there is none.
+class Occurrences
+{
+public:
+    Occurrences(const QString &text, const SearchText &wanted)
+        : m_text(text)
+        , m_wanted(wanted)
+        , m_case(wanted.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive)
+    {
+    }
+
+    qsizetype atOrAfter(qsizetype position) const
+    {
+        qsizetype at = m_text.indexOf(m_wanted.text, position, m_case);
+        while (at >= 0 && !counts(at))
+            at = m_text.indexOf(m_wanted.text, at + 1, m_case);
+        return at;
+    }
+
+    /// The last one that ends at @p position or before.
+    qsizetype endingBefore(qsizetype position) const
+    {
+        qsizetype at = lastFrom(position - m_wanted.text.size());
+        while (at >= 0 && !counts(at))
+            at = lastFrom(at - 1);
+        return at;
+    }
+
+    /// Whether a range is an occurrence.
+    bool isAt(qsizetype begin, qsizetype length) const
+    {
+        return length == m_wanted.text.size() && lastFrom(begin) == begin && counts(begin);
+    }
+
+private:
+    qsizetype lastFrom(qsizetype position) const
+    {
+        // A negative position would count from the text's end.
+        return position < 0 ? -1 : m_text.lastIndexOf(m_wanted.text, position, m_case);
+    }
+
+    bool counts(qsizetype at) const
+    {
+        if (!m_wanted.wholeWord)
+            return true;
+        const qsizetype end = at + m_wanted.text.size();
+        return (at == 0 || !isWordCharacter(m_text.at(at - 1))) &&
+               (end == m_text.size() || !isWordCharacter(m_text.at(end)));
+    }
+
+    const QString &m_text;
+    const SearchText &m_wanted;
+    Qt::CaseSensitivity m_case;
+};
+
+} // namespace
 
 EditorSearch::EditorSearch(EditorControl &editor)
     : m_editor(editor)
@@ -13,51 +74,51 @@ EditorSearch::EditorSearch(EditorControl &editor)
 
 EditorSearch::Result EditorSearch::find(const SearchText &wanted, Direction direction)
 {
-    const bool forward = direction == Direction::Forward;
-    const Range selected = selection();
-    const long begin = 0;
-    const long end = m_editor.SendScintilla(Sci::SCI_GETLENGTH);
-    auto found =
-        forward ? search(wanted, selected.end, end) : search(wanted, selected.begin, begin);
-    const bool wrapped = !found;
-    if (wrapped)
-        found = forward ? search(wanted, begin, end) : search(wanted, end, begin);
-    if (!found)
+    if (wanted.text.isEmpty())
         return Result::NotFound;
-    selectRange(*found);
+    const QString text = m_editor.Text();
+    const Occurrences occurrences(text, wanted);
+    const bool forward = direction == Direction::Forward;
+    const qsizetype begin = m_editor.SelStart();
+    qsizetype found = forward ? occurrences.atOrAfter(begin + m_editor.SelLength())
+                              : occurrences.endingBefore(begin);
+    const bool wrapped = found < 0;
+    if (wrapped)
+        found = forward ? occurrences.atOrAfter(0) : occurrences.endingBefore(text.size());
+    if (found < 0)
+        return Result::NotFound;
+    select(found, wanted.text.size());
     return wrapped ? Result::FoundAfterWrap : Result::Found;
 }
 
 EditorSearch::Result EditorSearch::replace(const SearchText &wanted, const QString &replacement)
 {
-    const Range selected = selection();
-    const auto match = search(wanted, selected.begin, selected.end);
-    if (match && match->begin == selected.begin && match->end == selected.end)
+    const QString text = m_editor.Text();
+    if (Occurrences(text, wanted).isAt(m_editor.SelStart(), m_editor.SelLength()))
         m_editor.setSelText(replacement);
     return find(wanted, Direction::Forward);
 }
 
 int EditorSearch::replaceAll(const SearchText &wanted, const QString &replacement)
 {
-    if (m_editor.isReadOnly())
+    if (wanted.text.isEmpty() || m_editor.isReadOnly())
         return 0;
-    const QByteArray inserted = editorUtf8(replacement);
-    const long length = m_editor.SendScintilla(Sci::SCI_GETLENGTH);
+    const QString text = m_editor.Text();
+    const Occurrences occurrences(text, wanted);
+    const qsizetype begin = occurrences.atOrAfter(0);
     // The text between the first and the last occurrence is put together here and exchanged at
-    // once: a replacement of each would have the widget count a long line anew for each.
-    QByteArray exchanged;
-    Range range;
+    // once: replacing each in the widget would have it count a long line anew for each.
+    QString exchanged;
+    qsizetype end = begin;
     int count = 0;
-    for (auto found = search(wanted, 0, length); found; found = search(wanted, range.end, length)) {
-        if (count++ == 0)
-            range.begin = found->begin;
-        else
-            exchanged += m_editor.textBytes(range.end, found->begin);
-        exchanged += inserted;
-        range.end = found->end;
+    for (qsizetype at = begin; at >= 0; at = occurrences.atOrAfter(end)) {
+        exchanged += QStringView(text).mid(end, at - end);
+        exchanged += replacement;
+        end = at + wanted.text.size();
+        ++count;
     }
     if (count > 0)
-        m_editor.exchange(range.begin, range.end, exchanged);
+        m_editor.exchange(static_cast<int>(begin), static_cast<int>(end), exchanged);
     return count;
 }
 
@@ -66,33 +127,10 @@ bool EditorSearch::isReadOnly() const
     return m_editor.isReadOnly();
 }
 
-std::optional<EditorSearch::Range> EditorSearch::search(const SearchText &wanted, long from,
-                                                        long to) const
+void EditorSearch::select(qsizetype begin, qsizetype length)
 {
-    const QByteArray text = wanted.text.toUtf8();
-    if (text.isEmpty())
-        return std::nullopt;
-    const long flags = (wanted.matchCase ? Sci::SCFIND_MATCHCASE : 0) |
-                       (wanted.wholeWord ? Sci::SCFIND_WHOLEWORD : 0);
-    m_editor.SendScintilla(Sci::SCI_SETSEARCHFLAGS, flags);
-    m_editor.SendScintilla(Sci::SCI_SETTARGETRANGE, static_cast<unsigned long>(from), to);
-    const long at = m_editor.SendScintilla(Sci::SCI_SEARCHINTARGET,
-                                           static_cast<uintptr_t>(text.size()), text.constData());
-    if (at < 0)
-        return std::nullopt;
-    return Range{m_editor.SendScintilla(Sci::SCI_GETTARGETSTART),
-                 m_editor.SendScintilla(Sci::SCI_GETTARGETEND)};
-}
-
-void EditorSearch::selectRange(const Range &range)
-{
-    m_editor.SendScintilla(Sci::SCI_SETSEL, static_cast<unsigned long>(range.begin), range.end);
-}
-
-EditorSearch::Range EditorSearch::selection() const
-{
-    return {m_editor.SendScintilla(Sci::SCI_GETSELECTIONSTART),
-            m_editor.SendScintilla(Sci::SCI_GETSELECTIONEND)};
+    m_editor.setSelStart(static_cast<int>(begin));
+    m_editor.setSelLength(static_cast<int>(length));
 }
 
 template <typename Dialog>

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
-
-#include <optional>
 
 class EditorControl;
 class EditorFindDialog;
@@ -40,18 +37,9 @@ public:
     void showReplace();
 
 private:
-    struct Range
-    {
-        long begin = 0;
-        long end = 0;
-    };
-
     template <typename Dialog>
     void show(Dialog *&dialog);
-    /// Looks from @p from towards @p to, which may lie before it.
-    std::optional<Range> search(const SearchText &wanted, long from, long to) const;
-    void selectRange(const Range &range);
-    Range selection() const;
+    void select(qsizetype begin, qsizetype length);
 
     EditorControl &m_editor;
     EditorFindDialog *m_findDialog = nullptr;

@@ -81,8 +81,8 @@ QColor EditorTheme::readable(const QColor &color) const
 {
     if (color == QColor(Qt::black))
         return m_text;
-    // Colours are chosen for white paper: no background may ask more of one than white does.
-    const double wanted = std::min(goodContrast, 0.85 * contrast(color, Qt::white));
+    // Colours are chosen for white paper: no background asks more of one than white does.
+    const double wanted = std::min(goodContrast, 0.95 * contrast(color, Qt::white));
     QColor result = color;
     for (double share = 0.95; contrast(result, m_background) < wanted && share >= 0; share -= 0.05)
         result = mix(color, m_text, share);

@@ -61,6 +61,9 @@ void EditorEvents::txtSQL_GotFocus()
 {
     m_savedTabStops.clear();
     for (QWidget *control : m_window.findChildren<QWidget *>()) {
+        // What passes its focus on is no stop itself, and would pass the flag on as well.
+        if (control->focusProxy())
+            continue;
         m_savedTabStops.emplace_back(control, isTabStop(*control));
         setTabStop(*control, false);
     }
