@@ -6,6 +6,8 @@
 //     ACTIVITIES=<n>  what SQL_MAX_CONCURRENT_ACTIVITIES says
 //
 // The connection string is written to the file that the environment names in FAKEDRIVER_RECORD.
+// Every statement, and every end of a transaction, is added to the file named in
+// FAKEDRIVER_STATEMENTS, each behind a line "--".
 //
 // Statements are words with blanks between them:
 //     rows <n>                 a result of n rows
@@ -45,6 +47,12 @@ std::string textOf(const SQLCHAR *text, SQLINTEGER length)
     const auto *characters = reinterpret_cast<const char *>(text);
     return length == SQL_NTS ? std::string(characters)
                              : std::string(characters, static_cast<size_t>(length));
+}
+
+void noteStatement(const std::string &text)
+{
+    if (const char *const record = std::getenv("FAKEDRIVER_STATEMENTS"))
+        std::ofstream(record, std::ios::app | std::ios::binary) << "--\n" << text << '\n';
 }
 
 template <typename Number>
@@ -119,8 +127,9 @@ SQLRETURN SQL_API SQLDisconnect(SQLHDBC)
     return SQL_SUCCESS;
 }
 
-SQLRETURN SQL_API SQLEndTran(SQLSMALLINT, SQLHANDLE, SQLSMALLINT)
+SQLRETURN SQL_API SQLEndTran(SQLSMALLINT, SQLHANDLE, SQLSMALLINT completion)
 {
+    noteStatement(completion == SQL_COMMIT ? "(commit)" : "(rollback)");
     return SQL_SUCCESS;
 }
 
@@ -196,7 +205,9 @@ SQLRETURN SQL_API SQLGetStmtAttr(SQLHSTMT handle, SQLINTEGER attribute, SQLPOINT
 
 SQLRETURN SQL_API SQLExecDirect(SQLHSTMT handle, SQLCHAR *text, SQLINTEGER length)
 {
-    return execute(as<Statement>(handle), textOf(text, length));
+    const std::string statement = textOf(text, length);
+    noteStatement(statement);
+    return execute(as<Statement>(handle), statement);
 }
 
 SQLRETURN SQL_API SQLPrepare(SQLHSTMT handle, SQLCHAR *text, SQLINTEGER length)
@@ -208,6 +219,7 @@ SQLRETURN SQL_API SQLPrepare(SQLHSTMT handle, SQLCHAR *text, SQLINTEGER length)
 SQLRETURN SQL_API SQLExecute(SQLHSTMT handle)
 {
     auto &statement = as<Statement>(handle);
+    noteStatement(statement.prepared);
     return execute(statement, statement.prepared);
 }
 
