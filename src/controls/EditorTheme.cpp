@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace {
 
@@ -23,8 +22,8 @@ double luminance(const QColor &color)
 /// Contrast ratio of two colours, 1 to 21.
 double contrast(const QColor &a, const QColor &b)
 {
-    const std::pair<double, double> sorted = std::minmax(luminance(a), luminance(b));
-    return (sorted.second + 0.05) / (sorted.first + 0.05);
+    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
+    return (lighter + 0.05) / (darker + 0.05);
 }
 
 QColor mix(const QColor &a, const QColor &b, double shareOfA)
