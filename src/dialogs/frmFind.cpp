@@ -139,9 +139,12 @@ void frmFind::findNext()
     if (txtFind->text().isEmpty())
         return;
     EditorControl &editor = m_target.control();
-    editor.setSelStart(editor.SelStart() + 2);
+    // The caret stands beside a line end or a character of two units that this would cut; the
+    // search goes on from where the step ends all the same, or it would find the same place again.
+    const int moved = std::min(editor.SelStart() + 2, editor.textLength());
+    editor.setSelStart(moved);
     // In an empty text the caret stays at its beginning.
-    findFrom(std::max(editor.SelStart() - 1, 0), u"No more occurrences found"_s);
+    findFrom(std::max(moved - 1, 0), u"No more occurrences found"_s);
 }
 
 /// Selects the first occurrence that begins at @p start or later.
