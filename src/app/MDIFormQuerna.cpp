@@ -41,7 +41,8 @@ void writeRegistry()
 class FrameNotice
 {
 public:
-    explicit FrameNotice(QWidget &area) : m_label(&area)
+    explicit FrameNotice(QWidget &area)
+        : m_label(&area)
     {
         m_label.setObjectName(u"lblNotice"_s);
         m_label.setAlignment(Qt::AlignCenter);
