@@ -15,6 +15,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -57,6 +58,7 @@ class TestRun : public QObject
 private slots:
     void initTestCase();
     void queryFillsGridPanelsAndHistory();
+    void dataSourceOnTheSameServer();
     void selectionIsRunWithoutItsComments();
     void elapsedTimeComesFromTheClock_data();
     void elapsedTimeComesFromTheClock();
@@ -99,6 +101,27 @@ void TestRun::queryFillsGridPanelsAndHistory()
     QCOMPARE(QString::fromUtf8(program.history()),
              u"select * from emp order by empno\r\nSQLTIME\r\n"_s + time + u"\r\nSQLEND\r\n"_s);
     QCOMPARE(mousePointer(), MousePointer::Default);
+}
+
+void TestRun::dataSourceOnTheSameServer()
+{
+    const std::shared_ptr<Connection> keepsTheServer = SandboxFixture::open();
+    const QString socket = SandboxFixture::scalar(keepsTheServer, u"select @@socket"_s);
+    ProgramFixture program;
+    QFile odbcIni(program.folder() + u"/odbc.ini"_s);
+    QVERIFY(odbcIni.open(QIODevice::WriteOnly));
+    odbcIni.write("[practice]\nDriver=MariaDB Unicode\nDatabase=scott\nSocket=" + socket.toUtf8() +
+                  "\n");
+    odbcIni.close();
+    qputenv("ODBCINI", QFile::encodeName(odbcIni.fileName()));
+    program.start(u"DSN=practice;Uid=scott;Pwd=tiger"_s);
+    qunsetenv("ODBCINI");
+    QVERIFY(program.editor() != nullptr);
+    // Such a string names neither user nor database to the program.
+    QCOMPARE(program.editor()->windowTitle(), u"@ - SQL Editor: ..."_s);
+    program.run(u"select * from sales"_s);
+    program.press(u"Toolbar1"_s, 1);
+    QCOMPARE(program.panel(4), u"Records Retrieved: 50"_s);
 }
 
 void TestRun::selectionIsRunWithoutItsComments()
