@@ -203,15 +203,23 @@ void FrameCommands::mnuFont_Click()
         return;
     EditorControl *editor = window->txtSQL();
     CommonDialog dialog(window);
+    dialog.CancelError = true;
     dialog.Flags = fontDialogFlags;
     dialog.DialogTitle = u"Choose a font"_s;
-    dialog.Font = editor->font();
-    ignoreErrors([&] { dialog.ShowFont(); });
+    dialog.Font = editor->Font();
+    bool chosen = false;
+    ignoreErrors([&] {
+        dialog.ShowFont();
+        chosen = true;
+    });
+    if (!chosen)
+        return;
     ignoreErrors([&] { editor->setFontName(dialog.Font.family()); });
     ignoreErrors([&] { editor->setSelFontSize(dialog.Font.pointSizeF()); });
     ignoreErrors([&] { editor->setSelBold(dialog.Font.bold()); });
     ignoreErrors([&] { editor->setSelItalic(dialog.Font.italic()); });
-    ignoreErrors([&] { editor->setSelColor(dialog.Color); });
+    if (dialog.Color.isValid())
+        ignoreErrors([&] { editor->setSelColor(dialog.Color); });
     ignoreErrors([&] { editor->setSelUnderline(dialog.Font.underline()); });
     ignoreErrors([&] { editor->setSelStrikeThru(dialog.Font.strikeOut()); });
 }

@@ -1,10 +1,10 @@
 #include "controls/CommonDialog.h"
 
+#include "controls/FontDialog.h"
 #include "platform/RuntimeError.h"
 
 #include <QColorDialog>
 #include <QFileDialog>
-#include <QFontDialog>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -81,8 +81,9 @@ void CommonDialog::ShowColor()
 
 void CommonDialog::ShowFont()
 {
-    QFontDialog dialog(m_parent);
-    dialog.setCurrentFont(Font);
-    if (run(dialog, u"dlgFont"_s))
-        Font = dialog.selectedFont();
+    FontDialog dialog(Font, Color, m_parent);
+    if (!run(dialog, u"dlgFont"_s))
+        return;
+    Font = dialog.chosenFont();
+    Color = dialog.chosenColor();
 }

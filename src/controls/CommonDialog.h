@@ -35,6 +35,7 @@ public:
     /// Asks for a file to save to; an existing one is taken without a question.
     void ShowSave();
     void ShowColor();
+    /// Color stays invalid unless one is chosen.
     void ShowFont();
 
 private:

@@ -330,6 +330,11 @@ void EditorControl::setFontName(const QString &family)
     applyTheme();
 }
 
+QFont EditorControl::Font() const
+{
+    return QFont(m_fontName, defaultPoints());
+}
+
 void EditorControl::setBackColor(const QColor &color)
 {
     m_theme = EditorTheme(color);
@@ -341,14 +346,14 @@ void EditorControl::applyTheme()
 {
     setPaper(m_theme.background());
     setColor(m_theme.text());
-    setFont(QFont(m_fontName, defaultPoints()));
+    setFont(Font());
     m_colouring->setLook(m_theme, m_fontName, defaultPoints());
     m_formats.setTextColor(m_theme.text());
     setCaretForegroundColor(m_theme.text());
     setCaretLineBackgroundColor(m_theme.currentLine());
     setSelectionBackgroundColor(m_theme.selection());
     resetSelectionForegroundColor();
-    setMarginsFont(QFont(m_fontName, defaultPoints()));
+    setMarginsFont(Font());
     setMarginsForegroundColor(m_theme.lineNumber());
     setMarginsBackgroundColor(m_theme.margin());
     setMatchedBraceForegroundColor(m_theme.text());

@@ -8,6 +8,7 @@
 #include <Qsci/qsciscintilla.h>
 
 #include <QColor>
+#include <QFont>
 #include <QString>
 
 #include <memory>
@@ -66,7 +67,8 @@ public:
 
     /// The font family of the whole text.
     void setFontName(const QString &family);
-    QString FontName() const { return m_fontName; }
+    /// What text without a format of its own is written in.
+    QFont Font() const;
 
     /// Colours that depend on the background follow it.
     void setBackColor(const QColor &color);

@@ -180,6 +180,26 @@ void Tour::visitModal(const std::function<void()> &start,
     }
 }
 
+void Tour::noteCommandsUsed()
+{
+    for (const QString &holder : {u"mnuFile"_s, u"mnuEdit"_s, u"mnuConnection"_s,
+                                  u"mnuorbekusergroup"_s, u"tbrQuerna"_s, u"Toolbar1"_s}) {
+        for (const QAction *action : control(holder)->actions()) {
+            if (action->isSeparator())
+                continue;
+            m_unusedCommands += action->objectName();
+            QObject::connect(action, &QAction::triggered, editor(),
+                             [this, action] { m_unusedCommands.removeAll(action->objectName()); });
+        }
+    }
+}
+
+void Tour::expectEveryCommandUsed()
+{
+    expect(m_unusedCommands.isEmpty(),
+           u"the tour has used %1"_s.arg(m_unusedCommands.join(u", "_s)));
+}
+
 frmQuerna *Tour::editor() const
 {
     return findAnywhere<frmQuerna>(u"frmQuerna"_s);

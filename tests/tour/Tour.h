@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -41,6 +42,10 @@ public:
     QString message(const std::function<void()> &start, const QString &button,
                     const QString &pictureName = {});
 
+    /// From here on the commands of the menus and toolbars are noted as they are used.
+    void noteCommandsUsed();
+    void expectEveryCommandUsed();
+
     frmQuerna *editor() const;
     EditorControl *text() const;
     DataGrid *grid() const;
@@ -56,6 +61,7 @@ private:
                     bool isMessage);
 
     QDir m_folder;
+    QStringList m_unusedCommands;
     int m_step = 0;
     int m_faults = 0;
 };
@@ -80,7 +86,11 @@ void tourRows(Tour &tour);
 void tourPlanAndOutput(Tour &tour);
 void tourTransactions(Tour &tour);
 void tourTextCommands(Tour &tour);
+void tourEditMenu(Tour &tour);
+void tourFontCommand(Tour &tour);
 void tourPickersAndHistory(Tour &tour);
 void tourExports(Tour &tour);
 void tourFiles(Tour &tour);
+void tourOtherPrograms(Tour &tour);
 void tourFailures(Tour &tour);
+void tourExit(Tour &tour);

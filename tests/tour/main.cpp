@@ -32,14 +32,20 @@ void walk(Tour &tour)
 {
     MDIFormQuerna frame;
     tourLogOn(tour, frame);
+    tour.noteCommandsUsed();
     tourRows(tour);
     tourPlanAndOutput(tour);
     tourTransactions(tour);
     tourTextCommands(tour);
+    tourEditMenu(tour);
+    tourFontCommand(tour);
     tourPickersAndHistory(tour);
     tourExports(tour);
     tourFiles(tour);
+    tourOtherPrograms(tour);
     tourFailures(tour);
+    tourExit(tour);
+    tour.expectEveryCommandUsed();
 }
 
 } // namespace

@@ -106,6 +106,12 @@ void tourExports(Tour &tour)
         {4, u"emp-semicolon.txt"_s, "7101;KING;PRESIDENT;;3/2/2009;5200;;10", true},
     };
     tour.run(u"select * from emp order by empno"_s);
+    tour.modal([&] { tour.press(u"tbrQuerna"_s, 3); },
+               [](QWidget *) {
+                   clickOption(u"optExport_1"_s); // which only closes the dialog
+                   QTest::mouseClick(control(u"cmdExpOK"_s), Qt::LeftButton);
+               });
+    tour.expect(visibleDialog() == nullptr, u"the worksheet export only closes its dialog"_s);
     for (const Format &format : formats) {
         const QString path = tour.folder().absoluteFilePath(format.file);
         QString told;

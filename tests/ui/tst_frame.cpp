@@ -1,3 +1,4 @@
+#include "app/FrameCommands.h"
 #include "app/MDIFormQuerna.h"
 #include "app/startUp.h"
 #include "connection/frmQuernaLogin.h"
@@ -12,6 +13,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMenu>
@@ -98,6 +100,7 @@ private slots:
     void clipboardCommands();
     void saveAndOpen();
     void saveThatCannotWrite();
+    void fontCommand();
 };
 
 void TestFrame::emptyCommandLineShowsLogin_data()
@@ -393,6 +396,47 @@ void TestFrame::saveThatCannotWrite()
     program.menuItem(u"mnuSave"_s)->trigger();
     QCOMPARE(messages.texts, QStringList(u"Path not found"_s));
     QCOMPARE(program.text()->Text(), u"text"_s);
+}
+
+void TestFrame::fontCommand()
+{
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    FrameCommands commands(program.frame());
+    EditorControl *text = program.text();
+    text->setText(u"plain heavy"_s);
+    text->setSelStart(6);
+    text->setSelLength(5);
+    const auto look = [text](int position) {
+        using Sci = QsciScintillaBase;
+        const auto style = text->SendScintilla(Sci::SCI_GETSTYLEAT, position);
+        return std::pair(text->SendScintilla(Sci::SCI_STYLEGETBOLD, style) != 0,
+                         text->SendScintilla(Sci::SCI_STYLEGETSIZE, style));
+    };
+    const QString family = text->Font().family();
+    const auto before = look(6);
+
+    const auto choose = [](const QFont &font, Qt::Key end) {
+        whenModal([=](QWidget *window) {
+            QCOMPARE(window->windowTitle(), u"Choose a font"_s);
+            auto *fonts = window->findChild<QFontDialog *>();
+            fonts->setCurrentFont(font);
+            QTest::keyClick(fonts, end);
+        });
+    };
+    QFont heavy(u"DejaVu Sans Mono"_s, 17, QFont::Bold);
+    choose(heavy, Qt::Key_Escape);
+    commands.mnuFont_Click();
+    QCOMPARE(text->Font().family(), family);
+    QCOMPARE(look(6), before);
+
+    choose(heavy, Qt::Key_Return);
+    commands.mnuFont_Click();
+    QCOMPARE(text->Font().family(), heavy.family());
+    text->grab();
+    QCOMPARE(look(6), std::pair(true, 17L));
+    QCOMPARE(look(0), before);
+    QVERIFY(program.ends.empty());
 }
 
 QTEST_MAIN(TestFrame)
