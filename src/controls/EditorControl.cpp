@@ -1,10 +1,10 @@
 #include "controls/EditorControl.h"
 
 #include "controls/EditorAccessible.h"
+#include "controls/EditorLook.h"
 #include "controls/EditorPageSetup.h"
 #include "controls/EditorSearch.h"
 #include "controls/SyntaxColouring.h"
-#include "controls/editorFont.h"
 #include "controls/editorKeys.h"
 #include "sqltext/textFile.h"
 
@@ -22,11 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int lineNumberMargin = 0;
-constexpr int symbolMargin = 1;
-constexpr int fewestLineNumberDigits = 3;
 constexpr int charactersPerTab = 4;
-constexpr long gapBesideText = 4;
 // In bytes; up to here nobody notices what the base class does behind a change.
 constexpr long largeText = 2 << 20;
 
@@ -47,20 +43,19 @@ EditorControl::EditorControl(QWidget *parent)
     , m_positions(*this)
     , m_formats(*this)
     , m_colouring(std::make_unique<SyntaxColouring>(*this, m_formats))
+    , m_look(std::make_unique<EditorLook>(*this, *m_colouring, m_formats))
     , m_search(std::make_unique<EditorSearch>(*this))
     , m_pageSetup(std::make_unique<EditorPageSetup>(*this))
-    , m_theme(palette().color(QPalette::Base))
-    , m_fontName(fixedWidthFamily())
 {
     m_formats.setFontsChanged([this](long begin, long end) {
-        applyTheme();
+        m_look->apply();
         m_colouring->colourAgain(begin, end);
     });
     EditorAccessible::install();
     setUpEditing();
     setUpKeys();
-    applyTheme();
-    showLineNumbers();
+    m_look->apply();
+    m_look->fitLineNumbers();
 }
 
 EditorControl::~EditorControl() = default;
@@ -75,12 +70,6 @@ void EditorControl::setUpEditing()
     setWrapMode(WrapNone);
     SendScintilla(SCI_SETSCROLLWIDTH, 1L);
     SendScintilla(SCI_SETSCROLLWIDTHTRACKING, 1L);
-    setCaretLineVisible(true);
-    setCaretWidth(2);
-    setMarginLineNumbers(lineNumberMargin, true);
-    setMarginWidth(symbolMargin, 4);
-    setMarginSensitivity(symbolMargin, false);
-    SendScintilla(SCI_SETMARGINLEFT, 0UL, gapBesideText);
     setAcceptDrops(true);
 
     watchChanges();
@@ -93,11 +82,12 @@ void EditorControl::setUpEditing()
     // The base class would count the caret's column from the line's start at every key.
     disconnect(this, &QsciScintillaBase::SCN_UPDATEUI, this, nullptr);
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this] {
-        showMatchingBrace();
+        m_look->showMatchingBrace();
         reportCaret();
     });
-    connect(this, &QsciScintillaBase::SCN_ZOOM, this, &EditorControl::showLineNumbers);
-    connect(this, &QsciScintilla::linesChanged, this, &EditorControl::showLineNumbers);
+    const auto fitLineNumbers = [this] { m_look->fitLineNumbers(); };
+    connect(this, &QsciScintillaBase::SCN_ZOOM, this, fitLineNumbers);
+    connect(this, &QsciScintilla::linesChanged, this, fitLineNumbers);
     connect(this, &QsciScintilla::textChanged, this, [this] {
         if (m_isLarge != (SendScintilla(SCI_GETLENGTH) > largeText))
             watchChanges();
@@ -169,11 +159,6 @@ void EditorControl::replaceAll(const QByteArray &text)
     SendScintilla(SCI_SETREADONLY, 0L);
     exchangeBytes(0, SendScintilla(SCI_GETLENGTH), text);
     SendScintilla(SCI_SETREADONLY, static_cast<long>(readOnly));
-}
-
-int EditorControl::textLength() const
-{
-    return m_positions.length();
 }
 
 QByteArray EditorControl::textBytes(long begin, long end) const
@@ -326,45 +311,22 @@ void EditorControl::setSelStrikeThru(bool on)
 
 void EditorControl::setFontName(const QString &family)
 {
-    m_fontName = family;
-    applyTheme();
+    m_look->setFontName(family);
 }
 
 QFont EditorControl::Font() const
 {
-    return QFont(m_fontName, defaultPoints());
+    return m_look->font();
 }
 
 void EditorControl::setBackColor(const QColor &color)
 {
-    m_theme = EditorTheme(color);
-    m_hasOwnBackColor = true;
-    applyTheme();
+    m_look->setBackground(color);
 }
 
-void EditorControl::applyTheme()
+QColor EditorControl::BackColor() const
 {
-    setPaper(m_theme.background());
-    setColor(m_theme.text());
-    setFont(Font());
-    m_colouring->setLook(m_theme, m_fontName, defaultPoints());
-    m_formats.setTextColor(m_theme.text());
-    setCaretForegroundColor(m_theme.text());
-    setCaretLineBackgroundColor(m_theme.currentLine());
-    setSelectionBackgroundColor(m_theme.selection());
-    resetSelectionForegroundColor();
-    setMarginsFont(Font());
-    setMarginsForegroundColor(m_theme.lineNumber());
-    setMarginsBackgroundColor(m_theme.margin());
-    setMatchedBraceForegroundColor(m_theme.text());
-    setMatchedBraceBackgroundColor(m_theme.brace());
-    setUnmatchedBraceForegroundColor(m_theme.text());
-    setUnmatchedBraceBackgroundColor(m_theme.unmatchedBrace());
-}
-
-bool EditorControl::ReadOnly() const
-{
-    return isReadOnly();
+    return m_look->background();
 }
 
 void EditorControl::ExecuteCommand(int number)
@@ -380,13 +342,13 @@ void EditorControl::LoadSyntax(const QString &path)
 {
     const QString text = QString::fromUtf8(editorUtf8FromFile(readWholeFile(path)));
     m_colouring->setDefinition(parseSyntaxDefinition(text));
-    applyTheme();
+    m_look->apply();
 }
 
 void EditorControl::setWordClasses(const WordClasses &classes)
 {
     m_colouring->setWordClasses(classes);
-    applyTheme();
+    m_look->apply();
 }
 
 void EditorControl::LoadFile(const QString &path)
@@ -451,32 +413,6 @@ void EditorControl::reportCaret()
     emit caretMoved(place.first, place.second);
 }
 
-void EditorControl::showMatchingBrace()
-{
-    const long caret = SendScintilla(SCI_GETCURRENTPOS);
-    const auto isBrace = [this](long position) {
-        const auto byte = static_cast<char>(SendScintilla(SCI_GETCHARAT, position));
-        return byte != 0 && QByteArrayView("()[]{}").contains(byte);
-    };
-    long brace = -1;
-    if (isBrace(caret))
-        brace = caret;
-    else if (caret > 0 && isBrace(caret - 1))
-        brace = caret - 1;
-    const long match = brace < 0 ? brace : SendScintilla(SCI_BRACEMATCH, brace, 0L);
-    if (match < 0)
-        SendScintilla(SCI_BRACEBADLIGHT, brace);
-    else
-        SendScintilla(SCI_BRACEHIGHLIGHT, brace, match);
-}
-
-void EditorControl::showLineNumbers()
-{
-    const auto digits = static_cast<int>(QString::number(lines()).size());
-    const QString widest(std::max(digits, fewestLineNumberDigits) + 1, u'9');
-    setMarginWidth(lineNumberMargin, widest);
-}
-
 bool EditorControl::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride &&
@@ -490,10 +426,9 @@ bool EditorControl::event(QEvent *event)
 void EditorControl::changeEvent(QEvent *event)
 {
     QsciScintilla::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_colouring && !m_hasOwnBackColor) {
-        m_theme = EditorTheme(palette().color(QPalette::Base));
-        applyTheme();
-    }
+    // The base class's constructor tells of changes, too.
+    if (event->type() == QEvent::PaletteChange && m_look)
+        m_look->followPalette();
 }
 
 void EditorControl::keyPressEvent(QKeyEvent *event)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "controls/EditorFormats.h"
-#include "controls/EditorTheme.h"
 #include "controls/Utf16Positions.h"
 #include "sqltext/wordClasses.h"
 
@@ -14,6 +13,7 @@
 #include <memory>
 #include <utility>
 
+class EditorLook;
 class EditorPageSetup;
 class EditorSearch;
 class SyntaxColouring;
@@ -39,7 +39,7 @@ public:
     QString Text() const { return GetText(); }
     /// Replaces the whole text; one step for undo. The caret goes to the start.
     void setText(const QString &text) override;
-    int textLength() const;
+    int textLength() const { return m_positions.length(); }
 
     // Selection. It never cuts a line end in two: between CR and LF, it begins before the CR and
     // ends behind the LF.
@@ -72,8 +72,8 @@ public:
 
     /// Colours that depend on the background follow it.
     void setBackColor(const QColor &color);
-    QColor BackColor() const { return m_theme.background(); }
-    bool ReadOnly() const;
+    QColor BackColor() const;
+    bool ReadOnly() const { return isReadOnly(); }
 
     /// Command numbers of ExecuteCommand(); other numbers do nothing.
     enum CommandNumber { CommandUndo = 100, CommandRedo = 101 };
@@ -151,9 +151,6 @@ private:
     void watchChanges();
     void noteChange(long position, int type, long length, int linesAdded);
     void tellChange();
-    void applyTheme();
-    void showLineNumbers();
-    void showMatchingBrace();
     void reportCaret();
     void select(long anchor, long caret);
     QByteArray textBytes(long begin, long end) const;
@@ -163,14 +160,12 @@ private:
     Utf16Positions m_positions;
     EditorFormats m_formats;
     std::unique_ptr<SyntaxColouring> m_colouring;
+    std::unique_ptr<EditorLook> m_look;
     std::unique_ptr<EditorSearch> m_search;
     std::unique_ptr<EditorPageSetup> m_pageSetup;
-    EditorTheme m_theme;
-    bool m_hasOwnBackColor = false;
     bool m_hasFocus = false;
     bool m_isLarge = false;
     bool m_changeIsUntold = false;
     std::pair<int, int> m_reportedCaret{1, 1}; ///< column and line
-    QString m_fontName;
     QString m_scratchFile;
 };
