@@ -36,32 +36,30 @@ QString withoutBraces(const QString &value)
 } // namespace
 
 ConnectionString::ConnectionString(const QString &text)
+    : m_text(text)
 {
+    const auto endsName = [](QChar c) { return c == u'=' || c == u';'; };
     for (qsizetype at = 0; at < text.size();) {
-        const qsizetype equals = text.indexOf(u'=', at);
-        const qsizetype semicolon = text.indexOf(u';', at);
-        if (equals < 0 || (semicolon >= 0 && semicolon < equals)) {
+        const qsizetype nameEnd =
+            std::find_if(text.begin() + at, text.end(), endsName) - text.begin();
+        if (nameEnd == text.size() || text[nameEnd] == u';') {
             // No value: nothing that anybody could ask for.
-            if (semicolon < 0)
-                return;
-            at = semicolon + 1;
+            at = nameEnd + 1;
             continue;
         }
-        const qsizetype end = valueEnd(text, equals + 1);
+        const qsizetype end = valueEnd(text, nameEnd + 1);
         const QStringView view(text);
-        const QString name = trimBlanks(view.mid(at, equals - at));
-        if (!contains(name))
-            m_items.append(
-                {name, withoutBraces(trimBlanks(view.mid(equals + 1, end - equals - 1)))});
+        m_items.append({trimBlanks(view.sliced(at, nameEnd - at)),
+                        withoutBraces(trimBlanks(view.sliced(nameEnd + 1, end - nameEnd - 1))), at,
+                        qMin(end + 1, text.size())});
         at = end + 1;
     }
 }
 
 const ConnectionString::Item *ConnectionString::find(QStringView name) const
 {
-    const auto found = std::find_if(m_items.begin(), m_items.end(), [name](const Item &item) {
-        return name.compare(item.name, Qt::CaseInsensitive) == 0;
-    });
+    const auto found = std::find_if(m_items.begin(), m_items.end(),
+                                    [name](const Item &item) { return item.isNamed(name); });
     return found == m_items.end() ? nullptr : &*found;
 }
 
@@ -74,4 +72,17 @@ QString ConnectionString::value(QStringView name) const
 {
     const Item *const item = find(name);
     return item == nullptr ? QString() : item->value;
+}
+
+QString ConnectionString::textWithout(QStringView name) const
+{
+    QString kept;
+    qsizetype from = 0;
+    for (const Item &item : m_items) {
+        if (!item.isNamed(name))
+            continue;
+        kept += QStringView(m_text).sliced(from, item.begin - from);
+        from = item.end;
+    }
+    return kept += QStringView(m_text).sliced(from);
 }

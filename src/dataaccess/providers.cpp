@@ -5,7 +5,6 @@
 #include "dataaccess/sandbox/Sandbox.h"
 #include "platform/RuntimeError.h"
 #include "platform/settings.h"
-#include "platform/textForms.h"
 
 #include <QStringList>
 
@@ -58,18 +57,6 @@ ProviderSession openOracle(const ConnectionString &items)
             nullptr, nullptr};
 }
 
-/// Cuts the Provider item out and leaves everything else as it is.
-QString withoutProvider(const QString &connectionString)
-{
-    QStringList kept;
-    for (const QString &item : connectionString.split(u';')) {
-        const QStringView name = QStringView(item).left(item.indexOf(u'='));
-        if (trimBlanks(name).compare("Provider"_L1, Qt::CaseInsensitive) != 0)
-            kept.append(item);
-    }
-    return kept.join(u';');
-}
-
 } // namespace
 
 ProviderSession openProvider(const QString &connectionString)
@@ -79,7 +66,7 @@ ProviderSession openProvider(const QString &connectionString)
     if (provider.isEmpty())
         return {connectionString, nullptr, nullptr};
     if (provider == "msdasql"_L1)
-        return {withoutProvider(connectionString), nullptr, nullptr};
+        return {items.textWithout(u"Provider"), nullptr, nullptr};
     if (provider == "msdaora"_L1 || provider == "oraoledb.oracle"_L1)
         return openOracle(items);
     if (provider == "orbeksandbox"_L1)

@@ -61,6 +61,8 @@ void tst_connectionstring::providers_data()
     QTest::newRow("none") << u"DSN=x;ChunkSize=65535;Uid=a;Pwd=b c"_s
                           << u"DSN=x;ChunkSize=65535;Uid=a;Pwd=b c"_s << 0;
     QTest::newRow("ODBC") << u"provider = MSDASQL;DSN=x;Uid=a"_s << u"DSN=x;Uid=a"_s << 0;
+    QTest::newRow("ODBC, the name in a value")
+        << u"Provider=MSDASQL;Pwd={a;provider=b};DSN=x"_s << u"Pwd={a;provider=b};DSN=x"_s << 0;
     QTest::newRow("unknown") << u"Provider=nobody;Data Source=x"_s << QString() << 3706;
 }
 
