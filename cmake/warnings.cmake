@@ -11,3 +11,9 @@ if(QUERNA_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(querna_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(QUERNA_FUZZ)
+    # What a fuzzer is to find beside the sanitizers: positions out of range in Qt's containers and
+    # the standard library's, which are asked for in their headers.
+    target_compile_options(querna_options INTERFACE -fsanitize=fuzzer-no-link)
+    target_compile_definitions(querna_options INTERFACE QT_FORCE_ASSERTS _GLIBCXX_ASSERTIONS)
+endif()
