@@ -1,9 +1,12 @@
 #include "sqltext/SyntaxDefinition.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/characterClasses.h"
 
 #include <QHash>
 #include <QStringList>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -86,11 +89,12 @@ bool readDelimiter(const DefinitionLine &line, SyntaxDefinition &definition)
 
 int colourOf(const DefinitionLine &line, const QString &text)
 {
-    bool isNumber = false;
-    const int colour = text.toInt(&isNumber, 16);
-    if (!isNumber || text.size() != 6 || text.startsWith(u'-') || text.startsWith(u'+'))
+    const auto isHexDigit = [](QChar c) {
+        return isDigit(c) || (c.toLower() >= u'a' && c.toLower() <= u'f');
+    };
+    if (text.size() != 6 || !std::all_of(text.begin(), text.end(), isHexDigit))
         line.refuse(u"\"%1\" is no colour"_s.arg(text));
-    return colour;
+    return text.toInt(nullptr, 16);
 }
 
 void readLook(const DefinitionLine &line, SyntaxDefinition &definition)

@@ -1,5 +1,6 @@
 // Connection strings, and command texts that are procedure references or hold escapes.
 
+#include "dataaccess/Connection.h"
 #include "dataaccess/commandText.h"
 #include "dataaccess/connectionString.h"
 #include "dataaccess/odbc/installedDrivers.h"
@@ -19,6 +20,9 @@ private slots:
     void items();
     void providers_data();
     void providers();
+    void manyItems();
+    void tooLong_data();
+    void tooLong();
     void missingOracleDriverIsNamed();
     void procedureReferences_data();
     void procedureReferences();
@@ -42,6 +46,10 @@ void tst_connectionstring::items_data()
     QTest::newRow("empty value") << u"User ID=;b=2"_s << u"user id"_s << u""_s;
     QTest::newRow("equals in the value") << u"a=b=c"_s << u"a"_s << u"b=c"_s;
     QTest::newRow("no value") << u"a;b=2"_s << u"b"_s << u"2"_s;
+    QTest::newRow("braces behind blanks") << u"a= {x;y} ;b=2"_s << u"A"_s << u"x;y"_s;
+    QTest::newRow("text behind braces") << u"a={x}y;b=2"_s << u"b"_s << u"2"_s;
+    QTest::newRow("brace within a value") << u"a=x{y;b=2}"_s << u"b"_s << u"2}"_s;
+    QTest::newRow("no name") << u"=x;b=2"_s << u""_s << u"x"_s;
     QTest::newRow("nothing but separators") << u";;=;;"_s << u"a"_s << u""_s;
 }
 
@@ -74,6 +82,34 @@ void tst_connectionstring::providers()
     QString result;
     QCOMPARE(raisedError([&] { result = openProvider(text).odbcConnectionString; }), error);
     QCOMPARE(result, odbc);
+}
+
+// Reading takes no longer for an item that has many before it.
+void tst_connectionstring::manyItems()
+{
+    QString text;
+    for (int i = 0; i < 300'000; ++i)
+        text += u"item%1=%1;"_s.arg(i);
+    text += QString(1'000'000, u';') + u"last=x"_s;
+    QCOMPARE(ConnectionString(text).value(u"last"), u"x"_s);
+}
+
+void tst_connectionstring::tooLong_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("as a whole") << u"DSN=x;UID="_s + QString(100'000, u'x');
+    QTest::newRow("driver") << u"driver="_s + QString(1001, u'x');
+    QTest::newRow("driver in UTF-8") << u"DRIVER="_s + QString(501, u'\u00e4');
+    QTest::newRow("driver in braces") << u"Driver={a;"_s + QString(1000, u'x') + u'}';
+    QTest::newRow("second driver") << u"DRIVER=x; DRIVER="_s + QString(1001, u'x');
+}
+
+// The driver manager would end the process.
+void tst_connectionstring::tooLong()
+{
+    QFETCH(QString, text);
+    Connection connection;
+    QCOMPARE(raisedError([&] { connection.Open(text); }), ErrorNumber::InvalidArgument);
 }
 
 void tst_connectionstring::missingOracleDriverIsNamed()

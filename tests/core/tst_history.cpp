@@ -10,6 +10,8 @@
 
 #include <memory>
 
+#include <sys/resource.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,6 +23,14 @@ QStringList rowsOf(const Recordset &recordset)
     for (qint64 row = 0; row < recordset.RecordCount(); ++row)
         rows << recordset.textAt(row, 0) << recordset.textAt(row, 1);
     return rows;
+}
+
+/// The most memory that this process ever had.
+long peakMegabytes()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
 }
 
 } // namespace
@@ -129,6 +139,9 @@ void tst_History::loading_data()
     row("statement that reads like a marker", "a\r\nSQLEND x\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n",
         {u"a\r\nSQLEND x\r\n"_s, time});
     row("unfinished record", "a\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\nb\r\n", {u"a\r\n"_s, time});
+    row("UTF-8 with a mark", "\xef\xbb\xbf\xc3\xa4\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n",
+        {u"ä\r\n"_s, time});
+    row("UTF-16", QByteArray("\xff\xfes\0Q\0L\0T\0I\0M\0E\0\r\0\n\0", 20), {});
     row("invalid bytes", QByteArray("a\xff\0\x80z\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n", 34),
         {u"a\ufffd\0\ufffdz\r\n"_s, time});
 }
@@ -201,11 +214,22 @@ void tst_History::sizeLimit()
 
 void tst_History::oneHugeLine()
 {
-    writeFile(QByteArray(30'000'000, 'x') +
-              "\r\nSQLTIME\r\n1/1/2024\r\nSQLEND\r\na\r\nSQLTIME\r\n1/2/2024\r\nSQLEND\r\n");
+    constexpr long megabytes = 100;
+    QFile file(m_folder->filePath(historyFileName()));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    for (const QByteArray part(1 << 20, 'x'); file.size() < megabytes << 20;)
+        file.write(part);
+    file.write("\r\nSQLTIME\r\n1/1/2024\r\nSQLEND\r\na\r\nSQLTIME\r\n1/2/2024\r\nSQLEND\r\n");
+    file.close();
+
+    const long before = peakMegabytes();
     Recordset history;
     load(history);
     QCOMPARE(rowsOf(history), (QStringList{u"a\r\n"_s, u"1/2/2024"_s}));
+#ifndef __SANITIZE_ADDRESS__ // which gives no memory back
+    QVERIFY2(peakMegabytes() - before < 3 * megabytes,
+             qPrintable(QString::number(peakMegabytes() - before)));
+#endif
 }
 
 QTEST_GUILESS_MAIN(tst_History)

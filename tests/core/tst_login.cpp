@@ -122,6 +122,10 @@ void tst_Login::loginNames_data()
         "e;Data Source=x;",
         u"straße"_s, u"x"_s);
     row("", kept, kept);
+    const QString longName(50'000, u'x');
+    QTest::newRow("very long names")
+        << u"Data Source="_s + longName + u"y;User ID="_s + longName + u';' << longName
+        << longName + u'y';
 }
 
 void tst_Login::loginNames()

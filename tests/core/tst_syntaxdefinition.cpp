@@ -79,6 +79,7 @@ void tst_SyntaxDefinition::refused_data()
     QTest::newRow("unknown kind") << u"syntax a\nlook keyword 0000FF"_s << 2;
     QTest::newRow("short colour") << u"syntax a\nlook comment 00FF"_s << 2;
     QTest::newRow("signed colour") << u"syntax a\nlook comment -00FF0"_s << 2;
+    QTest::newRow("prefixed colour") << u"syntax a\nlook comment 0x00FF"_s << 2;
     QTest::newRow("no colour") << u"syntax a\nlook comment green1"_s << 2;
     QTest::newRow("unknown style") << u"syntax a\nlook comment 00FF00 huge"_s << 2;
     QTest::newRow("long mark") << u"syntax a\nline-comment "_s + QString(17, u'-') << 2;

@@ -3,12 +3,15 @@
 
 #include <QDir>
 #include <QFile>
+#include <QStringConverter>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
+
+Q_DECLARE_METATYPE(QStringConverter::Encoding)
 
 /// Files in every form that SQL text is kept in, and the failures of reading them.
 class tst_TextFile : public QObject
@@ -19,6 +22,8 @@ private slots:
     void fileForms();
     void lineEnds_data();
     void lineEnds();
+    void lineEndsInFiles_data();
+    void lineEndsInFiles();
     void unpairedSurrogates();
     void errors_data();
     void errors();
@@ -80,6 +85,33 @@ void tst_TextFile::lineEnds()
     QFETCH(QString, text);
     QTEST(QString::fromUtf8(editorUtf8(text)), "expected");
     QTEST(QString::fromUtf8(editorUtf8FromFile(text.toUtf8())), "expected");
+}
+
+void tst_TextFile::lineEndsInFiles_data()
+{
+    QTest::addColumn<QStringConverter::Encoding>("encoding");
+    QTest::addColumn<bool>("marked");
+
+    QTest::newRow("UTF-8") << QStringConverter::Utf8 << false;
+    QTest::newRow("UTF-8 with mark") << QStringConverter::Utf8 << true;
+    QTest::newRow("UTF-16 LE") << QStringConverter::Utf16LE << true;
+    QTest::newRow("UTF-16 LE, no mark") << QStringConverter::Utf16LE << false;
+    QTest::newRow("UTF-16 BE") << QStringConverter::Utf16BE << true;
+    QTest::newRow("UTF-16 BE, no mark") << QStringConverter::Utf16BE << false;
+    QTest::newRow("Latin-1") << QStringConverter::Latin1 << false;
+}
+
+void tst_TextFile::lineEndsInFiles()
+{
+    QFETCH(QStringConverter::Encoding, encoding);
+    QFETCH(bool, marked);
+    // In UTF-16 these letters have the bytes of line ends.
+    const QString letters = encoding == QStringConverter::Latin1 ? u"äÿ"_s : u"\u0D0A\u0A0D"_s;
+    const QString text = u"select 'grüß'\r\n-- %1\r\rfrom dual\n\nwhere 1 = 1\n\r"_s.arg(letters);
+    QStringEncoder encode(encoding, marked ? QStringConverter::Flag::WriteBom
+                                           : QStringConverter::Flag::Default);
+    QCOMPARE(QString::fromUtf8(editorUtf8FromFile(encode(text))),
+             u"select 'grüß'\r\n-- %1\r\n\r\nfrom dual\r\n\r\nwhere 1 = 1\r\n\r\n"_s.arg(letters));
 }
 
 void tst_TextFile::unpairedSurrogates()

@@ -41,6 +41,24 @@ bool saysResultsAreOpen(const RuntimeError &error)
     return texts.match(error.description).hasMatch();
 }
 
+/// Whether the driver manager has room for the names of drivers in @p connectionString; one that is
+/// too long would end the process. A name goes up to the next `;`, in a brace up to its end.
+bool driverNamesFit(QStringView connectionString)
+{
+    constexpr qsizetype mostBytes = 1000;
+    constexpr auto key = "DRIVER="_L1;
+    for (;;) {
+        const qsizetype found = connectionString.indexOf(key, 0, Qt::CaseInsensitive);
+        if (found < 0)
+            return true;
+        connectionString = connectionString.sliced(found + key.size());
+        const QChar closing = connectionString.startsWith(u'{') ? u'}' : u';';
+        const QStringView name = connectionString.left(connectionString.indexOf(closing));
+        if (name.toUtf8().size() > mostBytes)
+            return false;
+    }
+}
+
 template <typename Number>
 Number info(const OdbcHandle &connection, SQLUSMALLINT what, Number otherwise)
 {
@@ -128,7 +146,8 @@ OdbcSession::~OdbcSession()
 
 void OdbcSession::connect(const QString &odbcConnectionString)
 {
-    if (odbcConnectionString.size() > std::numeric_limits<SQLSMALLINT>::max())
+    if (odbcConnectionString.size() > std::numeric_limits<SQLSMALLINT>::max() ||
+        !driverNamesFit(odbcConnectionString))
         throw RuntimeError(ErrorNumber::InvalidArgument);
     // A courtesy that not every driver knows.
     SQLSetConnectAttr(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attributeValue(loginTimeout), 0);
