@@ -10,6 +10,7 @@
 #include "support/figures.h"
 #include "support/inTurn.h"
 #include "support/memory.h"
+#include "support/retrieval.h"
 #include "support/sampleTable.h"
 
 #include <QCoreApplication>
@@ -17,36 +18,12 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int rounds = 5;
-constexpr int rowsPerBlock = 100;
-constexpr qint64 sampleRows = 1'000'000;
-
-/// Copies every row of @p query as the result grid does it, without a grid.
-std::unique_ptr<Recordset> retrieveAll(const std::shared_ptr<Connection> &connection,
-                                       const QString &query)
-{
-    Recordset source;
-    source.setCacheSize(rowsPerBlock);
-    source.Open(query, connection);
-    auto rows = std::make_unique<Recordset>();
-    for (int field = 0; field < source.fieldCount(); ++field)
-        rows->appendField(source.fieldName(field), adVariant);
-    rows->Open();
-    for (; !source.Eof(); source.MoveNext())
-        rows->addNewFrom(source);
-    return rows;
-}
-
-} // namespace
-
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     const bool isGiven = arguments.size() == 3;
-    const QString connectionString = isGiven ? arguments[1] : sampleTable(sampleRows);
+    const QString connectionString = isGiven ? arguments[1] : sampleTable();
     const QString query = isGiven ? arguments[2] : u"select * from SAMPLE"_s;
 
     const ProviderSession provider = openProvider(connectionString);
@@ -56,7 +33,7 @@ int main(int argc, char **argv)
 
     std::unique_ptr<Recordset> rows;
     const TwoSides seconds = measureInTurn(
-        rounds, [&] { bare.retrieve(query, rowsPerBlock); },
+        fewRounds, [&] { bare.retrieve(query, rowsPerBlock); },
         [&] {
             rows.reset();
             rows = retrieveAll(connection, query);

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr SQLULEN largestText = 4000;
+constexpr SQLULEN longestLine = 255;
 
 void check(SQLRETURN code, SQLSMALLINT type, SQLHANDLE handle)
 {
@@ -128,6 +129,44 @@ void BareOdbc::execute(const QString &text)
     check(SQLExecDirectW(statement, wide(text), static_cast<SQLINTEGER>(text.size())),
           SQL_HANDLE_STMT, statement);
     SQLFreeHandle(SQL_HANDLE_STMT, statement);
+}
+
+void BareOdbc::beginTransactions()
+{
+    check(SQLSetConnectAttr(m_connection, SQL_ATTR_AUTOCOMMIT, number(SQL_AUTOCOMMIT_OFF),
+                            SQL_IS_UINTEGER),
+          SQL_HANDLE_DBC, m_connection);
+}
+
+void BareOdbc::rollback()
+{
+    check(SQLEndTran(SQL_HANDLE_DBC, m_connection, SQL_ROLLBACK), SQL_HANDLE_DBC, m_connection);
+}
+
+qint64 BareOdbc::readLines(const QString &call)
+{
+    SQLHANDLE statement = nullptr;
+    SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &statement);
+    check(SQLPrepareW(statement, wide(call), static_cast<SQLINTEGER>(call.size())), SQL_HANDLE_STMT,
+          statement);
+    char16_t text[longestLine + 1];
+    SQLLEN textLength = 0;
+    SQLINTEGER status = 0;
+    SQLLEN statusLength = 0;
+    check(SQLBindParameter(statement, 1, SQL_PARAM_OUTPUT, SQL_C_WCHAR, SQL_WVARCHAR, longestLine,
+                           0, text, sizeof text, &textLength),
+          SQL_HANDLE_STMT, statement);
+    check(SQLBindParameter(statement, 2, SQL_PARAM_OUTPUT, SQL_C_SLONG, SQL_INTEGER, 0, 0, &status,
+                           sizeof status, &statusLength),
+          SQL_HANDLE_STMT, statement);
+    qint64 lines = -1;
+    for (; status == 0; ++lines) {
+        check(SQLExecute(statement), SQL_HANDLE_STMT, statement);
+        while (SQLMoreResults(statement) != SQL_NO_DATA) {
+        }
+    }
+    SQLFreeHandle(SQL_HANDLE_STMT, statement);
+    return lines;
 }
 
 qint64 BareOdbc::retrieve(const QString &query, SQLULEN rowsPerBlock)

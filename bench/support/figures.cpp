@@ -1,8 +1,18 @@
 #include "support/figures.h"
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString judged(const QString &goal, bool isMet)
+{
+    return goal + (isMet ? u"  met"_s : u"  MISSED"_s);
+}
+
+} // namespace
 
 void printFigure(const QString &what, const QString &figure, const QString &goal)
 {
@@ -12,10 +22,20 @@ void printFigure(const QString &what, const QString &figure, const QString &goal
 
 void printRatio(const QString &what, double ratio, double goal)
 {
-    QString judged;
-    if (goal > 0)
-        judged = u"<= %1  %2"_s.arg(QString::number(goal), ratio <= goal ? u"met"_s : u"MISSED"_s);
-    printFigure(what, QString::number(ratio, 'f', 3), judged);
+    const QString limit =
+        goal > 0 ? judged(u"<= %1"_s.arg(QString::number(goal)), ratio <= goal) : QString();
+    printFigure(what, QString::number(ratio, 'f', 3), limit);
+}
+
+void printMilliseconds(const QString &what, double milliseconds, double goal)
+{
+    printFigure(what, QString::number(milliseconds, 'f', 2) + u" ms"_s,
+                judged(u"<= %1 ms"_s.arg(QString::number(goal)), milliseconds <= goal));
+}
+
+void printOutcome(const QString &what, const QString &outcome, const QString &wanted)
+{
+    printFigure(what, outcome, judged(wanted, outcome == wanted));
 }
 
 QString secondsText(double seconds)
@@ -26,4 +46,10 @@ QString secondsText(double seconds)
 QString megabytesText(qint64 bytes)
 {
     return QString::number(static_cast<double>(bytes) / 1e6, 'f', 1) + u" MB"_s;
+}
+
+void giveUp(const QString &why)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(why));
+    std::_Exit(1);
 }

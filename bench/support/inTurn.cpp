@@ -38,16 +38,34 @@ Spent medians(const std::vector<Spent> &rounds)
     return {median(rounds, &Spent::clock), median(rounds, &Spent::processor)};
 }
 
+TwoSides takeTurns(int rounds, const std::function<Spent()> &baseline,
+                   const std::function<Spent()> &ours)
+{
+    std::vector<Spent> baselineRounds;
+    std::vector<Spent> ourRounds;
+    for (int round = 0; round < rounds; ++round) {
+        baselineRounds.push_back(baseline());
+        ourRounds.push_back(ours());
+    }
+    return {medians(baselineRounds), medians(ourRounds)};
+}
+
 } // namespace
 
 TwoSides measureInTurn(int rounds, const std::function<void()> &baseline,
                        const std::function<void()> &ours)
 {
-    std::vector<Spent> baselineRounds;
-    std::vector<Spent> ourRounds;
-    for (int round = 0; round < rounds; ++round) {
-        baselineRounds.push_back(spentOn(baseline));
-        ourRounds.push_back(spentOn(ours));
-    }
-    return {medians(baselineRounds), medians(ourRounds)};
+    return takeTurns(
+        rounds, [&] { return spentOn(baseline); }, [&] { return spentOn(ours); });
+}
+
+TwoSides compareInTurn(int rounds, const std::function<double()> &baseline,
+                       const std::function<double()> &ours)
+{
+    const auto figureOf = [](const std::function<double()> &side) {
+        const double figure = side();
+        return Spent{figure, figure};
+    };
+    return takeTurns(
+        rounds, [&] { return figureOf(baseline); }, [&] { return figureOf(ours); });
 }

@@ -1,12 +1,20 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
-/// A SQLite file with the table SAMPLE of @p rows rows, made on the first use and kept: integers,
-/// numbers, a double, a date and texts with nulls, about 95 bytes of text a row.
-/// @returns the ODBC connection string that opens it
-QString sampleTable(qint64 rows);
+/// Rows of the sample table that most benchmarks look at.
+inline constexpr qint64 sampleRows = 1'000'000;
 
-/// The statement that makes SAMPLE's columns, and the one that fills it, for SQLite.
-QString sampleTableDefinition();
-QString sampleTableFilling(qint64 rows);
+/// A SQLite file with the table SAMPLE: integers, numbers, a double, a date and texts with nulls,
+/// about 95 bytes of text a row.
+/// @returns the file's path
+QString sampleFile();
+/// The ODBC connection string that opens it.
+QString sampleTable();
+
+/// A SQLite file among the temporary ones that @p statements have filled. It is made on the first
+/// use and kept.
+/// @returns its path
+QString databaseFile(const QString &name, const QStringList &statements);
+QString sqliteConnection(const QString &path);

@@ -1,0 +1,89 @@
+// The history dialog over a large history file, against reading that file line by line.
+
+#include "controls/FlexGrid.h"
+#include "history/frmSQLHistory.h"
+#include "history/historyFile.h"
+#include "platform/applicationFolder.h"
+#include "platform/textForms.h"
+#include "support/figures.h"
+#include "support/inTurn.h"
+#include "uisupport/PaintWatch.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <fstream>
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int records = 30'000;
+
+/// A history of statements of some 300 bytes, in the order in which they were run.
+void writeHistory(const QString &path, int count)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        giveUp(file.errorString());
+    const QDateTime first(QDate(2020, 1, 1), QTime(8, 0), Qt::UTC);
+    for (int record = 0; record < count; ++record) {
+        const QString statement =
+            u"select customer, quantity, price, sold, product, city, remark\r\n"
+            "  from sales -- what was sold there\r\n"
+            " where customer = %1\r\n"
+            "   and city in ('Rotterdam', 'Hamburg', 'Antwerpen', 'Le Havre')\r\n"
+            "   and remark <> 'left the warehouse in 30 days' and quantity > 10\r\n"
+            " order by customer, sold\r\n"_s.arg(record);
+        const QString time = dateTimeToText(first.addSecs(qint64{record} * 977));
+        file.write((statement + u"SQLTIME\r\n"_s + time + u"\r\nSQLEND\r\n"_s).toUtf8());
+    }
+}
+
+qsizetype bytesInLines(const QString &path)
+{
+    std::ifstream file(path.toStdString());
+    qsizetype bytes = 0;
+    for (std::string line; std::getline(file, line);)
+        bytes += static_cast<qsizetype>(line.size());
+    return bytes;
+}
+
+void showHistory(int expectedRecords)
+{
+    frmSQLHistory dialog;
+    auto *grid = dialog.findChild<FlexGrid *>();
+    PaintWatch watch(grid->viewport());
+    dialog.show();
+    watch.wait();
+    if (grid->Rows() != expectedRecords + 1)
+        giveUp(u"The dialog shows %1 records."_s.arg(grid->Rows() - 1));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    const QTemporaryDir folder;
+    setApplicationFolder(folder.path());
+    const QString path = folder.filePath(historyFileName());
+
+    writeHistory(path, records / 2);
+    const TwoSides half = measureInTurn(
+        fewRounds, [&] { bytesInLines(path); }, [] { showHistory(records / 2); });
+    writeHistory(path, records);
+    const TwoSides whole = measureInTurn(
+        fewRounds, [&] { bytesInLines(path); }, [] { showHistory(records); });
+
+    printFigure(u"history dialog, 30,000 records"_s, secondsText(whole.ours.clock));
+    printFigure(u"its file"_s, megabytesText(QFile(path).size()));
+    printRatio(u"history dialog / reading its file line by line"_s, whole.ratio(), 10);
+    printRatio(u"history dialog, 30,000 records / 15,000 records"_s,
+               whole.ours.clock / half.ours.clock, 2.2);
+    return 0;
+}
