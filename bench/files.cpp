@@ -3,6 +3,7 @@
 
 #include "controls/EditorControl.h"
 #include "controls/SyntaxColouring.h"
+#include "controls/editorFont.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
 #include "support/sampleTable.h"
@@ -68,7 +69,7 @@ public:
         , m_colouring(*this, m_formats)
     {
         m_colouring.setDefinition(parseSyntaxDefinition(QString::fromUtf8(contentsOf(syntaxFile))));
-        m_colouring.setLook(EditorTheme(like.BackColor()), like.FontName(),
+        m_colouring.setLook(EditorTheme(like.BackColor()), fixedWidthFamily(),
                             like.font().pointSizeF());
         connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this,
                 [this](int position) { m_colouring.colourTo(position); });
