@@ -76,8 +76,8 @@ void EditorControl::setUpEditing()
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this,
             [this](int position) { m_colouring->colourTo(position); });
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int position, int type, const char *, int length, int linesAdded) {
-                noteChange(position, type, length, linesAdded);
+            [this](int position, int type, const char *, int length) {
+                noteChange(position, type, length);
             });
     // The base class would count the caret's column from the line's start at every key.
     disconnect(this, &QsciScintillaBase::SCN_UPDATEUI, this, nullptr);
@@ -114,15 +114,13 @@ void EditorControl::watchChanges()
                                                  : SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
 }
 
-void EditorControl::noteChange(long position, int type, long length, int linesAdded)
+void EditorControl::noteChange(long position, int type, long length)
 {
-    // Before a change, nothing says what it does to the lines.
     const bool isBefore = (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) != 0;
-    const bool lineEnds = isBefore || linesAdded != 0;
     if ((type & (SC_MOD_INSERTTEXT | SC_MOD_BEFOREINSERT)) != 0)
-        m_colouring->textInserted(position, length, lineEnds);
+        m_colouring->textInserted(position, length);
     else
-        m_colouring->textDeleted(position, length, lineEnds);
+        m_colouring->textDeleted(position, length);
     if (isBefore) {
         if (!std::exchange(m_changeIsUntold, true))
             QTimer::singleShot(0, this, &EditorControl::tellChange);

@@ -149,7 +149,7 @@ private:
     void setUpEditing();
     void setUpKeys();
     void watchChanges();
-    void noteChange(long position, int type, long length, int linesAdded);
+    void noteChange(long position, int type, long length);
     void tellChange();
     void reportCaret();
     void select(long anchor, long caret);

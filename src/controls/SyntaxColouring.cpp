@@ -139,12 +139,12 @@ long SyntaxColouring::colourLines(long from, long wanted)
                            m_styles.data());
     if (restIsRight) {
         m_editor.SendScintilla(Sci::SCI_STARTSTYLING, m_colouredEnd);
-        forgetChanges();
+        m_changedEnd = 0;
         return m_colouredEnd;
     }
     m_colouredEnd = std::max(m_colouredEnd, end);
     if (end == m_colouredEnd)
-        forgetChanges();
+        m_changedEnd = 0;
     else
         m_changedEnd = std::max(m_changedEnd, end);
     return end;
@@ -195,12 +195,6 @@ bool SyntaxColouring::colourLine(const QByteArray &text, long textBegin, Place &
         at += token.length;
     }
     return false;
-}
-
-void SyntaxColouring::forgetChanges()
-{
-    m_changedEnd = 0;
-    m_lineEndsChanged = false;
 }
 
 /// Notes the state at a line's end. @returns whether it is the one that was noted before
@@ -254,22 +248,20 @@ void SyntaxColouring::colourHugeLine(long position)
         colourTo(position);
 }
 
-void SyntaxColouring::textInserted(long begin, long length, bool lineEnds)
+void SyntaxColouring::textInserted(long begin, long length)
 {
     if (begin > m_colouredEnd)
         return;
-    m_lineEndsChanged = m_lineEndsChanged || lineEnds;
     m_colouredEnd += length;
     if (m_changedEnd > begin)
         m_changedEnd += length;
     m_changedEnd = std::max(m_changedEnd, begin + length);
 }
 
-void SyntaxColouring::textDeleted(long begin, long length, bool lineEnds)
+void SyntaxColouring::textDeleted(long begin, long length)
 {
     if (begin >= m_colouredEnd)
         return;
-    m_lineEndsChanged = m_lineEndsChanged || lineEnds;
     m_colouredEnd = std::max(begin, m_colouredEnd - length);
     if (m_changedEnd > begin)
         m_changedEnd = std::max(begin, m_changedEnd - length);
@@ -287,7 +279,7 @@ void SyntaxColouring::colourAgain(long begin, long end)
 void SyntaxColouring::colourEverythingAgain()
 {
     m_colouredEnd = 0;
-    forgetChanges();
+    m_changedEnd = 0;
     m_editor.SendScintilla(Sci::SCI_STARTSTYLING, 0L);
     m_editor.viewport()->update();
 }

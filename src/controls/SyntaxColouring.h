@@ -26,9 +26,9 @@ public:
 
     /// The widget needs the colours up to @p position.
     void colourTo(long position);
-    /// Text comes in or goes, line ends among it or not.
-    void textInserted(long begin, long length, bool lineEnds);
-    void textDeleted(long begin, long length, bool lineEnds);
+    /// Text comes in or goes.
+    void textInserted(long begin, long length);
+    void textDeleted(long begin, long length);
     /// The text around @p position has changed: gives a line its colours at once that is so long
     /// that laying it out twice would be felt.
     void colourHugeLine(long position);
@@ -49,7 +49,6 @@ private:
     Place lastSurePlace(long from, long line) const;
     bool wasColoured(long position) const;
     bool colourLine(const QByteArray &text, long textBegin, Place &place);
-    void forgetChanges();
     bool keepState(long line, SqlTokenizer::State state);
     TextKind kindAt(long position) const;
     void appendStyle(TextKind kind, const char *text, long position, long length);
@@ -68,5 +67,4 @@ private:
     long m_colouredEnd = 0;
     /// ... apart from what lies before this one.
     long m_changedEnd = 0;
-    bool m_lineEndsChanged = false;
 };
