@@ -133,7 +133,8 @@ void EditorControl::noteChange(long position, int type, long length)
 
 void EditorControl::tellChange()
 {
-    m_changeIsUntold = false;
+    if (!std::exchange(m_changeIsUntold, false))
+        return;
     emit linesChanged();
     emit textChanged();
 }
@@ -148,6 +149,7 @@ void EditorControl::setText(const QString &text)
     SendScintilla(SCI_BEGINUNDOACTION);
     replaceAll(editorUtf8(text));
     SendScintilla(SCI_ENDUNDOACTION);
+    tellChange();
     select(0, 0);
 }
 
@@ -361,6 +363,7 @@ void EditorControl::LoadFile(const QString &path)
     watchChanges();
     SendScintilla(SCI_SETUNDOCOLLECTION, 1L);
     SendScintilla(SCI_EMPTYUNDOBUFFER);
+    m_changeIsUntold = true;
     tellChange();
     SendScintilla(SCI_SETSAVEPOINT);
     select(0, 0);

@@ -35,7 +35,10 @@ ReplaceAllRun::~ReplaceAllRun() = default;
 void ReplaceAllRun::start()
 {
     EditorControl &editor = m_target.control();
-    connect(&editor, &QsciScintilla::textChanged, this, &ReplaceAllRun::noteTextChange,
+    // A large text tells only later that somebody types in it, a loaded file tells only as a whole.
+    connect(&editor, &EditorControl::SCN_MODIFIED, this, &ReplaceAllRun::noteTextChange,
+            Qt::UniqueConnection);
+    connect(&editor, &EditorControl::textChanged, this, &ReplaceAllRun::noteTextChange,
             Qt::UniqueConnection);
     m_textChanged = false;
     const QString text = editor.Text();
