@@ -13,8 +13,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 frmFind::frmFind(QWidget *parent)
@@ -133,18 +131,18 @@ void frmFind::cmdFindCancel_Click()
     });
 }
 
-/// Moves the caret two characters on, match or not, and searches from the character before it.
+/// Moves the caret two characters on, match or not, and searches from the character behind the one
+/// that the selection began at.
 void frmFind::findNext()
 {
     if (txtFind->text().isEmpty())
         return;
     EditorControl &editor = m_target.control();
-    // The caret stands beside a line end or a character of two units that this would cut; the
-    // search goes on from where the step ends all the same, or it would find the same place again.
-    const int moved = std::min(editor.SelStart() + 2, editor.textLength());
-    editor.setSelStart(moved);
-    // In an empty text the caret stays at its beginning.
-    findFrom(std::max(moved - 1, 0), u"No more occurrences found"_s);
+    // Where the caret comes to stand does not count: the text's end, a line end or a surrogate pair
+    // can keep it back, and the same place would be found again.
+    const int start = editor.SelStart();
+    editor.setSelStart(start + 2);
+    findFrom(start + 1, u"No more occurrences found"_s);
 }
 
 /// Selects the first occurrence that begins at @p start or later.

