@@ -1,5 +1,6 @@
 #include "editor/frmQuerna.h"
 
+#include "connection/session.h"
 #include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
 #include "controls/StatusPanels.h"
@@ -231,9 +232,10 @@ void frmQuerna::layoutPanes()
     m_controls.place(::layoutPanes(m_splitRatio, window), width(), height());
 }
 
-void frmQuerna::mousePressEvent(QMouseEvent *)
+/// What a toolbar or the status bar leaves unused comes here too, and moves nothing.
+void frmQuerna::mousePressEvent(QMouseEvent *event)
 {
-    m_splitDragging = true;
+    m_splitDragging = childAt(event->position().toPoint()) == nullptr;
 }
 
 void frmQuerna::mouseMoveEvent(QMouseEvent *event)

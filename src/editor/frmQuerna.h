@@ -1,12 +1,12 @@
 #pragma once
 
-#include "connection/session.h"
 #include "editor/EditorControls.h"
 
 #include <QWidget>
 
 #include <memory>
 
+class Connection;
 class EditorEvents;
 class Recordset;
 class ResultPaging;

@@ -92,6 +92,8 @@ private slots:
     void commandLineThatFailsEndsInSilence();
     void menusStandInOrder();
     void toolbarsStandInOrder();
+    void dividerFollowsTheMouse();
+    void recordLimitIsShown();
     void loginPrivilegesChooseTheDriver();
     void loginKeepsEntriesThoughItFails();
     void loginOnADataSource();
@@ -140,6 +142,8 @@ void TestFrame::commandLineOpensTheSession()
     program.editor()->Form_Activate();
     QCOMPARE(program.editor()->windowTitle(),
              u"SCOTT@DWH - SQL Editor: select 1 from a_table_with_a_l..."_s);
+    QCOMPARE(program.text()->ScratchFile(), program.folder() + u"/dummy.sql"_s);
+    QCOMPARE(program.text()->Text(), u"  select 1 from a_table_with_a_long_name "_s);
 }
 
 void TestFrame::commandLineThatFailsEndsInSilence()
@@ -198,6 +202,46 @@ void TestFrame::toolbarsStandInOrder()
              "Recall history of SQL statements|-|Exit Sql Editor"_s);
     QCOMPARE(toolTips(u"Toolbar1"_s), u"Retrieve next set of records|Retrieve all records|"
                                       "Stop retrieval of all records"_s);
+}
+
+void TestFrame::dividerFollowsTheMouse()
+{
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    frmQuerna *window = program.editor();
+    const auto drag = [&](QPoint from, int to) {
+        QWidget *pressed = window->childAt(from);
+        pressed = pressed == nullptr ? window : pressed;
+        QTest::mousePress(pressed, Qt::LeftButton, {}, pressed->mapFrom(window, from));
+        QTest::mouseMove(pressed, pressed->mapFrom(window, QPoint(from.x(), to)));
+        QTest::mouseRelease(pressed, Qt::LeftButton, {}, pressed->mapFrom(window, from));
+        return qRound(100.0 * program.text()->height() / window->height());
+    };
+    const auto strip = [&] { return QPoint(200, program.text()->geometry().bottom() + 2); };
+    QCOMPARE(drag(strip(), window->height() / 4), 25);
+    QCOMPARE(drag(strip(), 0), 5);
+    QCOMPARE(drag(strip(), window->height()), 80);
+    // Neither an empty stretch of the toolbar nor the status bar moves it.
+    QCOMPARE(drag(QPoint(window->width() - 5, 5), 200), 80);
+    QCOMPARE(drag(QPoint(200, window->height() - 10), 200), 80);
+
+    const QRect laidOut = program.text()->geometry();
+    window->resize(laidOut.width(), 132);
+    window->resize(132, laidOut.height());
+    QCOMPARE(program.text()->geometry(), laidOut);
+}
+
+void TestFrame::recordLimitIsShown()
+{
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    for (const auto &[limit, shown] :
+         {std::pair(10000, u"Records: 10000"_s), std::pair(10001, u"All records"_s),
+          std::pair(0, u"All records"_s), std::pair(-5, u"Records: -5"_s)}) {
+        program.editor()->setMaxRec(static_cast<qint16>(limit));
+        program.editor()->showRecordLimit();
+        QCOMPARE(program.panel(4), shown);
+    }
 }
 
 void TestFrame::loginPrivilegesChooseTheDriver()
