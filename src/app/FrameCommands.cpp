@@ -5,6 +5,7 @@
 #include "connection/session.h"
 #include "controls/CommonDialog.h"
 #include "controls/EditorControl.h"
+#include "controls/focusedEditor.h"
 #include "controls/selText.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
@@ -26,11 +27,6 @@ const QString saveFilter = u"All Files (*.*)|*.*|Package Body (*.bod)|*.bod|"
 
 /// Screen and printer fonts, with effects.
 constexpr int fontDialogFlags = 259;
-
-EditorControl *focusedEditor()
-{
-    return qobject_cast<EditorControl *>(QApplication::focusWidget());
-}
 
 void copyToClipboard(const QString &text)
 {

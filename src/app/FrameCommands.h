@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 class EditorControl;
 class MDIFormQuerna;
 class frmQuerna;

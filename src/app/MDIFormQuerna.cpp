@@ -11,7 +11,6 @@
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
 #include "platform/registry.h"
-#include "platform/textForms.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>

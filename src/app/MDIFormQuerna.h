@@ -35,7 +35,6 @@ private:
     frmQuerna *editorWindow();
     void showEditorWindow();
     void openCommandLine(const QString &connectionString);
-    void restorePlace();
 
     QMdiArea *m_area;
     std::unique_ptr<FrameCommands> m_commands;

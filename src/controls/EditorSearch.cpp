@@ -10,11 +10,11 @@ bool isWordCharacter(QChar character)
     return character.isLetterOrNumber() || QStringView(u"_$#").contains(character);
 }
 
-/// Occurrences of a text in another one; positions of -1 mean that there is none.
-class Occurrences
+/// The places where a text stands in another one; -1 means that there is none.
+class Places
 {
 public:
-    Occurrences(const QString &text, const SearchText &wanted)
+    Places(const QString &text, const SearchText &wanted)
         : m_text(text)
         , m_wanted(wanted)
         , m_case(wanted.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive)
@@ -77,14 +77,14 @@ EditorSearch::Result EditorSearch::find(const SearchText &wanted, Direction dire
     if (wanted.text.isEmpty())
         return Result::NotFound;
     const QString text = m_editor.Text();
-    const Occurrences occurrences(text, wanted);
+    const Places places(text, wanted);
     const bool forward = direction == Direction::Forward;
     const qsizetype begin = m_editor.SelStart();
-    qsizetype found = forward ? occurrences.atOrAfter(begin + m_editor.SelLength())
-                              : occurrences.endingBefore(begin);
+    qsizetype found =
+        forward ? places.atOrAfter(begin + m_editor.SelLength()) : places.endingBefore(begin);
     const bool wrapped = found < 0;
     if (wrapped)
-        found = forward ? occurrences.atOrAfter(0) : occurrences.endingBefore(text.size());
+        found = forward ? places.atOrAfter(0) : places.endingBefore(text.size());
     if (found < 0)
         return Result::NotFound;
     select(found, wanted.text.size());
@@ -94,7 +94,7 @@ EditorSearch::Result EditorSearch::find(const SearchText &wanted, Direction dire
 EditorSearch::Result EditorSearch::replace(const SearchText &wanted, const QString &replacement)
 {
     const QString text = m_editor.Text();
-    if (Occurrences(text, wanted).isAt(m_editor.SelStart(), m_editor.SelLength()))
+    if (Places(text, wanted).isAt(m_editor.SelStart(), m_editor.SelLength()))
         m_editor.setSelText(replacement);
     return find(wanted, Direction::Forward);
 }
@@ -104,14 +104,14 @@ int EditorSearch::replaceAll(const SearchText &wanted, const QString &replacemen
     if (wanted.text.isEmpty() || m_editor.isReadOnly())
         return 0;
     const QString text = m_editor.Text();
-    const Occurrences occurrences(text, wanted);
-    const qsizetype begin = occurrences.atOrAfter(0);
+    const Places places(text, wanted);
+    const qsizetype begin = places.atOrAfter(0);
     // The text between the first and the last occurrence is put together here and exchanged at
     // once: replacing each in the widget would have it count a long line anew for each.
     QString exchanged;
     qsizetype end = begin;
     int count = 0;
-    for (qsizetype at = begin; at >= 0; at = occurrences.atOrAfter(end)) {
+    for (qsizetype at = begin; at >= 0; at = places.atOrAfter(end)) {
         exchanged += QStringView(text).mid(end, at - end);
         exchanged += replacement;
         end = at + wanted.text.size();

@@ -75,12 +75,6 @@ void StatusPanels::setPanelText(int panel, const QString &text)
     m_pacer->request();
 }
 
-QString StatusPanels::panelText(int panel) const
-{
-    const QLabel *source = label(panel);
-    return source ? source->text() : QString();
-}
-
 /// The descriptions tell which texts are on the screen already.
 void StatusPanels::showTexts()
 {

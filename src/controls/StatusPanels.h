@@ -26,8 +26,6 @@ public:
 
     /// @param panel  1 to 5; another one is passed over
     void setPanelText(int panel, const QString &text);
-    /// @param panel  1 to 5; another one has no text
-    QString panelText(int panel) const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

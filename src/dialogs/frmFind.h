@@ -7,7 +7,6 @@
 
 class QCheckBox;
 class QLineEdit;
-class QPushButton;
 class ReplaceAllRun;
 
 /// Searches and replaces in the text of one editor control, which setTxt() names before the dialog

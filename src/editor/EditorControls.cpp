@@ -60,7 +60,6 @@ void EditorControls::createDataTab()
     Toolbar1->setIconSize(QSize(18, 18));
     SqlDataGrid = new DataGrid(page);
     SqlDataGrid->setObjectName(u"SqlDataGrid"_s);
-    SqlDataGrid->setAccessibleName(QObject::tr("Result rows"));
     tbSql->addTab(page, u"Data"_s);
 }
 
@@ -69,7 +68,6 @@ void EditorControls::createPlanTab()
     auto *page = new QWidget;
     tvwColumns = new ColumnTree(page);
     tvwColumns->setObjectName(u"tvwColumns"_s);
-    tvwColumns->setAccessibleName(QObject::tr("Execution plan"));
     tbSql->addTab(page, u"Explain Plan"_s);
 }
 

@@ -3,6 +3,7 @@
 #include "connection/session.h"
 #include "controls/CommonDialog.h"
 #include "controls/EditorControl.h"
+#include "controls/focusedEditor.h"
 #include "controls/icons.h"
 #include "dialogs/frmObject.h"
 #include "dialogs/frmObjectColumn.h"
@@ -16,7 +17,6 @@
 #include "sqltext/selectionEdits.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QPointer>
 #include <QToolBar>
 
@@ -58,12 +58,6 @@ QList<Button> toolbarButtons()
         {},
         {"Exit Sql Editor"_L1, "exit"_L1, {}},
     };
-}
-
-/// The editor control that has the keyboard focus; null when the focus is elsewhere.
-EditorControl *focusedEditor()
-{
-    return qobject_cast<EditorControl *>(QApplication::focusWidget());
 }
 
 /// Shows a dialog until it is closed. The dialog goes with its parent when that is deleted

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 class QToolBar;
 class RunCommand;
 class frmQuerna;

@@ -12,7 +12,7 @@ class Recordset;
 QString historyFileName();
 
 /// Adds a record of @p statement, blanks at its ends taken off, and the present time.
-/// @throws RuntimeError 75, 61 and what else keeps a file from being written
+/// @throws RuntimeError of fileErrors.h
 void appendToHistory(const QString &statement);
 
 /// Fills the closed @p recordset with the fields "SQL Statement" and "SQL_Time" and a row for each
@@ -22,6 +22,6 @@ void appendToHistory(const QString &statement);
 /// @param fileName  name of a file in the application folder
 /// @param path      not used
 /// @throws RuntimeError 13 for a time that is none, 3021 for a time before the first statement, 6
-///         for more than 32767 lines without a marker. The rows that were there before stay, in
-///         the order of the file.
+///         for more than 32767 lines without a marker, those of fileErrors.h. The rows that were
+///         there before stay, in the order of the file.
 void loadHistory(const QString &fileName, const QString &path, Recordset &recordset);

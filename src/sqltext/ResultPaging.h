@@ -36,9 +36,12 @@ public:
     /// @throws RuntimeError the server's; 3704 when the statement returns no rows at all
     void openResult(QString &sql, const std::shared_ptr<Connection> &connection);
 
-    /// Copies the next set. @throws RuntimeError 91 before the first query
+    /// Copies the next set.
+    /// @throws RuntimeError 91 before the first query, 3704 when it could not be opened or its
+    ///         connection is closed, otherwise the server's
     void retrieveNext();
     /// Copies all that is left, or as much as arrives until stop().
+    /// @throws RuntimeError the server's; the rows before the failure stay
     void retrieveAll();
     void stop() { m_fetchingAll = false; }
 

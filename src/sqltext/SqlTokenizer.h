@@ -25,7 +25,7 @@ public:
     struct Token
     {
         TextKind kind = TextKind::Name;
-        qsizetype length = 0;
+        qsizetype length = 0; ///< in bytes
         /// The state behind it.
         State state = Between;
     };

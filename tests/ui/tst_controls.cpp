@@ -103,12 +103,10 @@ void tst_controls::panelsHoldTheLatestText()
         auto *label = panels.findChild<QLabel *>(u"sbSql_%1"_s.arg(i));
         QVERIFY(label);
         QCOMPARE(label->text(), u"panel %1"_s.arg(i));
-        QCOMPARE(panels.panelText(i), label->text());
         QVERIFY(!label->accessibleName().isEmpty());
     }
     panels.setPanelText(0, u"nowhere"_s);
     panels.setPanelText(6, u"nowhere"_s);
-    QCOMPARE(panels.panelText(6), QString());
     auto *label = panels.findChild<QLabel *>(u"sbSql_4"_s);
     QTRY_COMPARE(label->accessibleDescription(), u"panel 4"_s);
 }
