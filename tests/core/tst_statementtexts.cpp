@@ -11,7 +11,6 @@ class TestStatementTexts : public QObject
     Q_OBJECT
 private slots:
     void statementIdFitsThePlanTable();
-    void explainTexts();
     void lineComments_data();
     void lineComments();
     void uncommenting();
@@ -25,23 +24,6 @@ void TestStatementTexts::statementIdFitsThePlanTable()
     QVERIFY(id.size() <= 30);
     QCOMPARE(explainStatementId(u"scott"_s, QDateTime(QDate(2026, 1, 2), QTime(0, 0))),
              u"scott1/2/2026"_s);
-}
-
-void TestStatementTexts::explainTexts()
-{
-    const QString id = u"scott1/2/2026 10:30:00"_s;
-    QCOMPARE(deletePlanStatement(id),
-             u"DELETE FROM PLAN_TABLE WHERE statement_id = 'scott1/2/2026 10:30:00'"_s);
-    // The colons of the statement go, those of the id stay.
-    QCOMPARE(explainPlanStatement(id, u"select ':a', b from t where c = '10:30'"_s),
-             u"EXPLAIN PLAN set statement_id = 'scott1/2/2026 10:30:00' FOR "
-             "select '&a', b from t where c = '10&30'"_s);
-    const QString query = planQuery(id);
-    QVERIFY(
-        query.startsWith(u" SELECT  rtrim(substr(OPERATION || ' ' || OPTIONS    || ' ' ||  "_s));
-    QVERIFY(query.contains(u" cost From (SELECT * FROM PLAN_TABLE WHERE statement_id = 'scott"_s));
-    QVERIFY(query.endsWith(u"10:30:00')    START      WITH ID= 0  CONNECT    BY PRIOR ID= "
-                           "PARENT_ID"_s));
 }
 
 void TestStatementTexts::lineComments_data()

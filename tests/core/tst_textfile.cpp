@@ -1,7 +1,6 @@
 #include "sqltext/textFile.h"
 #include "support/raisedError.h"
 
-#include <QDir>
 #include <QFile>
 #include <QStringConverter>
 #include <QTemporaryDir>

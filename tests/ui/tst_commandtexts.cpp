@@ -97,9 +97,14 @@ void TestCommandTexts::explainPlan()
     setClockSource([] { return QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5)).toUTC(); });
     m_program->run(u"select ':x' from t"_s, 1);
     const QString id = u"scott1/2/2026 03:04:05"_s;
-    QCOMPARE(sent().section(u"--\n"_s, 1, 2),
-             u"DELETE FROM PLAN_TABLE WHERE statement_id = '%1'\n--\n"
-             "EXPLAIN PLAN set statement_id = '%1' FOR select '&x' from t\n"_s.arg(id));
+    QCOMPARE(sent(),
+             u"--\nDELETE FROM PLAN_TABLE WHERE statement_id = '%1'\n"
+             "--\nEXPLAIN PLAN set statement_id = '%1' FOR select '&x' from t\n"
+             "--\n SELECT  rtrim(substr(OPERATION || ' ' || OPTIONS    || ' ' ||  OPTIMIZER,1,500))"
+             "  Query_Plan, level, id,parent_id, nvl(object_name,' ') object_name, "
+             "nvl(to_char(cardinality),' ') cardinality, nvl(to_char(bytes),' ') bytes, "
+             "nvl(to_char(COST),' ') cost From (SELECT * FROM PLAN_TABLE WHERE statement_id = '%1')"
+             "    START      WITH ID= 0  CONNECT    BY PRIOR ID= PARENT_ID\n"_s.arg(id));
     QCOMPARE(m_program->panel(5), u"Query executed at 1/2/2026 03:04:05"_s);
 }
 

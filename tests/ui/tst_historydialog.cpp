@@ -11,7 +11,6 @@
 #include <QHeaderView>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimeZone>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
