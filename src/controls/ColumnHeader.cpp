@@ -1,5 +1,8 @@
 #include "controls/ColumnHeader.h"
 
+#include "controls/OneLineDelegate.h"
+
+#include <QPainter>
 #include <QStyleOptionHeader>
 
 ColumnHeader::ColumnHeader(QWidget *parent)
@@ -8,7 +11,6 @@ ColumnHeader::ColumnHeader(QWidget *parent)
     setAccessibleName(tr("Column names"));
     setSectionsClickable(true);
     setHighlightSections(false);
-    setTextElideMode(Qt::ElideRight);
     QFont weighty = font();
     weighty.setWeight(QFont::DemiBold);
     setFont(weighty);
@@ -16,11 +18,7 @@ ColumnHeader::ColumnHeader(QWidget *parent)
 
 void ColumnHeader::initStyleOptionForIndex(QStyleOptionHeader *option, int column) const
 {
-    const QVariant alignment = model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
     option->section = column;
-    option->text = model()->headerData(column, Qt::Horizontal).toString();
-    option->textAlignment =
-        Qt::Alignment(alignment.isValid() ? alignment.toInt() : int(defaultAlignment()));
     option->selectedPosition = QStyleOptionHeader::NotAdjacent;
     const int place = visualIndex(column);
     if (count() == 1)
@@ -30,6 +28,22 @@ void ColumnHeader::initStyleOptionForIndex(QStyleOptionHeader *option, int colum
     else
         option->position =
             place == count() - 1 ? QStyleOptionHeader::End : QStyleOptionHeader::Middle;
-    if (auto *cut = qstyleoption_cast<QStyleOptionHeaderV2 *>(option))
-        cut->textElideMode = textElideMode();
+}
+
+/// The style draws all but the name, which stands straight above the cells' texts.
+void ColumnHeader::paintSection(QPainter *painter, const QRect &rect, int column) const
+{
+    // The style leaves nothing but an empty region to paint in.
+    painter->save();
+    QHeaderView::paintSection(painter, rect, column);
+    painter->restore();
+    const QVariant alignment = model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
+    const QRect room =
+        rect.adjusted(OneLineDelegate::sideMargin, 0, -OneLineDelegate::sideMargin, 0);
+    const QString name = model()->headerData(column, Qt::Horizontal).toString();
+    painter->setFont(font());
+    painter->setPen(palette().color(QPalette::ButtonText));
+    painter->drawText(
+        room, alignment.isValid() ? alignment.toInt() : int(defaultAlignment()),
+        fontMetrics().elidedText(name, Qt::ElideRight, room.width(), Qt::TextSingleLine));
 }

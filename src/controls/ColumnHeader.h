@@ -11,5 +11,6 @@ public:
     explicit ColumnHeader(QWidget *parent = nullptr);
 
 protected:
+    void paintSection(QPainter *painter, const QRect &rect, int column) const override;
     void initStyleOptionForIndex(QStyleOptionHeader *option, int column) const override;
 };

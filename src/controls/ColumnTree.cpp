@@ -1,5 +1,8 @@
 #include "controls/ColumnTree.h"
 
+#include "controls/ColumnHeader.h"
+#include "controls/OneLineDelegate.h"
+#include "controls/fittingFont.h"
 #include "controls/gridLook.h"
 #include "controls/selectionText.h"
 #include "platform/RuntimeError.h"
@@ -14,6 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int rowMargins = 4;
+
 /// Aligns all cells of a column alike.
 class AlignedColumn : public QStyledItemDelegate
 {
@@ -22,6 +27,11 @@ public:
         : QStyledItemDelegate(parent)
         , m_alignment(alignment)
     {
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, rowMargins);
     }
 
 protected:
@@ -49,11 +59,13 @@ ColumnTree::ColumnTree(QWidget *parent)
     : QTreeWidget(parent)
 {
     setAccessibleName(tr("Execution plan"));
+    setHeader(new ColumnHeader(this));
     setHeaderLabels({QString()});
     setAllColumnsShowFocus(true);
     setUniformRowHeights(true);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
+    header()->setSectionsClickable(false);
     applyGridLook(this);
 }
 
@@ -64,9 +76,12 @@ void ColumnTree::addColumn(const QString &key, const QString &caption, int width
     setColumnCount(column + 1);
     m_keys.append(key);
     headerItem()->setText(column, caption);
-    headerItem()->setTextAlignment(column, alignment);
+    headerItem()->setTextAlignment(column, alignment | Qt::AlignVCenter);
     setItemDelegateForColumn(column, new AlignedColumn(alignment | Qt::AlignVCenter, this));
     setColumnWidth(column, width);
+    // The width is given; a caption is to be read as a whole, however large the letters are.
+    header()->setFont(
+        fittingFont(header()->font(), caption, width - 2 * OneLineDelegate::sideMargin));
 }
 
 int ColumnTree::columnIndex(const QString &key) const

@@ -34,6 +34,10 @@ void RowNumberHeader::paintSection(QPainter *painter, const QRect &rect, int row
     painter->drawLine(rect.bottomLeft(), rect.bottomRight());
     painter->drawLine(rect.topRight(), rect.bottomRight());
     painter->setPen(palette().color(QPalette::PlaceholderText));
-    painter->drawText(rect.adjusted(0, 0, -sideMargin, 0), Qt::AlignRight | Qt::AlignVCenter,
-                      QString::number(row + 1));
+    // On the line that the cells' texts stand on; below them is the grid's own line.
+    const QString number = QString::number(row + 1);
+    const QFontMetrics metrics = fontMetrics();
+    const int baseline = rect.top() + (rect.height() - 1 - metrics.height()) / 2 + metrics.ascent();
+    painter->drawText(rect.right() - sideMargin - metrics.horizontalAdvance(number), baseline,
+                      number);
 }

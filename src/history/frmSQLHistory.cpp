@@ -2,6 +2,7 @@
 
 #include "controls/FittingDelegate.h"
 #include "controls/FlexGrid.h"
+#include "controls/OneLineDelegate.h"
 #include "controls/fittingFont.h"
 #include "controls/named.h"
 #include "controls/twips.h"
@@ -53,7 +54,7 @@ void fillRow(FlexGrid &grid, int row, const Recordset &recordset)
 void fitHeader(FlexGrid &grid)
 {
     QHeaderView *header = grid.horizontalHeader();
-    const int margins = 2 * grid.style()->pixelMetric(QStyle::PM_HeaderMargin) + 1;
+    const int margins = 2 * OneLineDelegate::sideMargin;
     header->setFont(fittingFont(header->font(), grid.TextMatrix(0, timeColumn),
                                 header->sectionSize(timeColumn - 1) - margins));
 }
