@@ -37,7 +37,9 @@ void copyToClipboard(const QString &text)
 
 void FrameCommands::mnuOrbekSqlEditor_Click()
 {
-    reportErrors([] { startProgram(applicationFile(u"Querna"_s), {gConnectString}); });
+    reportErrors([] {
+        startProgram(applicationFile(u"Querna"_s), {gConnectString}, StartWindow::Maximized);
+    });
 }
 
 void FrameCommands::mnuOpen_Click()
@@ -55,6 +57,13 @@ void FrameCommands::openFile(EditorControl &editor, frmQuerna &window)
     dialog.ShowOpen();
     if (!trimBlanks(dialog.FileName).isEmpty())
         editor.LoadFile(dialog.FileName);
+}
+
+void FrameCommands::openDropped(frmQuerna &window, const QString &path)
+{
+    reportErrors([&] { window.txtSQL()->LoadFile(path); });
+    window.window()->activateWindow();
+    window.txtSQL()->setFocus();
 }
 
 void FrameCommands::mnuSave_Click()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class EditorControl;
 class MDIFormQuerna;
 class frmQuerna;
@@ -42,6 +44,10 @@ public:
 
     /// Chooses the editor's font; no menu item leads here.
     void mnuFont_Click();
+
+    /// Opens a file that was dropped on the editor, as Open does. One that cannot be read is
+    /// reported, and the text stays.
+    void openDropped(frmQuerna &window, const QString &path);
 
 private:
     void executeOnEditor(int command);

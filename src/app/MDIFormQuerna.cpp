@@ -1,15 +1,19 @@
 #include "app/MDIFormQuerna.h"
 
 #include "app/FrameCommands.h"
+#include "app/FrameView.h"
 #include "app/frameMenus.h"
 #include "connection/commandLine.h"
 #include "connection/frmQuernaLogin.h"
 #include "connection/session.h"
+#include "controls/EditorControl.h"
 #include "controls/icons.h"
+#include "dataaccess/connectionString.h"
 #include "dataaccess/sandbox/Sandbox.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
+#include "platform/process.h"
 #include "platform/registry.h"
 
 #include <QCloseEvent>
@@ -34,6 +38,16 @@ void writeRegistry()
 {
     CreateRegKey(editorRegistryKey, RegistryHive::LocalMachine);
     SetRegValue(editorRegistryKey, applicationFolder() + u"\\Defaults"_s, localMachineHandle);
+}
+
+/// What somebody may want to know who has just logged on: on the sandbox, what there is to query.
+QString sessionHint()
+{
+    if (!gConnection || gConnection->State() != adStateOpen)
+        return {};
+    const QStringList tables = sandboxTables(ConnectionString(gConnectString));
+    return tables.isEmpty() ? QString()
+                            : MDIFormQuerna::tr("Sandbox tables: %1").arg(tables.join(u", "_s));
 }
 
 /// Shows in the middle of the empty frame what the sandbox is being waited for.
@@ -85,7 +99,7 @@ MDIFormQuerna::MDIFormQuerna(QWidget *parent)
                 window == nullptr ? nullptr : qobject_cast<frmQuerna *>(window->widget()))
             editor->Form_Activate();
     });
-    resize(1100, 780);
+    m_view = std::make_unique<FrameView>(*this);
 }
 
 MDIFormQuerna::~MDIFormQuerna() = default;
@@ -94,7 +108,10 @@ void MDIFormQuerna::Form_Load(const QString &commandLine)
 {
     try {
         writeRegistry();
-        show();
+        if (startsMaximized())
+            showMaximized();
+        else
+            show();
         const QString connectionString = cleanedCommandLine(commandLine);
         if (connectionString.isEmpty()) {
             showLogin();
@@ -144,6 +161,9 @@ frmQuerna *MDIFormQuerna::editorWindow()
         window->setObjectName(u"editorSubWindow"_s);
         window->setAttribute(Qt::WA_DeleteOnClose);
         window->setWindowIcon(windowIcon());
+        m_view->follow(*m_editor->txtSQL());
+        connect(m_editor->txtSQL(), &EditorControl::fileDropped, m_editor,
+                [this](const QString &path) { m_commands->openDropped(*m_editor, path); });
     }
     return m_editor;
 }
@@ -152,6 +172,7 @@ void MDIFormQuerna::showEditorWindow()
 {
     frmQuerna *editor = editorWindow();
     editor->refreshCaption();
+    editor->showInformation(sessionHint());
     editor->parentWidget()->showMaximized();
     editor->setFocus();
 }

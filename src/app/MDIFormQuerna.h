@@ -4,6 +4,7 @@
 #include <QPointer>
 
 class FrameCommands;
+class FrameView;
 class QMdiArea;
 class frmQuerna;
 class frmQuernaLogin;
@@ -38,6 +39,7 @@ private:
 
     QMdiArea *m_area;
     std::unique_ptr<FrameCommands> m_commands;
+    std::unique_ptr<FrameView> m_view;
     QPointer<frmQuerna> m_editor;
     QPointer<frmQuernaLogin> m_login;
 };

@@ -96,9 +96,11 @@ void EditorControl::setUpEditing()
 
 void EditorControl::setUpKeys()
 {
-    // Select All belongs to the menu; the other one would zoom by a key that people expect to
-    // type with.
-    for (const QKeyCombination key : {Qt::CTRL | Qt::Key_A, Qt::CTRL | Qt::Key_Slash}) {
+    // Select All belongs to the menu, letter case to the window's commands; the slash would zoom,
+    // by a key that people expect to type with.
+    for (const QKeyCombination key :
+         {Qt::CTRL | Qt::Key_A, Qt::CTRL | Qt::Key_U,
+          QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_U), Qt::CTRL | Qt::Key_Slash}) {
         if (QsciCommand *command = standardCommands()->boundTo(key.toCombined()))
             command->setKey(0);
     }

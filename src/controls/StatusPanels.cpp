@@ -21,11 +21,11 @@ constexpr int textMargin = 6;
 constexpr int panelGap = 2;
 
 /// The panels' longest usual texts, which they are as wide as. The rest of the bar goes to the
-/// second panel, which has no text of its own.
+/// second panel, whose text comes and goes.
 const std::array<QString, StatusPanels::panelCount> &usualTexts()
 {
     static const std::array<QString, StatusPanels::panelCount> texts = {
-        u" Line: 100000 Col: 1000"_s, u"Information"_s, u"1000.123 msec"_s,
+        u" Line: 100000 Col: 1000"_s, QString(), u"1000.123 msec"_s,
         u"Records Retrieved: 10000000"_s, u"Query executed at 12/30/2000 20:00:00"_s};
     return texts;
 }

@@ -69,7 +69,7 @@ ProviderSession openProvider(const QString &connectionString)
         return {items.textWithout(u"Provider"), nullptr, nullptr};
     if (provider == "msdaora"_L1 || provider == "oraoledb.oracle"_L1)
         return openOracle(items);
-    if (provider == "orbeksandbox"_L1)
+    if (isSandbox(items))
         return std::move(*openSandbox(items));
     throw RuntimeError(ErrorNumber::ProviderNotFound);
 }

@@ -4,10 +4,10 @@
 #include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
 #include "controls/StatusPanels.h"
+#include "controls/editorFont.h"
 #include "controls/twips.h"
 #include "editor/paneLayout.h"
 
-#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -51,6 +51,11 @@ void EditorControls::create(QWidget *window)
     createOutputTab();
 
     sbSql = new StatusPanels(u"sbSql"_s, window);
+
+    // What is left of the window between them is the divider.
+    window->setCursor(Qt::SplitVCursor);
+    for (QWidget *control : std::initializer_list<QWidget *>{tbrQuerna, txtSQL, tbSql, sbSql})
+        control->setCursor(Qt::ArrowCursor);
 }
 
 void EditorControls::createDataTab()
@@ -85,7 +90,7 @@ void EditorControls::createOutputTab()
     rtbdbms->setAccessibleName(QObject::tr("Server output"));
     rtbdbms->setUndoRedoEnabled(false);
     rtbdbms->setLineWrapMode(QPlainTextEdit::NoWrap);
-    rtbdbms->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    rtbdbms->setFont(QFont(fixedWidthFamily(), defaultPoints()));
     tbSql->addTab(page, u"DBMS Output"_s);
 }
 

@@ -5,6 +5,7 @@
 #include "controls/EditorControl.h"
 #include "controls/focusedEditor.h"
 #include "controls/icons.h"
+#include "controls/keyTips.h"
 #include "dialogs/frmObject.h"
 #include "dialogs/frmObjectColumn.h"
 #include "editor/RunCommand.h"
@@ -29,6 +30,7 @@ struct Button
     QLatin1StringView toolTip; ///< empty for a separator
     QLatin1StringView icon;
     QList<QKeySequence> shortcuts;
+    QKeySequence menuKey = {}; ///< where a menu item does the same and has the key
 };
 
 /// In toolbar order. "Uppe case" is what this button has always been called.
@@ -41,22 +43,22 @@ QList<Button> toolbarButtons()
         {"Run as a script"_L1, "run-script"_L1, {Qt::SHIFT | Qt::Key_F5}},
         {"Export data"_L1, "export"_L1, {Qt::CTRL | Qt::Key_E}},
         {},
-        {"Background color"_L1, "background-color"_L1, {}},
+        {"Background color"_L1, "background-color"_L1, {Qt::CTRL | Qt::SHIFT | Qt::Key_B}},
         {"Commit"_L1, "commit"_L1, {Qt::Key_F9}},
         {"Rollback"_L1, "rollback"_L1, {Qt::SHIFT | Qt::Key_F9}},
-        {"Uppe case"_L1, "upper-case"_L1, {}},
-        {"Lower case"_L1, "lower-case"_L1, {}},
-        {"Initcap"_L1, "initcap"_L1, {}},
-        {"Comment text"_L1, "comment"_L1, {}},
-        {"Uncomment text"_L1, "uncomment"_L1, {}},
-        {"Undo"_L1, "undo"_L1, {}},
-        {"Redo"_L1, "redo"_L1, {}},
+        {"Uppe case"_L1, "upper-case"_L1, {Qt::CTRL | Qt::SHIFT | Qt::Key_U}},
+        {"Lower case"_L1, "lower-case"_L1, {Qt::CTRL | Qt::Key_U}},
+        {"Initcap"_L1, "initcap"_L1, {Qt::CTRL | Qt::Key_I}},
+        {"Comment text"_L1, "comment"_L1, {Qt::CTRL | Qt::Key_K}},
+        {"Uncomment text"_L1, "uncomment"_L1, {Qt::CTRL | Qt::SHIFT | Qt::Key_K}},
+        {"Undo"_L1, "undo"_L1, {}, Qt::CTRL | Qt::Key_Z},
+        {"Redo"_L1, "redo"_L1, {}, Qt::CTRL | Qt::Key_Y},
         {},
         {"Display Schema and Tables"_L1, "tables"_L1, {Qt::Key_F6}},
         {"Display Schema, Tables and Columns"_L1, "columns"_L1, {Qt::SHIFT | Qt::Key_F6}},
         {"Recall history of SQL statements"_L1, "history"_L1, {Qt::Key_F8}},
         {},
-        {"Exit Sql Editor"_L1, "exit"_L1, {}},
+        {"Exit Sql Editor"_L1, "exit"_L1, {}, Qt::CTRL | Qt::Key_W},
     };
 }
 
@@ -94,10 +96,12 @@ void ToolbarCommands::addButtons(QToolBar &bar, frmQuerna &window)
             continue;
         action->setToolTip(toolTip);
         action->setShortcuts(button.shortcuts);
+        action->setData(button.menuKey);
         action->setShortcutContext(Qt::WindowShortcut);
         QObject::connect(action, &QAction::triggered, &window,
                          [&window, index] { window.tbrQuerna_ButtonClick(index); });
     }
+    showKeysInToolTips(bar);
 }
 
 void ToolbarCommands::execute(int index)

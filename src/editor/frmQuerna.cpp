@@ -5,11 +5,13 @@
 #include "controls/EditorControl.h"
 #include "controls/StatusPanels.h"
 #include "controls/icons.h"
+#include "controls/keyTips.h"
 #include "controls/twips.h"
 #include "editor/EditorEvents.h"
 #include "editor/RunCommand.h"
 #include "editor/ToolbarCommands.h"
 #include "editor/caption.h"
+#include "editor/paneKeys.h"
 #include "editor/paneLayout.h"
 #include "editor/statusPanelNumbers.h"
 #include "platform/applicationFolder.h"
@@ -39,12 +41,13 @@ struct PagingButton
 {
     QLatin1StringView toolTip;
     QLatin1StringView icon;
+    QKeyCombination key;
 };
 
 constexpr PagingButton pagingButtons[] = {
-    {"Retrieve next set of records"_L1, "next-rows"_L1},
-    {"Retrieve all records"_L1, "all-rows"_L1},
-    {"Stop retrieval of all records"_L1, "stop"_L1},
+    {"Retrieve next set of records"_L1, "next-rows"_L1, Qt::Key_F7},
+    {"Retrieve all records"_L1, "all-rows"_L1, Qt::SHIFT | Qt::Key_F7},
+    {"Stop retrieval of all records"_L1, "stop"_L1, Qt::CTRL | Qt::Key_F7},
 };
 
 } // namespace
@@ -83,8 +86,11 @@ void frmQuerna::connectEvents()
         QAction *action = m_controls.Toolbar1->addAction(themedIcon(button.icon), button.toolTip);
         action->setObjectName(u"Toolbar1_"_s + QString::number(index));
         action->setToolTip(button.toolTip);
+        action->setShortcut(button.key);
         connect(action, &QAction::triggered, this, [this, index] { Toolbar1_ButtonClick(index); });
     }
+    showKeysInToolTips(*m_controls.Toolbar1);
+    addPaneKeys(*this, m_controls);
     m_paging->setStatusText([this](const QString &text) {
         m_controls.sbSql->setPanelText(RowsPanel, text);
         m_controls.SqlDataGrid->rowsAdded();
@@ -175,6 +181,11 @@ void frmQuerna::showRecordLimit()
     const bool limited = maxRecords != 0 && maxRecords <= largestRecordLimit;
     m_controls.sbSql->setPanelText(RowsPanel, limited ? u"Records: "_s + QString::number(maxRecords)
                                                       : u"All records"_s);
+}
+
+void frmQuerna::showInformation(const QString &text)
+{
+    m_controls.sbSql->setPanelText(InformationPanel, text);
 }
 
 void frmQuerna::tbrQuerna_ButtonClick(int index)

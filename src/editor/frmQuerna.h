@@ -52,6 +52,9 @@ public:
     /// Shows the record limit in the status bar's fourth panel.
     void showRecordLimit();
 
+    /// Shows @p text in the status bar's second panel; an empty text clears it.
+    void showInformation(const QString &text);
+
     /// @param index  the button's place on tbrQuerna, counted from 1; others do nothing
     void tbrQuerna_ButtonClick(int index);
     /// @param index  the button's place on Toolbar1, counted from 1

@@ -17,19 +17,36 @@ std::function<void(int)> &replacedEnd()
     return end;
 }
 
-void startDetached(const QString &program, const QStringList &arguments)
+/// In the environment, because everything behind the program's name is its own business.
+constexpr char startWindowVariable[] = "QUERNA_START_WINDOW";
+constexpr char maximized[] = "maximized";
+
+void startDetached(const QString &program, const QStringList &arguments, StartWindow window)
 {
-    if (!QProcess::startDetached(program, arguments))
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QLatin1StringView(startWindowVariable));
+    if (window == StartWindow::Maximized)
+        environment.insert(QLatin1StringView(startWindowVariable), QLatin1StringView(maximized));
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setProcessEnvironment(environment);
+    if (!process.startDetached())
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
 }
 
 } // namespace
 
-void startProgram(const QString &program, const QStringList &arguments)
+void startProgram(const QString &program, const QStringList &arguments, StartWindow window)
 {
     if (!QFileInfo::exists(program))
         throw RuntimeError(ErrorNumber::FileNotFound);
-    startDetached(program, arguments);
+    startDetached(program, arguments, window);
+}
+
+bool startsMaximized()
+{
+    return qgetenv(startWindowVariable) == maximized;
 }
 
 void openPage(const QString &address)
@@ -44,7 +61,7 @@ void openPage(const QString &address)
     const QString program = QStandardPaths::findExecutable(opener);
     if (program.isEmpty())
         throw RuntimeError(ErrorNumber::FileNotFound);
-    startDetached(program, {address});
+    startDetached(program, {address}, StartWindow::ByItself);
 }
 
 void endProgram(int exitCode)

@@ -5,10 +5,18 @@
 
 #include <functional>
 
+/// How the first window of a program that is started is to be shown.
+enum class StartWindow { ByItself, Maximized };
+
 /// Starts a program that goes on by itself.
 /// @param program  path of the program file
+/// @param window   the program started learns it from startsMaximized()
 /// @throws RuntimeError 53 when there is no such file, 5 when it cannot be started
-void startProgram(const QString &program, const QStringList &arguments);
+void startProgram(const QString &program, const QStringList &arguments,
+                  StartWindow window = StartWindow::ByItself);
+
+/// Whether whoever started this process wants its first window maximized.
+bool startsMaximized();
 
 /// Opens a page the desktop's own way.
 /// @throws RuntimeError 53 when the desktop offers none, 5 when it cannot be started

@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// An application folder of the tour's own, so that the user's history stays as it is.
+/// An application folder and settings of the tour's own, so that the user's stay as they are and
+/// every tour begins alike.
 void useOwnFolders(const QDir &pictures)
 {
     const QString programFolder = QApplication::applicationDirPath() + u"/../app/"_s;
@@ -25,7 +26,9 @@ void useOwnFolders(const QDir &pictures)
     for (const QString &file : {u"T-SQL.bcp"_s, u"dummy.sql"_s})
         QFile::copy(programFolder + file, folder + u'/' + file);
     setApplicationFolder(folder);
-    qputenv("XDG_CONFIG_HOME", pictures.absoluteFilePath(u"settings"_s).toUtf8());
+    const QString settings = pictures.absoluteFilePath(u"settings"_s);
+    QDir(settings).removeRecursively();
+    qputenv("XDG_CONFIG_HOME", settings.toUtf8());
 }
 
 void walk(Tour &tour)

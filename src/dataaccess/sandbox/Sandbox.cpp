@@ -53,12 +53,22 @@ QString serverDriver()
                        "odbc-mariadb, for example with: sudo apt install odbc-mariadb"_s);
 }
 
+// The server tells names in different letter case apart; users of this program do not.
+QString accountOf(const ConnectionString &items)
+{
+    return valueOf(items, u"User ID", u"UID").toLower();
+}
+
 } // namespace
+
+bool isSandbox(const ConnectionString &connectionString)
+{
+    return connectionString.value(u"Provider").compare("OrbekSandbox"_L1, Qt::CaseInsensitive) == 0;
+}
 
 std::unique_ptr<ProviderSession> openSandbox(const ConnectionString &connectionString)
 {
-    // The server tells names in different letter case apart; users of this program do not.
-    const QString user = valueOf(connectionString, u"User ID", u"UID").toLower();
+    const QString user = accountOf(connectionString);
     const QString password = valueOf(connectionString, u"Password", u"PWD");
 
     const QString driver = serverDriver();
@@ -77,4 +87,16 @@ std::unique_ptr<ProviderSession> openSandbox(const ConnectionString &connectionS
 void setSandboxProgress(SandboxProgress progress)
 {
     progressListener() = std::move(progress);
+}
+
+QStringList sandboxTables(const ConnectionString &connectionString)
+{
+    if (!isSandbox(connectionString))
+        return {};
+    QStringList tables{u"emp"_s, u"dept"_s, u"salgrade"_s, u"sales"_s};
+    if (accountOf(connectionString) != "scott"_L1) {
+        for (QString &table : tables)
+            table.prepend("scott."_L1);
+    }
+    return tables;
 }

@@ -3,6 +3,8 @@
 #include "dataaccess/ProviderSession.h"
 #include "dataaccess/sandbox/SandboxServer.h"
 
+#include <QStringList>
+
 class ConnectionString;
 
 /// The provider "OrbekSandbox": a private database server for somebody who has no other at hand,
@@ -12,6 +14,9 @@ class ConnectionString;
 /// Accounts: scott with the password tiger and the sample schema, system with the password lantern
 /// and every right.
 
+/// Whether @p connectionString names this provider.
+bool isSandbox(const ConnectionString &connectionString);
+
 /// Sees to it that the server runs while the result's lifetime lasts, and says how to log on.
 /// @throws RuntimeError as SandboxServer's constructor does, and 3706 when the server's ODBC driver
 ///         is not installed
@@ -19,3 +24,7 @@ std::unique_ptr<ProviderSession> openSandbox(const ConnectionString &connectionS
 
 /// Says whom to tell what is being waited for; an empty function for nobody.
 void setSandboxProgress(SandboxProgress progress);
+
+/// The sample tables, as the account of @p connectionString has to name them; none for another
+/// provider.
+QStringList sandboxTables(const ConnectionString &connectionString);
