@@ -1,6 +1,7 @@
 #include "dataaccess/Recordset.h"
 #include "export/exportFormats.h"
 #include "support/raisedError.h"
+#include "support/testFiles.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -64,11 +65,7 @@ private slots:
     void failures();
 
 private:
-    QByteArray content() const
-    {
-        QFile file(m_path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not there)");
-    }
+    QByteArray content() const { return contentOf(m_path); }
 
     QTemporaryDir m_folder;
     QString m_path = m_folder.filePath(u"Export.txt"_s);

@@ -2,8 +2,8 @@
 #include "platform/LineReader.h"
 #include "platform/TextFileWriter.h"
 #include "support/raisedError.h"
+#include "support/testFiles.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -15,12 +15,6 @@ using namespace Qt::StringLiterals;
 using Work = std::function<void()>;
 
 namespace {
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not there)");
-}
 
 void writeFile(const QString &path, TextFileWriter::Mode mode, const QByteArray &content)
 {

@@ -3,6 +3,7 @@
 #include "platform/applicationFolder.h"
 #include "platform/systemClock.h"
 #include "support/raisedError.h"
+#include "support/testFiles.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -53,8 +54,9 @@ private slots:
     void oneHugeLine();
 
 private:
-    void writeFile(const QByteArray &content);
-    QByteArray fileContent() const;
+    QString path() const { return m_folder->filePath(u"OrbekSqlHistory.txt"_s); }
+    void writeFile(const QByteArray &content) { makeFile(path(), content); }
+    QByteArray fileContent() const { return contentOf(path()); }
     void load(Recordset &recordset) { loadHistory(historyFileName(), u"App.path"_s, recordset); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -64,19 +66,6 @@ void tst_History::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     setApplicationFolder(m_folder->path());
-}
-
-void tst_History::writeFile(const QByteArray &content)
-{
-    QFile file(m_folder->filePath(u"OrbekSqlHistory.txt"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
-}
-
-QByteArray tst_History::fileContent() const
-{
-    QFile file(m_folder->filePath(u"OrbekSqlHistory.txt"_s));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not there)");
 }
 
 void tst_History::writing()
@@ -99,7 +88,7 @@ void tst_History::writingFails()
 {
     setApplicationFolder(m_folder->filePath(u"missing"_s));
     QCOMPARE(raisedError([] { appendToHistory(u"select 1"_s); }), ErrorNumber::PathNotFound);
-    QVERIFY(QFile::link(u"/dev/full"_s, m_folder->filePath(historyFileName())));
+    QVERIFY(QFile::link(u"/dev/full"_s, path()));
     setApplicationFolder(m_folder->path());
     QCOMPARE(raisedError([] { appendToHistory(u"select 1"_s); }), ErrorNumber::DiskFull);
 }
@@ -215,7 +204,7 @@ void tst_History::sizeLimit()
 void tst_History::oneHugeLine()
 {
     constexpr long megabytes = 100;
-    QFile file(m_folder->filePath(historyFileName()));
+    QFile file(path());
     QVERIFY(file.open(QIODevice::WriteOnly));
     for (const QByteArray part(1 << 20, 'x'); file.size() < megabytes << 20;)
         file.write(part);

@@ -1,5 +1,6 @@
 #include "sqltext/textFile.h"
 #include "support/raisedError.h"
+#include "support/testFiles.h"
 
 #include <QFile>
 #include <QStringConverter>
@@ -148,10 +149,7 @@ void tst_TextFile::readsAllOfIt()
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"text.sql"_s);
     const QByteArray content = QByteArray("select 1;\n").repeated(100000);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
-    file.close();
+    makeFile(path, content);
     QCOMPARE(readWholeFile(path), content);
 }
 

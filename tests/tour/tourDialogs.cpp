@@ -2,11 +2,11 @@
 
 #include "controls/EditorControl.h"
 #include "controls/FlexGrid.h"
+#include "support/testFiles.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
@@ -17,12 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// A dialog that is shown beside the frame; null when there is none.
 QWidget *visibleDialog()
@@ -131,7 +125,7 @@ void tourExports(Tour &tour)
                        else
                            save();
                    });
-        const QByteArray written = contents(path);
+        const QByteArray written = contentOf(path);
         tour.expect(written.startsWith(format.firstLine + "\r\n"),
                     u"%1 begins with its first record"_s.arg(format.file));
         tour.expect(written.count("\r\n") == 14, u"%1 has 14 lines"_s.arg(format.file));
@@ -149,7 +143,7 @@ void tourFiles(Tour &tour)
                    tour.picture(u"save"_s, dialog);
                    acceptFile(dialog, path);
                });
-    tour.expect(contents(path) == u"select 'größe' from dual\r\n"_s.toUtf8(),
+    tour.expect(contentOf(path) == u"select 'größe' from dual\r\n"_s.toUtf8(),
                 u"the text is saved with a line end"_s);
     tour.text()->setText({});
     tour.modal([&] { tour.menu(u"mnuOpen"_s); },

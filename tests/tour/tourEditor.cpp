@@ -6,10 +6,9 @@
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
+#include "support/testFiles.h"
 
 #include <QDialog>
-#include <QFile>
-#include <QHeaderView>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTabWidget>
@@ -29,12 +28,6 @@ void showTab(int index)
 {
     control<QTabWidget>(u"tbSql"_s)->setCurrentIndex(index);
     settle();
-}
-
-QByteArray historyText()
-{
-    QFile file(applicationFile(u"OrbekSqlHistory.txt"_s));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -72,7 +65,8 @@ void tourRows(Tour &tour)
     tour.expect(tour.panel(5).startsWith(u"Query executed at "_s), u"panel 5 shows when"_s);
     const QRegularExpression record(
         u"select \\* from emp\r\nSQLTIME\r\n\\d+/\\d+/\\d{4} [\\d:]+\r\nSQLEND\r\n$"_s);
-    tour.expect(record.match(QString::fromUtf8(historyText())).hasMatch(),
+    const QByteArray history = contentOf(applicationFile(u"OrbekSqlHistory.txt"_s));
+    tour.expect(record.match(QString::fromUtf8(history)).hasMatch(),
                 u"the history has the record"_s);
 
     tour.run(u"select * from sales order by sale_id"_s);

@@ -2,8 +2,8 @@
 #include "controls/StyleBytes.h"
 #include "controls/SyntaxColouring.h"
 #include "support/raisedError.h"
+#include "support/testFiles.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -183,16 +183,14 @@ void tst_EditorColouring::colouringIsNoStep()
 void tst_EditorColouring::badDefinitionChangesNothing()
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(u"bad.bcp"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("syntax x\nnonsense\n");
-    file.close();
+    const QString bad = folder.filePath(u"bad.bcp"_s);
+    makeFile(bad, "syntax x\nnonsense\n");
 
     EditorControl editor;
     prepare(editor);
     editor.setText(u"in -- x\n'in'"_s);
     const QByteArray before = looks(editor);
-    QCOMPARE(raisedError([&] { editor.LoadSyntax(file.fileName()); }), 13);
+    QCOMPARE(raisedError([&] { editor.LoadSyntax(bad); }), 13);
     QCOMPARE(raisedError([&] { editor.LoadSyntax(folder.filePath(u"none"_s)); }), 53);
     QCOMPARE(raisedError([&] { editor.LoadSyntax(folder.filePath(u"a/none"_s)); }), 76);
     QCOMPARE(looks(editor), before);

@@ -1,10 +1,10 @@
 #include "controls/EditorControl.h"
 #include "support/raisedError.h"
+#include "support/testFiles.h"
 
 #include <QAccessible>
 #include <QClipboard>
 #include <QDropEvent>
-#include <QFile>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -146,15 +146,13 @@ void tst_EditorControl::replacingTheTextIsOneStep()
 void tst_EditorControl::loadingForgetsTheSteps()
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(u"a.sql"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("\xFF\xFE"
-               "a\0\r\0\xE4\0"_ba);
-    file.close();
+    const QString file = folder.filePath(u"a.sql"_s);
+    makeFile(file, "\xFF\xFE"
+                   "a\0\r\0\xE4\0"_ba);
 
     EditorControl editor;
     editor.setText(u"typed"_s);
-    editor.LoadFile(file.fileName());
+    editor.LoadFile(file);
     QCOMPARE(editor.GetText(), u"a\r\nä"_s);
     QCOMPARE(editor.SelStart(), 0);
     editor.ExecuteCommand(100);
@@ -177,15 +175,13 @@ void tst_EditorControl::failedLoadKeepsTheText()
 void tst_EditorControl::largeFileIsWatchedToo()
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(u"large.sql"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray("select '\xC3\xA4' from t;\n").repeated(150000));
-    file.close();
+    const QString file = folder.filePath(u"large.sql"_s);
+    makeFile(file, QByteArray("select '\xC3\xA4' from t;\n").repeated(150000));
 
     EditorControl editor;
     QSignalSpy changes(&editor, &EditorControl::textChanged);
     QSignalSpy lines(&editor, &EditorControl::linesChanged);
-    editor.LoadFile(file.fileName());
+    editor.LoadFile(file);
     QCOMPARE(changes.count(), 1);
     QCOMPARE(lines.count(), 1);
     const int length = editor.textLength();

@@ -3,6 +3,7 @@
 #include "export/frmExport.h"
 #include "platform/applicationFolder.h"
 #include "platform/mousePointer.h"
+#include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 
 #include <QFile>
@@ -118,12 +119,6 @@ struct ExportBench
         pressOk();
     }
 };
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
 
 QString successText(const QString &path, int records)
 {
@@ -335,10 +330,7 @@ void tst_exportdialog::exportsAgainFromTheFirstRecord()
 {
     const auto recordset = people();
     recordset->MoveNext();
-    QFile old(m_path);
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write(QByteArray(1000, 'x'));
-    old.close();
+    makeFile(m_path, QByteArray(1000, 'x'));
     for (int round = 0; round < 2; ++round) {
         ExportBench bench(recordset);
         bench.exportTo(m_path, Comma);

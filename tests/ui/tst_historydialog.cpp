@@ -5,9 +5,9 @@
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"
 #include "platform/systemClock.h"
+#include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 
-#include <QFile>
 #include <QHeaderView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -77,8 +77,6 @@ private slots:
     void tooManyRecordsOverflow();
 
 private:
-    void writeHistory(const QByteArray &content);
-
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
 };
@@ -90,20 +88,12 @@ void tst_historydialog::init()
     m_file = m_folder->filePath(u"OrbekSqlHistory.txt"_s);
 }
 
-void tst_historydialog::writeHistory(const QByteArray &content)
-{
-    QFile file(m_file);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
 void tst_historydialog::missingFileIsCreated()
 {
     MessageAnswers answers;
     HistoryBench bench;
     bench.dialog.show();
-    QVERIFY(QFile::exists(m_file));
-    QCOMPARE(QFile(m_file).size(), 0);
+    QCOMPARE(contentOf(m_file), QByteArray());
     QCOMPARE(bench.grid->Rows(), 1);
     QVERIFY(answers.texts.isEmpty());
     QTest::keyClick(bench.grid, Qt::Key_Return);
@@ -180,7 +170,7 @@ void tst_historydialog::picksWithoutAnEditorAreIgnored()
 
 void tst_historydialog::failedLoadingIsToldAndOpens()
 {
-    writeHistory("select 1\r\nSQLTIME\r\nlast tuesday\r\nSQLEND\r\n");
+    makeFile(m_file, "select 1\r\nSQLTIME\r\nlast tuesday\r\nSQLEND\r\n");
     MessageAnswers answers;
     HistoryBench bench;
     bench.dialog.show();
@@ -224,7 +214,7 @@ void tst_historydialog::nullReadsAsNull()
 void tst_historydialog::tooManyRecordsOverflow()
 {
     const QByteArray record = "a\r\nSQLTIME\r\n1/1/2026\r\nSQLEND\r\n";
-    writeHistory(record.repeated(32767));
+    makeFile(m_file, record.repeated(32767));
     MessageAnswers answers;
     HistoryBench bench;
     bench.dialog.show();
@@ -232,7 +222,7 @@ void tst_historydialog::tooManyRecordsOverflow()
     QVERIFY(answers.texts.isEmpty());
     bench.dialog.close();
 
-    writeHistory(record.repeated(32768));
+    makeFile(m_file, record.repeated(32768));
     bench.dialog.show();
     QCOMPARE(answers.texts, QStringList{u"Overflow"_s});
     QCOMPARE(bench.grid->Rows(), 1);

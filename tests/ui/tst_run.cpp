@@ -10,6 +10,7 @@
 #include "platform/systemClock.h"
 #include "support/SandboxFixture.h"
 #include "support/raisedError.h"
+#include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
 
@@ -106,12 +107,10 @@ void TestRun::dataSourceOnTheSameServer()
 {
     const QString socket = SandboxFixture::scalar(m_server, u"select @@socket"_s);
     ProgramFixture program;
-    QFile odbcIni(program.folder() + u"/odbc.ini"_s);
-    QVERIFY(odbcIni.open(QIODevice::WriteOnly));
-    odbcIni.write("[practice]\nDriver=MariaDB Unicode\nDatabase=scott\nSocket=" + socket.toUtf8() +
-                  "\n");
-    odbcIni.close();
-    qputenv("ODBCINI", QFile::encodeName(odbcIni.fileName()));
+    const QString odbcIni = program.folder() + u"/odbc.ini"_s;
+    makeFile(odbcIni, "[practice]\nDriver=MariaDB Unicode\nDatabase=scott\nSocket=" +
+                          socket.toUtf8() + "\n");
+    qputenv("ODBCINI", QFile::encodeName(odbcIni));
     program.start(u"DSN=practice;Uid=scott;Pwd=tiger"_s);
     qunsetenv("ODBCINI");
     QVERIFY(program.editor() != nullptr);

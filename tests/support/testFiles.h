@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// The bytes of a file; "(not there)" when it cannot be read.
+QByteArray contentOf(const QString &path);
+
+/// Makes a file of these bytes, in the place of one that is there. The program ends when it cannot.
+void makeFile(const QString &path, const QByteArray &content);
