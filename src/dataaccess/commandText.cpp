@@ -71,13 +71,28 @@ QStringView withoutSurroundings(QStringView text)
     return inner;
 }
 
+/// Whether a first name is followed by what can stand behind a procedure's: nothing, a point or a
+/// parenthesis. That of nearly every statement is not, which makes this worth its while.
+bool mayBeProcedure(QStringView text)
+{
+    if (text.startsWith(u'"'))
+        return true;
+    const auto *const nameEnd = std::find_if(
+        text.begin(), text.end(), [](QChar c) { return c.isSpace() || c == u'.' || c == u'('; });
+    const QStringView rest = QStringView(nameEnd, text.end()).trimmed();
+    return rest.isEmpty() || rest.front() == u'.' || rest.front() == u'(';
+}
+
 } // namespace
 
 QString asProcedureCall(const QString &commandText)
 {
     static const QRegularExpression reference(
         uR"(\A((?:[\p{L}_][\p{L}\p{N}_$#]*|"[^"]+")(\.(?:[\p{L}_][\p{L}\p{N}_$#]*|"[^"]+")){0,2})\s*(?=\z|\())"_s);
-    const QString text = withoutSurroundings(commandText).toString();
+    const QStringView inner = withoutSurroundings(commandText);
+    if (!mayBeProcedure(inner))
+        return commandText;
+    const QString text = inner.toString();
     const QRegularExpressionMatch match = reference.match(text);
     if (!match.hasMatch())
         return commandText;
