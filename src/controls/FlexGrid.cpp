@@ -113,6 +113,12 @@ QString FlexGrid::TextMatrix(int row, int column) const
     return m_model->text(row, column);
 }
 
+void FlexGrid::setRedraw(bool on)
+{
+    setUpdatesEnabled(on);
+    m_model->setTellsChanges(on);
+}
+
 int FlexGrid::RowSel() const
 {
     int last = -1;

@@ -27,6 +27,9 @@ public:
     void setRowHeight(int row, int twips);
     void setTextMatrix(int row, int column, const QString &text);
     QString TextMatrix(int row, int column) const;
+    /// Whether changes show as they are made; they do at first. While they do not, many of them
+    /// cost little.
+    void setRedraw(bool on);
     /// The last row of the selection; 0 when nothing is selected.
     int RowSel() const;
     QString SelText() const;

@@ -23,12 +23,27 @@ void FlexGridModel::resize(int rows, int columns)
 void FlexGridModel::setText(int row, int column, const QString &text)
 {
     m_texts[place(row, column)] = text;
+    if (!m_tellsChanges)
+        return;
     if (row == 0 && column > 0)
         emit headerDataChanged(Qt::Horizontal, column - 1, column - 1);
     else if (column == 0 && row > 0)
         emit headerDataChanged(Qt::Vertical, row - 1, row - 1);
     else if (row > 0)
         emit dataChanged(index(row - 1, column - 1), index(row - 1, column - 1));
+}
+
+void FlexGridModel::setTellsChanges(bool on)
+{
+    if (on == m_tellsChanges)
+        return;
+    m_tellsChanges = on;
+    if (on && m_columns > 1)
+        emit headerDataChanged(Qt::Horizontal, 0, m_columns - 2);
+    if (on && m_rows > 1)
+        emit headerDataChanged(Qt::Vertical, 0, m_rows - 2);
+    if (on && m_columns > 1 && m_rows > 1)
+        emit dataChanged(index(0, 0), index(m_rows - 2, m_columns - 2));
 }
 
 int FlexGridModel::rowCount(const QModelIndex &parent) const

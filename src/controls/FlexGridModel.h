@@ -20,6 +20,10 @@ public:
     QString text(int row, int column) const { return m_texts[place(row, column)]; }
     void setText(int row, int column, const QString &text);
 
+    /// Whether views are told of every text that changes; otherwise they are told of all of them
+    /// when it is turned on again.
+    void setTellsChanges(bool on);
+
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
@@ -29,6 +33,7 @@ public:
 private:
     qsizetype place(int row, int column) const { return qsizetype{row} * m_columns + column; }
 
+    bool m_tellsChanges = true;
     int m_rows = 1;
     int m_columns = 1;
     QList<QString> m_texts = QList<QString>(1);

@@ -2,8 +2,6 @@
 
 #include "platform/textForms.h"
 
-#include <QByteArrayView>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -32,7 +30,7 @@ HistoryLoader::HistoryLoader(Recordset &recordset)
 {
 }
 
-void HistoryLoader::takeLine(const QByteArray &line)
+void HistoryLoader::takeLine(QByteArrayView line)
 {
     const QByteArrayView key = withoutBlanks(line);
     if (isMarker(key, "SQLTIME"))
@@ -43,21 +41,23 @@ void HistoryLoader::takeLine(const QByteArray &line)
         addContent(line);
 }
 
-void HistoryLoader::addContent(const QByteArray &line)
+void HistoryLoader::addContent(QByteArrayView line)
 {
     ++m_lineCount;
-    m_lastLine.resize(0);
-    m_lastLine.append(line); // not shared, or the reader of the lines would need new memory
+    m_lastLine.clear();
+    m_lastLine.append(line);
     // What no field can hold need not be kept, however large the file is.
     m_contentTooLong =
         m_contentTooLong || m_content.size() + line.size() > fieldSize * mostBytesPerUnit;
-    if (!m_contentTooLong)
-        m_content.append(line).append("\r\n");
+    if (m_contentTooLong)
+        return;
+    m_content.append(line);
+    m_content.append("\r\n");
 }
 
 void HistoryLoader::addRecord()
 {
-    const QString statement = QString::fromLocal8Bit(m_content);
+    const QString statement = QString::fromLocal8Bit(m_content.view());
     m_recordSkipped = m_contentTooLong || statement.size() > fieldSize;
     if (!m_recordSkipped) {
         m_recordset.AddNew();
@@ -69,7 +69,7 @@ void HistoryLoader::addRecord()
 void HistoryLoader::setTime()
 {
     if (!m_recordSkipped) {
-        const ClockTime time = textToClockTime(QString::fromLocal8Bit(m_lastLine));
+        const ClockTime time = textToClockTime(QString::fromLocal8Bit(m_lastLine.view()));
         m_recordset.setValue(1, dateTimeForm(time).toString());
     }
     m_lastLine.clear();
@@ -78,7 +78,7 @@ void HistoryLoader::setTime()
 
 void HistoryLoader::clear()
 {
-    m_content.resize(0);
+    m_content.clear();
     m_contentTooLong = false;
     m_lineCount = 0;
 }

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "dataaccess/Recordset.h"
+#include "platform/ByteBuffer.h"
 #include "platform/checkedArithmetic.h"
 
-#include <QByteArray>
+#include <QByteArrayView>
 
 /// Turns the lines of a history file into rows of an open recordset.
 class HistoryLoader
@@ -16,18 +17,18 @@ public:
 
     /// Takes the next line, without its line end.
     /// @throws RuntimeError see loadHistory()
-    void takeLine(const QByteArray &line);
+    void takeLine(QByteArrayView line);
 
 private:
-    void addContent(const QByteArray &line);
+    void addContent(QByteArrayView line);
     void addRecord();
     void setTime();
     void clear();
 
     Recordset &m_recordset;
-    QByteArray m_content; ///< lines since the last marker, each with its line end
+    ByteBuffer m_content; ///< lines since the last marker, each with its line end
     bool m_contentTooLong = false;
-    QByteArray m_lastLine;
+    ByteBuffer m_lastLine;
     Int16 m_lineCount;
     bool m_recordSkipped = false;
 };

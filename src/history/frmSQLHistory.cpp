@@ -11,6 +11,7 @@
 #include "platform/errorTraps.h"
 
 #include <QHeaderView>
+#include <QScopeGuard>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -114,6 +115,8 @@ void frmSQLHistory::fillGrid(FlexGrid &grid, Recordset &recordset)
             return;
         const int records = countRecords(recordset);
         recordset.MoveFirst();
+        grid.setRedraw(false);
+        const auto showFilled = qScopeGuard([&grid] { grid.setRedraw(true); });
         grid.setCols(recordset.fieldCount() + 1);
         grid.setRows(records + 1);
         for (int column = 1; column < grid.Cols(); ++column) {

@@ -41,7 +41,7 @@ void loadHistory(const QString &fileName, const QString & /*path*/, Recordset &r
     recordset.Open();
 
     HistoryLoader loader(recordset);
-    for (QByteArray line; lines.readLine(line);)
-        loader.takeLine(line);
+    while (const auto line = lines.nextLine())
+        loader.takeLine(*line);
     recordset.setSort(u"SQL_Time DESC"_s);
 }

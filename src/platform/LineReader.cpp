@@ -12,22 +12,29 @@ LineReader::LineReader(const QString &path)
 {
 }
 
-bool LineReader::readLine(QByteArray &line)
+std::optional<QByteArrayView> LineReader::nextLine()
 {
-    line.resize(0);
-    bool any = false;
-    for (bool complete = false; !complete && (m_position < m_filled || fill());) {
-        any = true;
-        const QByteArrayView rest =
-            QByteArrayView(m_block).sliced(m_position, m_filled - m_position);
-        const qsizetype lineFeed = rest.indexOf('\n');
-        complete = lineFeed >= 0;
-        line.append(complete ? rest.first(lineFeed) : rest);
-        m_position = complete ? m_position + lineFeed + 1 : m_filled;
+    if (m_position == m_filled && !fill())
+        return std::nullopt;
+    bool isComplete = false;
+    QByteArrayView line = takePiece(isComplete);
+    if (!isComplete) {
+        m_line.clear();
+        m_line.append(line);
+        while (!isComplete && fill())
+            m_line.append(takePiece(isComplete));
+        line = m_line.view();
     }
-    if (line.endsWith('\r'))
-        line.chop(1);
-    return any;
+    return line.endsWith('\r') ? line.chopped(1) : line;
+}
+
+QByteArrayView LineReader::takePiece(bool &endsLine)
+{
+    const QByteArrayView rest = QByteArrayView(m_block).sliced(m_position, m_filled - m_position);
+    const qsizetype lineFeed = rest.indexOf('\n');
+    endsLine = lineFeed >= 0;
+    m_position = endsLine ? m_position + lineFeed + 1 : m_filled;
+    return endsLine ? rest.first(lineFeed) : rest;
 }
 
 bool LineReader::fill()

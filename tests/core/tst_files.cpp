@@ -107,8 +107,8 @@ void tst_Files::lines()
     writeFile(path(u"lines"_s), TextFileWriter::Mode::Replace, content);
     LineReader reader(path(u"lines"_s));
     QByteArrayList lines;
-    for (QByteArray line; reader.readLine(line);)
-        lines.append(line);
+    while (const auto line = reader.nextLine())
+        lines.append(line->toByteArray());
     QTEST(lines, "lines");
 }
 
@@ -122,12 +122,7 @@ void tst_Files::failures_data()
     const auto write = [](const QString &path, const QByteArray &content) {
         return [=] { writeFile(path, TextFileWriter::Mode::Append, content); };
     };
-    const auto read = [](const QString &path) {
-        return [=] {
-            QByteArray line;
-            LineReader(path).readLine(line);
-        };
-    };
+    const auto read = [](const QString &path) { return [=] { LineReader(path).nextLine(); }; };
     row("no file", read(path(u"missing"_s)), ErrorNumber::FileNotFound);
     row("no folder to read from", read(path(u"missing/file"_s)), ErrorNumber::PathNotFound);
     row("no folder to write to", write(path(u"missing/file"_s), "a"), ErrorNumber::PathNotFound);
