@@ -14,15 +14,6 @@ double processorSeconds()
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
-Spent spentOn(const std::function<void()> &action)
-{
-    const double processor = processorSeconds();
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    const std::chrono::duration<double> clock = std::chrono::steady_clock::now() - start;
-    return {clock.count(), processorSeconds() - processor};
-}
-
 double median(const std::vector<Spent> &rounds, double Spent::*figure)
 {
     std::vector<double> seconds;
@@ -51,6 +42,15 @@ TwoSides takeTurns(int rounds, const std::function<Spent()> &baseline,
 }
 
 } // namespace
+
+Spent spentOn(const std::function<void()> &action)
+{
+    const double processor = processorSeconds();
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    const std::chrono::duration<double> clock = std::chrono::steady_clock::now() - start;
+    return {clock.count(), processorSeconds() - processor};
+}
 
 TwoSides measureInTurn(int rounds, const std::function<void()> &baseline,
                        const std::function<void()> &ours)

@@ -9,6 +9,8 @@ struct Spent
     double processor; ///< of this process, all its threads
 };
 
+Spent spentOn(const std::function<void()> &action);
+
 /// Medians over the rounds, each of the four figures for itself. The sides run in turn, so that
 /// what else the machine does falls on both. On a busy machine both ratios waver all the same:
 /// the clock's with the waiting, the processor's with the caches that others share.
@@ -22,7 +24,7 @@ struct TwoSides
 
 /// Rounds for what takes seconds, and for what takes milliseconds.
 inline constexpr int fewRounds = 5;
-inline constexpr int manyRounds = 25;
+inline constexpr int manyRounds = 51;
 
 TwoSides measureInTurn(int rounds, const std::function<void()> &baseline,
                        const std::function<void()> &ours);
