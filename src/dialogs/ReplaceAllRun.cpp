@@ -44,7 +44,10 @@ void ReplaceAllRun::start()
     const QString text = editor.Text();
     m_shownLength = text.size();
     m_work = std::make_unique<ReplaceAll>(text, m_find, m_replacement);
-    if (m_work->advance(text.size() + 1)) {
+    // A replacement that brings the searched text again never ends, so that nothing is gained by
+    // hurrying.
+    const bool isEndless = m_replacement.contains(m_find);
+    if (m_work->advance(isEndless ? portion() : text.size() + 1)) {
         showText();
         emit ended();
         return;

@@ -12,11 +12,12 @@ class ReplaceAll;
 
 /// Replaces in an editor control until no occurrence is left, which may take for ever.
 ///
-/// What a text can need that does not grow by it is done at once. The rest is done in portions,
-/// between which the program goes on as usual. The editor then shows the text each time that it has
-/// become twice as long, so that the user sees what happens; and what the user types takes
-/// part: the replacing goes on with the editor's text of that moment. The portions are so small
-/// that an endless run takes hours, not seconds, to fill the memory.
+/// As often as the text has characters is replaced at once, which is all that most texts need. The
+/// rest, and all of it where the replacement holds the searched text, is done in portions, between
+/// which the program goes on as usual. The editor then shows the text each time that it has become
+/// twice as long, so that the user sees what happens; and what the user types takes part: the
+/// replacing goes on with the editor's text of that moment. The portions are so small that an
+/// endless run takes hours, not seconds, to fill the memory.
 ///
 /// Ends early with the editor control or with this object.
 class ReplaceAllRun : public QObject
