@@ -55,6 +55,14 @@ bool narrow(const char16_t *text, size_t units, char *out)
     return seen <= 0xFF;
 }
 
+bool isAscii(QByteArrayView text)
+{
+    char seen = 0;
+    for (const char byte : text)
+        seen = static_cast<char>(seen | byte);
+    return (seen & 0x80) == 0;
+}
+
 } // namespace
 
 char *RowWriter::claim(size_t bytes)
@@ -155,20 +163,36 @@ void RowWriter::addTimestamp(const Timestamp &value)
     m_size += static_cast<size_t>(at - cell);
 }
 
+char *RowWriter::beginLatin1(size_t characters)
+{
+    char *const cell = claim(longestHeader + characters);
+    if (characters <= maxShortLatin1) {
+        *cell = static_cast<char>(CellShortLatin1 + characters);
+        return cell + 1;
+    }
+    *cell = CellLatin1;
+    return writeLength(cell + 1, characters);
+}
+
 void RowWriter::addText(const char16_t *text, size_t units)
 {
-    char *const cell = claim(longestHeader + units);
-    char *at = cell + 1;
-    if (units <= maxShortLatin1) {
-        *cell = static_cast<char>(CellShortLatin1 + units);
-    } else {
-        *cell = CellLatin1;
-        at = writeLength(at, units);
-    }
+    char *const at = beginLatin1(units);
     if (narrow(text, units, at))
-        m_size += static_cast<size_t>(at - cell) + units;
+        m_size = static_cast<size_t>(at - m_data.get()) + units;
     else
         addUtf16(CellUtf16, text, units);
+}
+
+void RowWriter::addUtf8(QByteArrayView text)
+{
+    if (!isAscii(text)) {
+        const QString wide = textFromUtf8(text);
+        addText(reinterpret_cast<const char16_t *>(wide.utf16()), static_cast<size_t>(wide.size()));
+        return;
+    }
+    char *const at = beginLatin1(static_cast<size_t>(text.size()));
+    std::copy(text.begin(), text.end(), at);
+    m_size = static_cast<size_t>(at - m_data.get() + text.size());
 }
 
 void RowWriter::addUtf16(quint8 tag, const char16_t *text, size_t units)

@@ -2,7 +2,7 @@
 
 #include "dataaccess/Value.h"
 
-#include <QStringView>
+#include <QByteArrayView>
 
 #include <memory>
 
@@ -29,6 +29,8 @@ public:
     /// One byte a character when every character is below U+0100, otherwise UTF-16 as it stands:
     /// lone surrogates and zeros stay.
     void addText(const char16_t *text, size_t units);
+    /// The same for text in UTF-8; what is none becomes the sign for that.
+    void addUtf8(QByteArrayView text);
     void addBinary(const char *bytes, size_t length);
     void addValue(const Value &value);
     /// A cell that is packed already, up to @p end.
@@ -38,6 +40,8 @@ private:
     /// Room for @p bytes more; what is used of it is told by m_size.
     char *claim(size_t bytes);
     void addTag(quint8 tag);
+    /// Begins a cell of that many Latin-1 characters. @returns where they go
+    char *beginLatin1(size_t characters);
     void addUtf16(quint8 tag, const char16_t *text, size_t units);
 
     std::unique_ptr<char[]> m_data;

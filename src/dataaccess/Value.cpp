@@ -4,6 +4,8 @@
 #include "platform/checkedArithmetic.h"
 #include "platform/textForms.h"
 
+#include <QStringDecoder>
+
 #include <cfenv>
 #include <cmath>
 #include <limits>
@@ -105,4 +107,10 @@ ShortText timestampForm(const Timestamp &timestamp)
 QString timestampToText(const Timestamp &timestamp)
 {
     return timestampForm(timestamp).toString();
+}
+
+QString textFromUtf8(QByteArrayView text)
+{
+    using Flag = QStringDecoder::Flag;
+    return QStringDecoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom)(text);
 }

@@ -41,7 +41,10 @@ struct Timestamp
     quint8 second = 0;
     quint32 nanosecond = 0; ///< 0 to 999,999,999
 
-    ClockTime clockTime() const { return {year, month, day, hour, minute, second}; }
+    ClockTime clockTime() const
+    {
+        return {year, month, day, hour, minute, second, static_cast<int>(nanosecond)};
+    }
     friend bool operator==(const Timestamp &, const Timestamp &) = default;
 };
 
@@ -113,6 +116,10 @@ private:
 };
 
 /// The text form of a point in time; the same as dateTimeToText() gives, for years 0 to 9999, a
-/// time of day alone as `HH:mm:ss`.
+/// time of day alone as `HH:mm:ss`. A fraction of a second stands behind it: the data source holds
+/// it.
 QString timestampToText(const Timestamp &timestamp);
 ShortText timestampForm(const Timestamp &timestamp);
+
+/// A data source's text in UTF-8, whole: a byte order mark or a zero in it is a character of it.
+QString textFromUtf8(QByteArrayView text);

@@ -66,6 +66,11 @@ void appendTimeOfDay(const ClockTime &clockTime, ShortText &text)
     text.appendTwoDigits(clockTime.minute);
     text.append(':');
     text.appendTwoDigits(clockTime.second);
+    int fraction = clockTime.nanosecond;
+    if (fraction != 0)
+        text.append('.');
+    for (int place = 100'000'000; fraction != 0; fraction %= place, place /= 10)
+        text.append(static_cast<char>('0' + fraction / place));
 }
 
 } // namespace
@@ -98,7 +103,8 @@ ShortText dateTimeForm(const ClockTime &clockTime)
     text.appendNumber(clockTime.day);
     text.append('/');
     appendYear(clockTime.year, text);
-    if (clockTime.hour != 0 || clockTime.minute != 0 || clockTime.second != 0) {
+    if (clockTime.hour != 0 || clockTime.minute != 0 || clockTime.second != 0 ||
+        clockTime.nanosecond != 0) {
         text.append(' ');
         appendTimeOfDay(clockTime, text);
     }

@@ -14,7 +14,7 @@
 QString trimBlanks(QStringView text);
 
 /// `M/d/yyyy HH:mm:ss`, the date alone at midnight. An invalid @p dateTime gives an empty text.
-/// Fractions of a second are not shown.
+/// Fractions of a second are not shown: they are no part of the time of a clock on the wall.
 QString dateTimeToText(const QDateTime &dateTime);
 
 /// A date and a time of day on the clock of whoever reads it. Unlike QDateTime it asks nobody for
@@ -27,9 +27,12 @@ struct ClockTime
     int hour = 0;
     int minute = 0;
     int second = 0;
+    int nanosecond = 0;
 };
+/// As dateTimeToText(), but a fraction of a second follows behind a point, without the zeros at its
+/// end.
 ShortText dateTimeForm(const ClockTime &clockTime);
-/// `HH:mm:ss`
+/// `HH:mm:ss`, with a fraction of a second in the same way.
 ShortText timeOfDayForm(const ClockTime &clockTime);
 /// Reads like textToDateTime().
 ClockTime textToClockTime(QStringView text);

@@ -15,13 +15,12 @@ T readAs(const CellView &cell)
 }
 
 /// The double that looks like the single: 0.1 in single precision is to read 0.1.
-double fromSingle(SQLREAL value)
+double fromSingle(double value)
 {
     char digits[32];
-    const char *const end = std::to_chars(digits, std::end(digits), value).ptr;
-    double wide = value;
-    std::from_chars(digits, end, wide);
-    return wide;
+    const char *const end = std::to_chars(digits, std::end(digits), static_cast<float>(value)).ptr;
+    std::from_chars(digits, end, value);
+    return value;
 }
 
 Timestamp toTimestamp(const CellView &cell)
@@ -120,7 +119,7 @@ Value toValue(ColumnForm form, const CellView &cell)
     case ColumnForm::Integer:
         return static_cast<std::int64_t>(readAs<SQLBIGINT>(cell));
     case ColumnForm::Single:
-        return fromSingle(readAs<SQLREAL>(cell));
+        return fromSingle(readAs<SQLDOUBLE>(cell));
     case ColumnForm::Double:
         return readAs<SQLDOUBLE>(cell);
     case ColumnForm::Digits:
@@ -135,6 +134,8 @@ Value toValue(ColumnForm form, const CellView &cell)
     }
     case ColumnForm::Binary:
         return QByteArray(cell.bytes, static_cast<qsizetype>(cell.length));
+    case ColumnForm::Utf8Text:
+        return textFromUtf8({cell.bytes, static_cast<qsizetype>(cell.length)});
     case ColumnForm::Text:
         break;
     }
@@ -155,7 +156,7 @@ void packCell(ColumnForm form, const CellView &cell, NullForm nulls, RowWriter &
     case ColumnForm::Integer:
         return row.addInteger(readAs<SQLBIGINT>(cell));
     case ColumnForm::Single:
-        return row.addDouble(fromSingle(readAs<SQLREAL>(cell)));
+        return row.addDouble(fromSingle(readAs<SQLDOUBLE>(cell)));
     case ColumnForm::Double:
         return row.addDouble(readAs<SQLDOUBLE>(cell));
     case ColumnForm::Digits:
@@ -168,6 +169,8 @@ void packCell(ColumnForm form, const CellView &cell, NullForm nulls, RowWriter &
         return packTimeOfDay(cell, row);
     case ColumnForm::Binary:
         return row.addBinary(cell.bytes, cell.length);
+    case ColumnForm::Utf8Text:
+        return row.addUtf8({cell.bytes, static_cast<qsizetype>(cell.length)});
     case ColumnForm::Text:
         return row.addText(reinterpret_cast<const char16_t *>(cell.bytes),
                            cell.length / sizeof(char16_t));

@@ -5,6 +5,9 @@
 
 #include <QByteArrayView>
 
+#include <algorithm>
+#include <cstring>
+
 /// One value as the driver gave it.
 struct CellView
 {
@@ -39,12 +42,21 @@ public:
     /// Binds to @p memory. @throws RuntimeError with the driver's text
     void bind(const OdbcHandle &statement, SQLUSMALLINT number, char *memory, size_t rows);
 
-    /// Whether row @p row's value is, or may be, longer than its buffer.
+    /// To be called before every fetch of @p rows: some drivers tell of a truth value only that it
+    /// is null, and leave what they told of the one before it.
+    void prepareFetch(size_t rows)
+    {
+        if (m_isBound && m_column.form == ColumnForm::Boolean)
+            std::fill_n(m_indicators, rows, SQLLEN{sizeof(SQLCHAR)});
+    }
+    /// Whether row @p row's value is, or may be, longer than its buffer. Some drivers misreckon the
+    /// length of what they cut; then no zero stands where the value would end.
     bool isCut(size_t row) const
     {
         const SQLLEN length = m_indicators[row];
         return m_column.hasVariableSize() && length != SQL_NULL_DATA &&
-               (length < 0 || static_cast<size_t>(length) > m_longest);
+               (length < 0 || static_cast<size_t>(length) > m_longest ||
+                !endsAt(m_values + row * m_width + length));
     }
     /// Whether @p whole begins with what was stored of row @p row's value and goes on after it.
     bool isContinuedBy(size_t row, QByteArrayView whole) const
@@ -60,6 +72,12 @@ public:
     }
 
 private:
+    bool endsAt(const char *end) const
+    {
+        const char zero[sizeof(SQLWCHAR)] = {};
+        return std::memcmp(end, zero, m_column.terminatorBytes()) == 0;
+    }
+
     OdbcColumn m_column;
     bool m_isBound = false;
     size_t m_width = 0;

@@ -13,6 +13,7 @@ constexpr SQLULEN largestUsefulSize = 32767;
 constexpr size_t digitsSlack = 16;
 constexpr size_t usualPrecision = 38;
 constexpr size_t timeOfDayBytes = 40;
+constexpr size_t mostUtf8Bytes = 4; ///< of a character
 constexpr SQLSMALLINT usualNameRoom = 256;
 constexpr SQLSMALLINT longestNameRoom = std::numeric_limits<SQLSMALLINT>::max();
 
@@ -110,7 +111,6 @@ size_t expectedBytes(ColumnForm form, SQLULEN size)
     case ColumnForm::Integer:
         return sizeof(SQLBIGINT);
     case ColumnForm::Single:
-        return sizeof(SQLREAL);
     case ColumnForm::Double:
         return sizeof(SQLDOUBLE);
     case ColumnForm::Timestamp:
@@ -125,6 +125,8 @@ size_t expectedBytes(ColumnForm form, SQLULEN size)
         return isUseful ? size : 0;
     case ColumnForm::Text:
         return isUseful ? size * sizeof(SQLWCHAR) : 0;
+    case ColumnForm::Utf8Text:
+        return isUseful ? size * mostUtf8Bytes : 0;
     }
     return 0;
 }
@@ -144,8 +146,7 @@ SQLSMALLINT OdbcColumn::cType() const
         return SQL_C_BIT;
     case ColumnForm::Integer:
         return SQL_C_SBIGINT;
-    case ColumnForm::Single:
-        return SQL_C_FLOAT;
+    case ColumnForm::Single: // not as singles: of a block, some drivers give the first one only
     case ColumnForm::Double:
         return SQL_C_DOUBLE;
     case ColumnForm::Timestamp:
@@ -155,6 +156,7 @@ SQLSMALLINT OdbcColumn::cType() const
     case ColumnForm::Digits:
     case ColumnForm::AnyNumber:
     case ColumnForm::TimeOfDay:
+    case ColumnForm::Utf8Text:
         return SQL_C_CHAR;
     case ColumnForm::Text:
         break;
@@ -170,13 +172,14 @@ size_t OdbcColumn::terminatorBytes() const
     case ColumnForm::Digits:
     case ColumnForm::AnyNumber:
     case ColumnForm::TimeOfDay:
+    case ColumnForm::Utf8Text:
         return sizeof(SQLCHAR);
     default:
         return 0;
     }
 }
 
-std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement, bool declarationsBindValues)
+std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement, const OdbcAbilities &abilities)
 {
     SQLSMALLINT count = 0;
     checkOdbc(SQLNumResultCols(statement.get(), &count), statement);
@@ -192,8 +195,10 @@ std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement, bool declar
         if (described.sqlType == SQL_BIGINT &&
             numericAttribute(statement, number, SQL_DESC_UNSIGNED) == SQL_TRUE)
             column.form = ColumnForm::Digits;
-        if (!declarationsBindValues && isNumberForm(column.form))
+        if (!abilities.declarationsBindValues && isNumberForm(column.form))
             column.form = ColumnForm::AnyNumber;
+        if (abilities.givesUtf8 && column.form == ColumnForm::Text)
+            column.form = ColumnForm::Utf8Text;
         column.expectedBytes = expectedBytes(column.form, described.size);
         column.isTableColumn = hasBaseColumn(statement, number);
         columns.push_back(std::move(column));

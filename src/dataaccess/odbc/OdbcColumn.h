@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dataaccess/FieldInfo.h"
+#include "dataaccess/odbc/OdbcAbilities.h"
 #include "dataaccess/odbc/OdbcHandle.h"
 
 #include <vector>
@@ -17,6 +18,7 @@ enum class ColumnForm {
     TimeOfDay, ///< as text: some servers' times of day go beyond 24 hours
     Binary,
     Text,
+    Utf8Text,
 };
 
 /// A column of a result as the driver describes it.
@@ -40,6 +42,6 @@ struct OdbcColumn
 };
 
 /// The columns of an executed statement's present result.
-/// @param declarationsBindValues  whether values are of their column's type
 /// @throws RuntimeError with the driver's text
-std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement, bool declarationsBindValues);
+std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement,
+                                        const OdbcAbilities &abilities);

@@ -29,8 +29,8 @@ size_t wantedWidth(const OdbcColumn &column)
 
 bool hasFreeSize(const OdbcColumn &column)
 {
-    return column.form == ColumnForm::Text || column.form == ColumnForm::Binary ||
-           column.form == ColumnForm::AnyNumber;
+    return column.form == ColumnForm::Text || column.form == ColumnForm::Utf8Text ||
+           column.form == ColumnForm::Binary || column.form == ColumnForm::AnyNumber;
 }
 
 /// Whether values may well be longer than the driver says.
@@ -59,8 +59,7 @@ std::unique_ptr<OdbcCursor> OdbcCursor::open(OdbcSession &session, const QString
 OdbcCursor::OdbcCursor(const OdbcSession &session, OdbcHandle statement, int rowsPerBlock)
     : m_statement(std::move(statement))
 {
-    for (OdbcColumn &column :
-         describeColumns(m_statement, session.abilities().declarationsBindValues)) {
+    for (OdbcColumn &column : describeColumns(m_statement, session.abilities())) {
         m_fields.push_back(column.field);
         m_columns.emplace_back(std::move(column));
     }
@@ -132,6 +131,8 @@ void OdbcCursor::end()
 void OdbcCursor::fetchBlock()
 {
     end();
+    for (ColumnBuffer &buffer : m_columns)
+        buffer.prepareFetch(m_rowsPerBlock);
     SQLRETURN code = SQL_NO_DATA;
     try {
         code = checkOdbc(SQLFetch(m_statement.get()), m_statement);

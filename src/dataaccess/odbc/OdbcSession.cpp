@@ -165,6 +165,8 @@ void OdbcSession::readAbilities()
     m_abilities.getDataExtensions = info<SQLUINTEGER>(m_connection, SQL_GETDATA_EXTENSIONS, 0);
     m_abilities.declarationsBindValues = textInfo(m_connection, SQL_DBMS_NAME) != "SQLite"_L1;
     m_abilities.isMariaDb = textInfo(m_connection, SQL_DRIVER_NAME).contains("libmaodbc"_L1);
+    if (m_abilities.isMariaDb)
+        m_abilities.givesUtf8 = scalar(u"select @@character_set_results"_s).startsWith("utf8"_L1);
     m_oneResultOnly = info<SQLUSMALLINT>(m_connection, SQL_MAX_CONCURRENT_ACTIVITIES, 0) == 1;
     m_commitKeepsResults = keepsResults(m_connection, SQL_CURSOR_COMMIT_BEHAVIOR);
     m_rollbackKeepsResults = keepsResults(m_connection, SQL_CURSOR_ROLLBACK_BEHAVIOR);

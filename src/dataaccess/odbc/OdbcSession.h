@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dataaccess/ProviderSession.h"
+#include "dataaccess/odbc/OdbcAbilities.h"
 #include "dataaccess/odbc/OdbcHandle.h"
 
 #include <QString>
@@ -9,21 +10,6 @@
 #include <vector>
 
 class SessionClient;
-
-/// What the ways to speak with a driver depend on.
-struct OdbcAbilities
-{
-    SQLUINTEGER getDataExtensions = 0; ///< SQL_GD_… flags
-    /// False for an engine in which a column's declared type and size limit nothing.
-    bool declarationsBindValues = true;
-
-    /// MariaDB's driver has ways of its own. It writes output parameters as UTF-8 text, whatever
-    /// type they are bound as. And it takes a block for as many statements as it has semicolons,
-    /// sends it in one piece nevertheless, and crashes when asked for the results it did not get.
-    bool isMariaDb = false;
-
-    bool has(SQLUINTEGER flags) const { return (getDataExtensions & flags) == flags; }
-};
 
 /// One open session with a data source: the ODBC connection and what belongs to it as a whole,
 /// such as its transaction and the statements that are still being read.

@@ -78,8 +78,9 @@ std::unique_ptr<ProviderSession> openSandbox(const ConnectionString &connectionS
         std::make_shared<SandboxServer>(SandboxFolder::ofUser(), progressListener());
     session->lifetime = server;
     session->odbcConnectionString =
-        u"DRIVER=%1;SOCKET=%2;DATABASE=%3;UID=%4;PWD=%5;CHARSET=utf8mb4;NO_PROMPT=1"_s.arg(
-            driver, braced(server->socketPath()), braced(user), braced(user), braced(password));
+        u"DRIVER=%1;SOCKET=%2;DATABASE=%3;UID=%4;PWD=%5;CHARSET=utf8mb4;NO_PROMPT=1;"
+        "CONN_TIMEOUT=15"_s.arg(driver, braced(server->socketPath()), braced(user), braced(user),
+                                braced(password));
     session->adapter = std::make_unique<SandboxAdapter>();
     return session;
 }

@@ -126,8 +126,9 @@ QStringList sandboxServerOptions(const QString &dataPath)
         u"--no-defaults"_s,
         u"--datadir="_s + dataPath,
         u"--lower-case-table-names=1"_s,
-        u"--sql-mode=ORACLE,STRICT_TRANS_TABLES,ERROR_FOR_DIVISION_BY_ZERO,"
-        "NO_BACKSLASH_ESCAPES,NO_ENGINE_SUBSTITUTION,EMPTY_STRING_IS_NULL"_s,
+        // Days that do not exist cannot be stored: its driver would give them as nulls.
+        u"--sql-mode=ORACLE,STRICT_TRANS_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ZERO_DATE,"
+        "NO_ZERO_IN_DATE,NO_BACKSLASH_ESCAPES,NO_ENGINE_SUBSTITUTION,EMPTY_STRING_IS_NULL"_s,
         u"--character-set-server=utf8mb4"_s,
         u"--collation-server=utf8mb4_nopad_bin"_s,
         u"--innodb-buffer-pool-size=64M"_s,
