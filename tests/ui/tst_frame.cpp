@@ -50,20 +50,6 @@ void click(QWidget *form, const QString &name)
     QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
 }
 
-/// Gives the file dialog that comes up a name and accepts it; an empty name cancels.
-void answerFileDialog(const QString &path)
-{
-    whenModal([path](QWidget *window) {
-        auto *dialog = qobject_cast<QFileDialog *>(window);
-        QVERIFY(dialog != nullptr);
-        if (path.isEmpty())
-            return dialog->reject();
-        auto *name = dialog->findChild<QLineEdit *>(u"fileNameEdit"_s);
-        name->setText(path);
-        QTest::keyClick(name, Qt::Key_Return);
-    });
-}
-
 QString menuTree(const QMenuBar &menuBar)
 {
     QString tree;

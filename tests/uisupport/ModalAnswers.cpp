@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
@@ -63,6 +65,19 @@ void whenModal(std::function<void(QWidget *)> handle)
         }
     });
     timer->start(pollInterval);
+}
+
+void answerFileDialog(const QString &path)
+{
+    whenModal([path](QWidget *window) {
+        auto *dialog = qobject_cast<QFileDialog *>(window);
+        QVERIFY(dialog != nullptr);
+        if (path.isEmpty())
+            return dialog->reject();
+        auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+    });
 }
 
 bool waitUntilClosed(QWidget *window)

@@ -33,6 +33,9 @@ private:
 /// A window that does not come within five seconds is a failure of the running test.
 void whenModal(std::function<void(QWidget *window)> handle);
 
+/// Gives the file dialog that comes up next a name and accepts it; an empty name cancels.
+void answerFileDialog(const QString &path);
+
 /// Lets events run until the window is gone or five seconds have passed.
 /// @returns whether it went
 bool waitUntilClosed(QWidget *window);

@@ -10,10 +10,12 @@
 #include "platform/mousePointer.h"
 #include "platform/process.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTabWidget>
 #include <QTest>
 #include <QToolBar>
@@ -52,6 +54,19 @@ void ProgramFixture::start(const QString &commandLine)
     QApplication::setActiveWindow(m_frame.get());
     if (editor() != nullptr)
         text()->setFocus();
+}
+
+void ProgramFixture::logOn(const QString &user, const QString &password, const QString &database)
+{
+    menuItem(u"mnuChangeConnection"_s)->trigger();
+    const auto *login = m_frame->findChild<QWidget *>(u"frmQuernaLogin"_s);
+    login->findChild<QLineEdit *>(u"txtUserName"_s)->setText(user);
+    login->findChild<QLineEdit *>(u"txtPassword"_s)->setText(password);
+    login->findChild<QLineEdit *>(u"txtDb"_s)->setText(database);
+    login->findChild<QAbstractButton *>(u"optPrefConn_2"_s)->click();
+    QTest::mouseClick(login->findChild<QAbstractButton *>(u"cmdOK"_s), Qt::LeftButton);
+    // The dialog deletes itself; the next one is another.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 frmQuerna *ProgramFixture::editor() const

@@ -24,6 +24,9 @@ public:
     /// Starts the frame as the program does, with everything behind the program's name.
     void start(const QString &commandLine);
 
+    /// Changes the connection to an ODBC data source, through menu and login dialog.
+    void logOn(const QString &user, const QString &password, const QString &database);
+
     MDIFormQuerna &frame() { return *m_frame; }
     /// The editor window; null when there is none.
     frmQuerna *editor() const;

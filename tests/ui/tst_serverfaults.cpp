@@ -1,0 +1,391 @@
+#include "app/MDIFormQuerna.h"
+#include "connection/session.h"
+#include "controls/DataGrid.h"
+#include "controls/EditorControl.h"
+#include "dataaccess/Recordset.h"
+#include "dataaccess/sandbox/SandboxServer.h"
+#include "editor/frmQuerna.h"
+#include "platform/mousePointer.h"
+#include "support/SandboxFixture.h"
+#include "uisupport/ModalAnswers.h"
+#include "uisupport/ProgramFixture.h"
+
+#include <QAbstractButton>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <thread>
+
+#include <signal.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Command = std::function<void(ProgramFixture &)>;
+
+constexpr int patience = 30'000; // milliseconds
+constexpr auto momentUnderWay = 60ms;
+const QString sandbox = SandboxFixture::connectionString();
+/// What the login dialog's database box takes, to reach the sandbox.
+const QString sandboxInTheBox = u"x;Provider=OrbekSandbox"_s;
+
+pid_t serverId()
+{
+    return static_cast<pid_t>(SandboxServer::processId(SandboxFolder::ofUser()));
+}
+
+void killServer()
+{
+    ::kill(serverId(), SIGKILL);
+    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
+}
+
+/// Stops the server at once and kills it a moment later, when somebody is waiting for it.
+class ServerDyingUnderWay
+{
+public:
+    ServerDyingUnderWay()
+    {
+        const pid_t server = serverId();
+        ::kill(server, SIGSTOP);
+        m_killer = std::thread([server] {
+            std::this_thread::sleep_for(momentUnderWay);
+            ::kill(server, SIGKILL);
+        });
+    }
+    ~ServerDyingUnderWay() { m_killer.join(); }
+    ServerDyingUnderWay(const ServerDyingUnderWay &) = delete;
+    ServerDyingUnderWay &operator=(const ServerDyingUnderWay &) = delete;
+
+private:
+    std::thread m_killer;
+};
+
+/// A socket that takes connections and never says a word.
+class SilentServer
+{
+public:
+    explicit SilentServer(const QString &path)
+        : m_socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        const QByteArray name = QFile::encodeName(path);
+        std::copy(name.begin(), name.end(), address.sun_path);
+        m_listens =
+            ::bind(m_socket, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0 &&
+            ::listen(m_socket, 5) == 0;
+    }
+    ~SilentServer() { ::close(m_socket); }
+    SilentServer(const SilentServer &) = delete;
+    SilentServer &operator=(const SilentServer &) = delete;
+
+    bool listens() const { return m_listens; }
+
+private:
+    int m_socket;
+    bool m_listens = false;
+};
+
+QString alienLibrary()
+{
+    return QLibraryInfo::path(QLibraryInfo::LibrariesPath) + u"/libQt6Core.so.6"_s;
+}
+
+/// Exports the result as tab delimited text to @p path, as a user would.
+void exportTo(ProgramFixture &program, const QString &path)
+{
+    whenModal([path](QWidget *dialog) {
+        dialog->findChild<QAbstractButton *>(u"optExport_2"_s)->click();
+        if (!path.isEmpty())
+            answerFileDialog(path);
+        QTest::mouseClick(dialog->findChild<QAbstractButton *>(u"cmdExpOK"_s), Qt::LeftButton);
+    });
+    program.press(u"tbrQuerna"_s, 3);
+}
+
+/// What a command that fails has to leave as it was: text, panel of the rows, rows, plan.
+QString stateOf(const ProgramFixture &program)
+{
+    const QAbstractItemModel &model = *program.grid()->model();
+    const auto *plan = program.editor()->findChild<QTreeWidget *>(u"tvwColumns"_s);
+    return u"%1|%2|%3 rows to %4|plan of %5"_s.arg(
+        program.text()->Text(), program.panel(4), QString::number(model.rowCount()),
+        model.index(model.rowCount() - 1, 0).data().toString(),
+        QString::number(plan->topLevelItemCount()));
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Command)
+
+/// The editor window while its server dies, says nothing, or never was one: a message, and the
+/// user goes on with what is there.
+class TestServerFaults : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void commandWithoutAServer_data();
+    void commandWithoutAServer();
+    void serverDyingWhileRetrieving();
+    void driverFailingWhileRetrieving();
+    void outputUntilTheServerDies();
+    void logOnsThatFail();
+
+private:
+    static void prepare(ProgramFixture &program);
+    static void goOnWith(ProgramFixture &program);
+    void addDataSource(const QByteArray &name, const QByteArray &items);
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<SilentServer> m_silent;
+};
+
+void TestServerFaults::initTestCase()
+{
+    qputenv(SandboxFixture::folderVariable, m_folder.filePath(u"s"_s).toLocal8Bit());
+    qputenv("ODBCINI", m_folder.filePath(u"odbc.ini"_s).toLocal8Bit());
+    const auto connection = std::make_shared<Connection>();
+    connection->Open(sandbox);
+    const QByteArray socket =
+        SandboxFixture::scalar(connection, u"select @@socket"_s).toLocal8Bit();
+
+    QFile noLibrary(m_folder.filePath(u"broken.so"_s));
+    QVERIFY(noLibrary.open(QIODevice::WriteOnly) && noLibrary.write("no library") > 0);
+    noLibrary.close();
+    const QString silent = m_folder.filePath(u"silent"_s);
+    m_silent = std::make_unique<SilentServer>(silent);
+    QVERIFY(m_silent->listens());
+    const QByteArray driver = "Driver=MariaDB Unicode\nDatabase=scott\nSocket=";
+    addDataSource("refusing", driver + socket);
+    addDataSource("silent", driver + silent.toLocal8Bit() + "\nConn_Timeout=1");
+    addDataSource("dead", driver + m_folder.filePath(u"nobody"_s).toLocal8Bit());
+    addDataSource("missing", "Driver=/no/such/driver.so");
+    addDataSource("broken", "Driver=" + noLibrary.fileName().toLocal8Bit());
+    addDataSource("alien", "Driver=" + alienLibrary().toLocal8Bit());
+}
+
+void TestServerFaults::cleanupTestCase()
+{
+    qunsetenv("ODBCINI");
+    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
+}
+
+void TestServerFaults::addDataSource(const QByteArray &name, const QByteArray &items)
+{
+    QFile file(m_folder.filePath(u"odbc.ini"_s));
+    QVERIFY(file.open(QIODevice::Append));
+    file.write('[' + name + "]\n" + items + '\n');
+}
+
+/// A session with fifty rows in the grid, a plan, and work that nobody has committed.
+void TestServerFaults::prepare(ProgramFixture &program)
+{
+    program.start(sandbox);
+    QVERIFY(program.editor() != nullptr);
+    program.run(u"select * from emp"_s, 1);
+    program.run(u"delete from emp"_s);
+    program.run(u"select sale_id from sales order by sale_id"_s);
+    program.press(u"Toolbar1"_s, 1);
+    program.text()->setText(u"typed, and not lost"_s);
+    QTRY_COMPARE(stateOf(program),
+                 u"typed, and not lost|Records Retrieved: 50|50 rows to 50|plan of 1"_s);
+}
+
+/// Changes the connection in the same window, whose text stays, and works on it.
+void TestServerFaults::goOnWith(ProgramFixture &program)
+{
+    const frmQuerna *window = program.editor();
+    const QString text = program.text()->Text();
+    MessageAnswers messages;
+    program.logOn(u"scott"_s, u"tiger"_s, sandboxInTheBox);
+    QVERIFY2(messages.texts.isEmpty(), qPrintable(messages.texts.join(u'|')));
+    QCOMPARE(program.editor(), window);
+    QCOMPARE(program.text()->Text(), text);
+    program.run(u"select count(*) from emp"_s);
+    QCOMPARE(program.grid()->model()->index(0, 0).data().toString(), u"14"_s);
+}
+
+void TestServerFaults::commandWithoutAServer_data()
+{
+    QTest::addColumn<Command>("command");
+    QTest::addColumn<QString>("message");  // a pattern; by the driver's texts where it speaks
+    QTest::addColumn<bool>("keepsResult"); // a Run begins with a new one
+    const QString lost =
+        u"(erver has gone away|Lost connection to server|Connection not open)[^\r]*"_s;
+    const auto row = [&](const char *name, const Command &command, const QString &message,
+                         bool keepsResult = true) {
+        QTest::newRow(name) << command << message << keepsResult;
+    };
+    const auto runs = [](const QString &statement, int tab = 0) {
+        return [=](ProgramFixture &program) { program.run(statement, tab); };
+    };
+    const auto presses = [](int button) {
+        return [=](ProgramFixture &program) { program.press(u"tbrQuerna"_s, button); };
+    };
+    row("query", runs(u"select * from dept"_s), lost, false);
+    row("plan", runs(u"select * from dept"_s, 1), lost);
+    row("output", runs(u"begin dbms_output.put_line('x'); end;"_s, 2), lost);
+    row(
+        "script",
+        [](ProgramFixture &program) {
+            program.text()->setText(u"delete from dept; delete from emp;"_s);
+            program.press(u"tbrQuerna"_s, 2);
+        },
+        u" .*"_s + lost + u"\r\n .*"_s + lost + u"\r\n"_s);
+    row("commit", presses(6), lost);
+    row("picker", presses(17), lost);
+}
+
+void TestServerFaults::commandWithoutAServer()
+{
+    QFETCH(Command, command);
+    QFETCH(QString, message);
+    QFETCH(bool, keepsResult);
+    const QRegularExpression pattern(QRegularExpression::anchoredPattern(u".*"_s + message),
+                                     QRegularExpression::DotMatchesEverythingOption);
+    ProgramFixture program;
+    prepare(program);
+    const QString restOfState = stateOf(program).mid(program.text()->Text().size());
+    // The second time the server is gone already when the command comes.
+    for (int round = 0; round < 2; ++round) {
+        MessageAnswers messages;
+        {
+            std::unique_ptr<ServerDyingUnderWay> dying;
+            if (round == 0)
+                dying = std::make_unique<ServerDyingUnderWay>();
+            QApplication::setActiveWindow(&program.frame());
+            program.text()->setFocus();
+            command(program);
+        }
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY2(pattern.match(messages.texts.first()).hasMatch(),
+                 qPrintable(messages.texts.first()));
+        QCOMPARE(QApplication::activeModalWidget(), nullptr);
+        QCOMPARE(mousePointer(), MousePointer::Default);
+        QCOMPARE(stateOf(program), program.text()->Text() + restOfState);
+    }
+    MessageAnswers messages;
+    const QString path = program.folder() + u"/rows.txt"_s;
+    exportTo(program, keepsResult ? path : QString());
+    QCOMPARE(messages.texts.size(), 1);
+    QVERIFY2(messages.texts.first().contains(keepsResult ? u"\r\n50 records"_s : u"3704 "_s),
+             qPrintable(messages.texts.first()));
+    QVERIFY(program.ends.empty());
+    goOnWith(program);
+}
+
+// Its driver has taken in all rows before it gives the first one.
+void TestServerFaults::serverDyingWhileRetrieving()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    MessageAnswers messages;
+    program.run(u"select * from sales"_s);
+    QTimer::singleShot(2, &program.frame(), killServer);
+    program.press(u"Toolbar1"_s, 2);
+    QCOMPARE(serverId(), 0);
+    QVERIFY(messages.texts.isEmpty());
+    QCOMPARE(program.panel(4), u"Records Retrieved: 100000"_s);
+    goOnWith(program);
+}
+
+// Where rows come as they are fetched, those before the fault stay.
+void TestServerFaults::driverFailingWhileRetrieving()
+{
+    ProgramFixture program;
+    program.start(u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s);
+    program.run(u"rows 1000 integer lost 250"_s);
+    for (int round = 0; round < 2; ++round) {
+        MessageAnswers messages;
+        program.press(u"Toolbar1"_s, 2);
+        QCOMPARE(messages.texts.size(), round == 0 ? 1 : 0);
+        QVERIFY(round > 0 || messages.texts.first().contains(u"the connection is lost"_s));
+        QCOMPARE(program.panel(4), u"Records Retrieved: 200"_s);
+        QTRY_COMPARE(program.grid()->model()->rowCount(), 200);
+        QCOMPARE(program.grid()->model()->index(199, 0).data().toString(), u"199"_s);
+        QCOMPARE(mousePointer(), MousePointer::Default);
+    }
+    MessageAnswers messages;
+    exportTo(program, program.folder() + u"/rows.txt"_s);
+    QVERIFY(messages.texts.join(u'|').contains(u"\r\n200 records"_s));
+}
+
+// The lines that came before the end stay in the pane.
+void TestServerFaults::outputUntilTheServerDies()
+{
+    ProgramFixture program;
+    program.start(sandbox);
+    program.editor()->findChild<QLineEdit *>(u"txtBufferSize"_s)->setText(u"1000000"_s);
+    MessageAnswers messages;
+    const pid_t server = serverId();
+    std::thread killer([server] {
+        std::this_thread::sleep_for(6 * momentUnderWay);
+        ::kill(server, SIGKILL);
+    });
+    program.run(u"begin for i in 1..50000 loop dbms_output.put_line(i); end loop; end;"_s, 2);
+    killer.join();
+    QCOMPARE(messages.texts.size(), 1);
+    const auto *pane = program.editor()->findChild<QPlainTextEdit *>(u"rtbdbms"_s);
+    const QStringList lines = pane->toPlainText().split(u'\n', Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i < lines.size(); ++i)
+        QCOMPARE(lines[i], u"  "_s + QString::number(i + 1));
+    goOnWith(program);
+}
+
+// One after the other in the same window; the last one works.
+void TestServerFaults::logOnsThatFail()
+{
+    const QList<std::pair<QString, QString>> faults = {
+        {u"nowhere"_s, u"Data source name not found"_s},
+        {u"refusing"_s, u"Access denied"_s},
+        {sandboxInTheBox, u"Access denied"_s},
+        {u"silent"_s, u"handshake"_s},
+        {u"dead"_s, u"Can't connect"_s},
+        {u"missing"_s, u"/no/such/driver.so"_s},
+        {u"broken"_s, u"broken.so"_s},
+        {u"alien"_s, u"SQLAllocHandle"_s},
+    };
+    const auto keepsTheServer = std::make_shared<Connection>();
+    keepsTheServer->Open(sandbox);
+    const QString password = u"open sesame"_s;
+    ProgramFixture program;
+    prepare(program);
+    const QString before = stateOf(program);
+    for (const auto &[database, words] : faults) {
+        MessageAnswers messages;
+        program.logOn(u"scott"_s, password, database);
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY2(messages.texts.first().contains(words), qPrintable(messages.texts.first()));
+        QVERIFY(!messages.texts.first().contains(password));
+        QVERIFY(!program.editor()->windowTitle().contains(password));
+        QCOMPARE(stateOf(program), before);
+        QCOMPARE(mousePointer(), MousePointer::Default);
+        program.press(u"tbrQuerna"_s, 6);
+        QCOMPARE(messages.texts.size(), 2);
+    }
+    MessageAnswers messages;
+    exportTo(program, program.folder() + u"/rows.txt"_s);
+    QVERIFY(messages.texts.join(u'|').contains(u"\r\n50 records"_s));
+    goOnWith(program);
+}
+
+QTEST_MAIN(TestServerFaults)
+#include "tst_serverfaults.moc"
