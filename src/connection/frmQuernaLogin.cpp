@@ -2,6 +2,8 @@
 
 #include "connection/connectDb.h"
 #include "connection/session.h"
+#include "controls/accessKey.h"
+#include "controls/named.h"
 #include "platform/errorTraps.h"
 #include "platform/mousePointer.h"
 #include "platform/settings.h"
@@ -61,6 +63,8 @@ frmQuernaLogin::frmQuernaLogin(QWidget *parent)
     setObjectName(u"frmQuernaLogin"_s);
     setWindowTitle(u"Querna Login"_s);
     setAttribute(Qt::WA_DeleteOnClose);
+    // Esc only hides a dialog, but the next log-on is to begin with the entries that are stored.
+    connect(this, &QDialog::finished, this, &QObject::deleteLater);
     new QVBoxLayout(this);
     createEntries();
     createOptions();
@@ -99,6 +103,9 @@ void frmQuernaLogin::createEntries()
     database->setFixedWidth(
         database->fontMetrics().horizontalAdvance(u"(TNS Name or ODBC DSN) "_s));
     grid->setColumnStretch(1, 1);
+    setAccessKey(m_txtUserName, Qt::Key_U, this);
+    setAccessKey(m_txtPassword, Qt::Key_P, this);
+    setAccessKey(m_txtDb, Qt::Key_D, this);
 
     auto *column = static_cast<QVBoxLayout *>(layout());
     column->addWidget(banner);
@@ -115,9 +122,8 @@ void frmQuernaLogin::createOptions()
         return group;
     };
     const auto addOption = [](QGroupBox *group, const QString &name, const QString &caption,
-                              const QString &toolTip) {
-        auto *option = new QRadioButton(caption);
-        option->setObjectName(name);
+                              Qt::Key key, const QString &toolTip) {
+        auto *option = withAccessKey(named(new QRadioButton(caption), name), key);
         option->setToolTip(toolTip);
         group->layout()->addWidget(option);
         return option;
@@ -126,16 +132,19 @@ void frmQuernaLogin::createOptions()
     const QString tnsAbove = u"Specify TNS Name in the Database box above"_s;
     auto *drivers = makeGroup(u"Frame1"_s, u"Select Connection Driver"_s);
     m_optPrefConn = {
-        addOption(drivers, u"optPrefConn_0"_s, u"Microsoft OLEDB Driver for Oracle"_s, tnsAbove),
-        addOption(drivers, u"optPrefConn_1"_s, u"Oracle OLEDB Driver for Oracle"_s, tnsAbove),
-        addOption(drivers, u"optPrefConn_2"_s, u"ODBC DSN Connection"_s, {})};
+        addOption(drivers, u"optPrefConn_0"_s, u"Microsoft OLEDB Driver for Oracle"_s, Qt::Key_M,
+                  tnsAbove),
+        addOption(drivers, u"optPrefConn_1"_s, u"Oracle OLEDB Driver for Oracle"_s, Qt::Key_R,
+                  tnsAbove),
+        addOption(drivers, u"optPrefConn_2"_s, u"ODBC DSN Connection"_s, Qt::Key_B, {})};
     m_optPrefConn[0]->setChecked(true);
 
     const QString dsnAbove = u"Specify ODBC DSN in Database box above"_s;
     auto *privileges = makeGroup(u"Frame2"_s, u"SYS Privileges"_s);
-    m_optSYS = {addOption(privileges, u"optSYS_0"_s, u"Normal (No SYS Privileges)"_s, {}),
-                addOption(privileges, u"optSYS_1"_s, u"Connect as SYSDBA"_s, dsnAbove),
-                addOption(privileges, u"optSYS_2"_s, u"Connect as SYSOPER"_s, dsnAbove)};
+    m_optSYS = {
+        addOption(privileges, u"optSYS_0"_s, u"Normal (No SYS Privileges)"_s, Qt::Key_N, {}),
+        addOption(privileges, u"optSYS_1"_s, u"Connect as SYSDBA"_s, Qt::Key_S, dsnAbove),
+        addOption(privileges, u"optSYS_2"_s, u"Connect as SYSOPER"_s, Qt::Key_Y, dsnAbove)};
     m_optSYS[0]->setChecked(true);
     for (int i = 0; i < 3; ++i)
         connect(m_optSYS[static_cast<size_t>(i)], &QRadioButton::clicked, this,
@@ -144,12 +153,13 @@ void frmQuernaLogin::createOptions()
 
 void frmQuernaLogin::createButtons()
 {
-    auto *buttons = new QDialogButtonBox;
-    auto *ok = buttons->addButton(u"OK"_s, QDialogButtonBox::AcceptRole);
-    ok->setObjectName(u"cmdOK"_s);
+    auto *buttons = new QDialogButtonBox(this);
+    auto *ok = withAccessKey(
+        named(buttons->addButton(u"OK"_s, QDialogButtonBox::AcceptRole), u"cmdOK"_s), Qt::Key_O);
     ok->setDefault(true);
-    auto *cancel = buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole);
-    cancel->setObjectName(u"cmdCancel"_s);
+    auto *cancel = withAccessKey(
+        named(buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole), u"cmdCancel"_s),
+        Qt::Key_C);
     connect(ok, &QPushButton::clicked, this, &frmQuernaLogin::cmdOK_Click);
     connect(cancel, &QPushButton::clicked, this, &frmQuernaLogin::cmdCancel_Click);
     layout()->addWidget(buttons);

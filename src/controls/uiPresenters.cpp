@@ -43,6 +43,7 @@ void showLongTextScrolling(QMessageBox &box)
         return;
     auto *field = new QPlainTextEdit(box.text(), &box);
     field->setObjectName(u"messageText"_s);
+    field->setAccessibleName(QObject::tr("Message"));
     field->setReadOnly(true);
     field->setMinimumSize(room);
     delete layout->replaceWidget(label, field);

@@ -4,6 +4,7 @@
 #include "dialogs/listFillers.h"
 #include "platform/errorTraps.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QKeyEvent>
@@ -56,6 +57,7 @@ QComboBox *ObjectPicker::addCombo(const QString &name, const QString &label)
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setAccessibleName(withoutMnemonic(label));
     combo->lineEdit()->setAccessibleName(withoutMnemonic(label));
+    combo->view()->setAccessibleName(withoutMnemonic(label));
     // A typed name stays as it is typed, and leaving the field does not pick it.
     combo->setCompleter(nullptr);
     disconnect(combo->lineEdit(), &QLineEdit::editingFinished, combo, nullptr);

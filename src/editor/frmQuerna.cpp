@@ -56,6 +56,7 @@ frmQuerna::frmQuerna(QWidget *parent)
     : QWidget(parent)
 {
     setObjectName(u"frmQuerna"_s);
+    setAccessibleName(tr("SQL editor"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     m_controls.create(this);

@@ -1,3 +1,7 @@
+#include "connection/frmQuernaLogin.h"
+#include "controls/EditorControl.h"
+#include "controls/EditorReplaceDialog.h"
+#include "controls/EditorSearch.h"
 #include "controls/uiPresenters.h"
 #include "dialogs/frmFind.h"
 #include "dialogs/frmObject.h"
@@ -7,8 +11,8 @@
 #include "history/frmSQLHistory.h"
 #include "platform/applicationFolder.h"
 #include "support/SandboxFixture.h"
+#include "uisupport/accessibleNames.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -61,12 +65,14 @@ class tst_dialogkeys : public QObject
     Q_OBJECT
 private slots:
     void initTestCase();
-    void cleanupTestCase() { setApplicationFolder(QString()); }
+    void cleanupTestCase();
     void dialogs_data();
     void dialogs();
 
 private:
     QTemporaryDir m_folder;
+    std::unique_ptr<EditorControl> m_editor;
+    std::unique_ptr<EditorSearch> m_search;
 };
 
 void tst_dialogkeys::initTestCase()
@@ -74,6 +80,15 @@ void tst_dialogkeys::initTestCase()
     installUiPresenters();
     SandboxFixture::useSharedFolder();
     setApplicationFolder(m_folder.path());
+    m_editor = std::make_unique<EditorControl>();
+    m_search = std::make_unique<EditorSearch>(*m_editor);
+}
+
+void tst_dialogkeys::cleanupTestCase()
+{
+    m_search.reset();
+    m_editor.reset();
+    setApplicationFolder(QString());
 }
 
 void tst_dialogkeys::dialogs_data()
@@ -81,6 +96,13 @@ void tst_dialogkeys::dialogs_data()
     QTest::addColumn<DialogMaker>("make");
     QTest::addColumn<QString>("tabOrder");
     QTest::addColumn<QString>("defaultButton");
+    QTest::newRow("frmQuernaLogin")
+        << DialogMaker(plain<frmQuernaLogin>)
+        << u"txtUserName txtPassword txtDb optPrefConn_0 optSYS_0 cmdOK cmdCancel"_s << u"cmdOK"_s;
+    QTest::newRow("EditorReplaceDialog") << DialogMaker([this] {
+        return std::make_unique<EditorReplaceDialog>(*m_search, m_editor.get());
+    }) << u"txtSearch txtReplacement chkMatchCase chkWholeWord cmdClose"_s
+                                         << u"cmdFindNext"_s;
     QTest::newRow("frmFind") << DialogMaker(plain<frmFind>)
                              << u"txtFind txtReplace chkCase cmdFindFirst cmdFindNext cmdReplace "
                                 "cmdReplaceAll cmdFindCancel"_s
@@ -107,13 +129,7 @@ void tst_dialogkeys::dialogs()
     QCOMPARE(dialog->objectName(), QString::fromLatin1(QTest::currentDataTag()));
     QTEST(tabOrder(*dialog).join(u' '), "tabOrder");
 
-    for (QWidget *control : dialog->findChildren<QWidget *>()) {
-        if (!(control->focusPolicy() & Qt::TabFocus) || control->window() != dialog.get())
-            continue;
-        const QAccessibleInterface *read = QAccessible::queryAccessibleInterface(control);
-        QVERIFY(read);
-        QVERIFY2(!read->text(QAccessible::Name).isEmpty(), qPrintable(control->objectName()));
-    }
+    QCOMPARE(namelessControls(*dialog).join(u'|'), QString());
     for (const QPushButton *button : dialog->findChildren<QPushButton *>())
         QCOMPARE(button->isDefault(), button->objectName() == defaultButton);
 

@@ -88,6 +88,7 @@ void TestRun::queryFillsGridPanelsAndHistory()
     ProgramFixture program;
     program.start(sandbox);
     QCOMPARE(program.editor()->windowTitle(), u"SCOTT@SANDBOX - SQL Editor: ..."_s);
+    QCOMPARE(program.panel(2), u"Sandbox tables: emp, dept, salgrade, sales"_s);
     program.run(u" select * from emp order by empno "_s);
     QCOMPARE(program.grid()->model()->rowCount(), 14);
     QCOMPARE(program.grid()->model()->headerData(1, Qt::Horizontal).toString(), u"ENAME"_s);

@@ -1,0 +1,224 @@
+#include "app/MDIFormQuerna.h"
+#include "controls/EditorControl.h"
+#include "editor/frmQuerna.h"
+#include "platform/messageBox.h"
+#include "uisupport/ModalAnswers.h"
+#include "uisupport/ProgramFixture.h"
+#include "uisupport/accessibleNames.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDropEvent>
+#include <QFile>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolBar>
+#include <QToolTip>
+#include <QUrl>
+#include <QWheelEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void drop(const QString &path, EditorControl &editor)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor.viewport(), &enter);
+    QDropEvent event(QPointF(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor.viewport(), &event);
+}
+
+void turnWheel(EditorControl &editor, int steps)
+{
+    const QPointF place(5, 5);
+    QWheelEvent event(place, editor.viewport()->mapToGlobal(place), {}, QPoint(0, 120 * steps),
+                      Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(editor.viewport(), &event);
+}
+
+} // namespace
+
+/// What people take for granted in any program, in the real window.
+class tst_habits : public QObject
+{
+    Q_OBJECT
+private slots:
+    void runKeys_data();
+    void runKeys();
+    void textKeys_data();
+    void textKeys();
+    void paneKeys();
+    void buttonsTellTheirKeys();
+    void everyControlHasAName();
+    void loginByKeyboard();
+    void frameAndZoomAreKept();
+    void droppedFileIsOpened();
+};
+
+void tst_habits::runKeys_data()
+{
+    QTest::addColumn<QKeyCombination>("key");
+    QTest::newRow("F5") << QKeyCombination(Qt::Key_F5);
+    QTest::newRow("Ctrl+Return") << QKeyCombination(Qt::CTRL | Qt::Key_Return);
+    QTest::newRow("Ctrl+Enter") << QKeyCombination(Qt::ControlModifier | Qt::KeypadModifier,
+                                                   Qt::Key_Enter);
+}
+
+void tst_habits::runKeys()
+{
+    QFETCH(QKeyCombination, key);
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    program.text()->setText(u"select 1"_s);
+    QTest::keyClick(program.text(), key.key(), key.keyboardModifiers());
+    QCOMPARE(program.panel(4), u"Records Retrieved: 1"_s);
+    QCOMPARE(program.text()->Text(), u"select 1"_s);
+}
+
+void tst_habits::textKeys_data()
+{
+    QTest::addColumn<QKeyCombination>("key");
+    QTest::addColumn<QString>("result");
+    QTest::newRow("upper case") << QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_U) << u"--AB C"_s;
+    QTest::newRow("lower case") << QKeyCombination(Qt::CTRL, Qt::Key_U) << u"--ab c"_s;
+    QTest::newRow("initials") << QKeyCombination(Qt::CTRL, Qt::Key_I) << u"--ab C"_s;
+    QTest::newRow("comment") << QKeyCombination(Qt::CTRL, Qt::Key_K) << u"----aB c"_s;
+    QTest::newRow("uncomment") << QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_K) << u"aB c"_s;
+}
+
+void tst_habits::textKeys()
+{
+    QFETCH(QKeyCombination, key);
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    program.text()->setText(u"--aB c"_s);
+    program.text()->setSelLength(6);
+    QTest::keyClick(program.text(), key.key(), key.keyboardModifiers());
+    QTEST(program.text()->Text(), "result");
+}
+
+void tst_habits::paneKeys()
+{
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    QTest::keyClick(program.text(), Qt::Key_3, Qt::AltModifier);
+    QCOMPARE(program.editor()->findChild<QTabWidget *>(u"tbSql"_s)->currentIndex(), 2);
+    QVERIFY(program.text()->hasFocus());
+    QTest::keyClick(program.text(), Qt::Key_F4);
+    auto *output = program.editor()->findChild<QPlainTextEdit *>(u"rtbdbms"_s);
+    QVERIFY(output->hasFocus());
+    QTest::keyClick(output, Qt::Key_F4);
+    QVERIFY(program.text()->hasFocus());
+}
+
+void tst_habits::buttonsTellTheirKeys()
+{
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    for (const QString &name : {u"tbrQuerna"_s, u"Toolbar1"_s}) {
+        auto *bar = program.editor()->findChild<QToolBar *>(name);
+        for (QAction *action : bar->actions()) {
+            if (action->isSeparator())
+                continue;
+            QWidget *button = bar->widgetForAction(action);
+            QHelpEvent hover(QEvent::ToolTip, QPoint(1, 1), QPoint(1, 1));
+            QCoreApplication::sendEvent(button, &hover);
+            QVERIFY2(QToolTip::text().startsWith(action->toolTip() + u" ("_s) &&
+                         QToolTip::text().endsWith(u')'),
+                     qPrintable(QToolTip::text()));
+        }
+    }
+    QToolTip::hideText();
+}
+
+void tst_habits::everyControlHasAName()
+{
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    program.run(u"select 1 as one"_s);
+    QCOMPARE(namelessControls(program.frame()).join(u'|'), QString());
+
+    QStringList nameless{u"no message came"_s};
+    QTimer::singleShot(0, &program.frame(), [&nameless] {
+        QWidget *box = QApplication::activeModalWidget();
+        nameless = namelessControls(*box);
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
+    showMessage(u"a line\n"_s.repeated(500));
+    QCOMPARE(nameless.join(u'|'), QString());
+}
+
+void tst_habits::loginByKeyboard()
+{
+    ProgramFixture program;
+    program.start({});
+    const auto login = [&] { return program.frame().findChild<QDialog *>(u"frmQuernaLogin"_s); };
+    const auto press = [&](Qt::Key key) { QTest::keyClick(login(), key, Qt::AltModifier); };
+    const auto isChecked = [&](const QString &name) {
+        return login()->findChild<QAbstractButton *>(name)->isChecked();
+    };
+    QApplication::setActiveWindow(login());
+    press(Qt::Key_D);
+    QTest::keyClicks(login()->focusWidget(), u"elsewhere"_s);
+    QCOMPARE(login()->findChild<QLineEdit *>(u"txtDb"_s)->text(), u"elsewhere"_s);
+    press(Qt::Key_Y);
+    QTRY_VERIFY(isChecked(u"optSYS_2"_s));
+    QVERIFY(isChecked(u"optPrefConn_2"_s));
+    QTest::keyClick(login(), Qt::Key_Escape);
+    QTRY_VERIFY(login() == nullptr);
+    // The next one is loaded afresh.
+    program.menuItem(u"mnuChangeConnection"_s)->trigger();
+    QCOMPARE(login()->findChild<QLineEdit *>(u"txtDb"_s)->text(), QString());
+    QVERIFY(isChecked(u"optSYS_0"_s));
+}
+
+void tst_habits::frameAndZoomAreKept()
+{
+    ProgramFixture program;
+    const QString connection = sqliteConnectionString(program.folder());
+    program.start(connection);
+    const QSize size = program.frame().size() - QSize(120, 70);
+    program.frame().resize(size);
+    turnWheel(*program.text(), 1);
+    QTest::keyClick(program.text(), Qt::Key_Plus, Qt::ControlModifier);
+    QCOMPARE(program.text()->zoomLevel(), 2);
+    // The program may be ended at any moment; nothing is closed here.
+    QTest::qWait(500);
+
+    MDIFormQuerna next;
+    next.Form_Load(connection);
+    QCOMPARE(next.size(), size);
+    QCOMPARE(next.findChild<EditorControl *>(u"txtSQL"_s)->zoomLevel(), 2);
+}
+
+void tst_habits::droppedFileIsOpened()
+{
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    const QString path = program.folder() + u"/a.sql"_s;
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("select 1\n");
+    file.close();
+    program.text()->setText(u"typed"_s);
+    drop(path, *program.text());
+    QCOMPARE(program.text()->Text(), u"select 1\r\n"_s);
+
+    MessageAnswers messages;
+    drop(program.folder() + u"/gone.sql"_s, *program.text());
+    QCOMPARE(messages.texts, QStringList(u"File not found"_s));
+    QCOMPARE(program.text()->Text(), u"select 1\r\n"_s);
+    QVERIFY(program.ends.empty());
+}
+
+QTEST_MAIN(tst_habits)
+#include "tst_habits.moc"
