@@ -1,4 +1,3 @@
-#include "app/MDIFormQuerna.h"
 #include "connection/session.h"
 #include "controls/ColumnTree.h"
 #include "controls/DataGrid.h"
@@ -22,9 +21,6 @@
 #include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QTest>
-#include <QTimer>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -44,8 +40,6 @@ void appendPlan(const QTreeWidgetItem *item, int depth, QString &text)
 
 } // namespace
 
-Q_DECLARE_METATYPE(std::function<void(ProgramFixture &)>)
-
 /// The Run command and the row commands of an editor window, on a real server.
 class TestRun : public QObject
 {
@@ -59,8 +53,6 @@ private slots:
     void elapsedTimeComesFromTheClock_data();
     void elapsedTimeComesFromTheClock();
     void pagesOfRows();
-    void commandsWhileRetrieving_data();
-    void commandsWhileRetrieving();
     void dmlStaysInTheTransaction();
     void closingRollsBack();
     void failureLeavesGridAndPointer();
@@ -184,58 +176,6 @@ void TestRun::pagesOfRows()
     program.run(u"select 1 as id, null as id, 'x' as id from dual where 1 = 0"_s);
     QCOMPARE(program.panel(4), u"Records Retrieved: 0"_s);
     QCOMPARE(program.editor()->rsResult()->fieldCount(), 0);
-}
-
-void TestRun::commandsWhileRetrieving_data()
-{
-    using UserAction = std::function<void(ProgramFixture &)>;
-    QTest::addColumn<UserAction>("command");
-    QTest::addColumn<QString>("rows"); // what panel 4 says at the end; empty: no window is left
-    QTest::newRow("retrieve all again")
-        << UserAction([](ProgramFixture &program) { program.press(u"Toolbar1"_s, 2); })
-        << u"Records Retrieved: 30000"_s;
-    QTest::newRow("next set") << UserAction([](ProgramFixture &program) {
-        program.press(u"Toolbar1"_s, 1);
-    }) << u"Records Retrieved: 30000"_s;
-    QTest::newRow("run another query")
-        << UserAction([](ProgramFixture &program) { program.run(u"select * from dept"_s); })
-        << u"Records Retrieved: 4"_s;
-    QTest::newRow("commit and roll back") << UserAction([](ProgramFixture &program) {
-        program.press(u"tbrQuerna"_s, 6);
-        program.press(u"tbrQuerna"_s, 7);
-    }) << u"Records Retrieved: 30000"_s;
-    QTest::newRow("close the window")
-        << UserAction([](ProgramFixture &program) { program.editor()->parentWidget()->close(); })
-        << QString();
-    QTest::newRow("close the frame")
-        << UserAction([](ProgramFixture &program) { program.frame().close(); }) << QString();
-}
-
-void TestRun::commandsWhileRetrieving()
-{
-    QFETCH(std::function<void(ProgramFixture &)>, command);
-    QFETCH(QString, rows);
-    ProgramFixture program;
-    program.start(sandbox);
-    MessageAnswers messages;
-    program.run(u"select * from sales where sale_id <= 30000"_s);
-    bool commanded = false;
-    QTimer::singleShot(2, &program.frame(), [&] {
-        commanded = true;
-        command(program);
-    });
-    program.press(u"Toolbar1"_s, 2);
-    QVERIFY(commanded);
-    QVERIFY2(messages.texts.isEmpty(), qPrintable(messages.texts.join(u'|')));
-    if (rows.isEmpty()) {
-        QTRY_VERIFY(program.editor() == nullptr);
-        QVERIFY(!gConnection);
-        return;
-    }
-    QCOMPARE(program.panel(4), rows);
-    const qint64 shown = rows.mid(rows.lastIndexOf(u' ') + 1).toLongLong();
-    QCOMPARE(program.editor()->rsResult()->RecordCount(), shown);
-    QTRY_COMPARE(qint64{program.grid()->model()->rowCount()}, shown);
 }
 
 void TestRun::dmlStaysInTheTransaction()
