@@ -4,7 +4,6 @@
 
 #include <array>
 
-class QLabel;
 class QLineEdit;
 class QRadioButton;
 

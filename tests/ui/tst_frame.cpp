@@ -6,6 +6,7 @@
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
 #include "platform/settings.h"
+#include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
 
@@ -279,12 +280,10 @@ void TestFrame::loginKeepsEntriesThoughItFails()
 void TestFrame::loginOnADataSource()
 {
     ProgramFixture program;
-    QFile odbcIni(program.folder() + u"/odbc.ini"_s);
-    QVERIFY(odbcIni.open(QIODevice::WriteOnly));
-    odbcIni.write("[practice]\nDriver=SQLite3\nDatabase=" + program.folder().toUtf8() +
-                  "/dsn.db\n");
-    odbcIni.close();
-    qputenv("ODBCINI", QFile::encodeName(odbcIni.fileName()));
+    const QString odbcIni = program.folder() + u"/odbc.ini"_s;
+    makeFile(odbcIni,
+             "[practice]\nDriver=SQLite3\nDatabase=" + program.folder().toUtf8() + "/dsn.db\n");
+    qputenv("ODBCINI", QFile::encodeName(odbcIni));
 
     program.start({});
     QWidget *login = loginOf(program.frame());
@@ -380,11 +379,7 @@ void TestFrame::saveAndOpen()
     program.text()->setText(u"first\nsecond"_s);
     answerFileDialog(path);
     program.menuItem(u"mnuSave"_s)->trigger();
-    const auto saved = [&path] {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    };
-    QCOMPARE(saved(), QByteArray("first\r\nsecond\r\n"));
+    QCOMPARE(contentOf(path), QByteArray("first\r\nsecond\r\n"));
 
     program.text()->setText(u"other"_s);
     {
@@ -393,13 +388,13 @@ void TestFrame::saveAndOpen()
         program.menuItem(u"mnuSave"_s)->trigger();
         QCOMPARE(no.texts, QStringList(u"File Exists - Do you want to overwrite the file?"_s));
     }
-    QCOMPARE(saved(), QByteArray("first\r\nsecond\r\n"));
+    QCOMPARE(contentOf(path), QByteArray("first\r\nsecond\r\n"));
     {
         MessageAnswers yes(u"Yes"_s);
         answerFileDialog(path);
         program.menuItem(u"mnuSave"_s)->trigger();
     }
-    QCOMPARE(saved(), QByteArray("other\r\n"));
+    QCOMPARE(contentOf(path), QByteArray("other\r\n"));
 
     MessageAnswers messages;
     answerFileDialog({});
