@@ -5,6 +5,9 @@
 #include "platform/ByteBuffer.h"
 #include "platform/TextFileWriter.h"
 #include "platform/checkedArithmetic.h"
+#include "platform/errorTraps.h"
+
+#include <QScopeGuard>
 
 #include <vector>
 
@@ -99,6 +102,8 @@ template <typename Count, typename Line>
 Count writeLines(Recordset &recordset, const QString &path, const Line &line)
 {
     recordset.MoveFirst(); // before a file is replaced by nothing
+    // However it ends: a recordset at its end would not be exported again.
+    const auto rewind = qScopeGuard([&] { ignoreErrors([&] { recordset.MoveFirst(); }); });
     TextFileWriter file(path, TextFileWriter::Mode::Replace);
     RowCells cells;
     ByteBuffer text;
@@ -112,8 +117,6 @@ Count writeLines(Recordset &recordset, const QString &path, const Line &line)
         file.write(text.view());
     }
     file.close();
-    if (recordset.RecordCount() > 0)
-        recordset.MoveFirst();
     return count;
 }
 

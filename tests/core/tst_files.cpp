@@ -1,6 +1,7 @@
 #include "platform/FileHandle.h"
 #include "platform/LineReader.h"
 #include "platform/TextFileWriter.h"
+#include "platform/replaceFile.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 
@@ -129,6 +130,9 @@ void tst_Files::failures_data()
     row("file for a folder", write(u"/dev/null/file"_s, "a"), ErrorNumber::PathNotFound);
     row("folder to read", read(m_folder.path()), ErrorNumber::PathFileAccessError);
     row("folder to write", write(m_folder.path(), "a"), ErrorNumber::PathFileAccessError);
+    const auto save = [](const QString &path) { return [=] { replaceFile(path, "a"); }; };
+    row("folder to save over", save(m_folder.path()), ErrorNumber::PathFileAccessError);
+    row("no room to save to", save(u"/dev/full"_s), ErrorNumber::DiskFull);
     row("no room, told when closing", write(u"/dev/full"_s, "a"), ErrorNumber::DiskFull);
     row("no room", write(u"/dev/full"_s, QByteArray(1'000'000, 'a')), ErrorNumber::DiskFull);
 }

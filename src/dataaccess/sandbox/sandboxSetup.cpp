@@ -109,10 +109,13 @@ void noteObjectsVersion(const QString &dataPath)
 
 QString sandboxErrorLines(const QByteArray &log)
 {
+    constexpr qsizetype most = 3;
     const QStringList lines = QString::fromUtf8(log).split(u'\n', Qt::SkipEmptyParts);
     const QStringList errors = lines.filter(u"ERROR"_s);
-    const QStringList &shown = errors.isEmpty() ? lines : errors;
-    return shown.mid(qMax<qsizetype>(0, shown.size() - 3)).join(u'\n');
+    // One error brings others along: the first ones tell the cause.
+    const QStringList shown =
+        errors.isEmpty() ? lines.mid(qMax<qsizetype>(0, lines.size() - most)) : errors.mid(0, most);
+    return shown.join(u'\n');
 }
 
 QString sandboxServerProgram()

@@ -11,7 +11,7 @@
 /// A file of the sandbox's own: its SQL, or the scripts that look after the server.
 QByteArray sandboxResource(const QString &name);
 
-/// What a server's output says about a failure: its last error lines, or else its last lines.
+/// What a server's output says about a failure: its first error lines, or else its last lines.
 QString sandboxErrorLines(const QByteArray &log);
 
 /// The server's program file.
