@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 namespace {
 
 /// In lines of the desktop's font, which is as large as its user needs it.
-constexpr QSize firstSize(75, 52);
+constexpr QSize firstSize(79, 56);
 constexpr int smallestZoom = -10;
 constexpr int largestZoom = 20;
 constexpr auto pauseBeforeKeeping = 300ms;

@@ -18,12 +18,18 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QThread>
+#include <QWindow>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -50,6 +56,18 @@ QString sessionHint()
                             : MDIFormQuerna::tr("Sandbox tables: %1").arg(tables.join(u", "_s));
 }
 
+/// Sees to it that a window is on the screen, for work follows that lets no event through. A
+/// desktop takes a moment to give a new window its place; one that shows nothing is not waited for.
+void showAtOnce(const QWidget &window)
+{
+    const QDeadlineTimer longest(500ms);
+    do {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(5);
+    } while (!window.windowHandle()->isExposed() && !longest.hasExpired());
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 /// Shows in the middle of the empty frame what the sandbox is being waited for.
 class FrameNotice
 {
@@ -67,8 +85,7 @@ public:
             m_label.adjustSize();
             m_label.move(area.rect().center() - m_label.rect().center());
             m_label.show();
-            // The work that follows lets no event through.
-            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+            showAtOnce(*area.window());
         });
     }
     ~FrameNotice() { setSandboxProgress({}); }
