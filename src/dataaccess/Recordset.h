@@ -43,7 +43,7 @@ public:
     /// Adds a column to a closed recordset that is to be opened without a source.
     /// @param definedSize  longest text in UTF-16 units that a character column takes; 0 for no
     ///                     limit
-    /// @throws RuntimeError 3705 when open, 3367 when the name is there already
+    /// @throws RuntimeError 3705 when open, 3367 when the name is there already, spelt the same
     void appendField(const QString &name, DataTypeEnum type, int definedSize = 0);
 
     /// Opens an empty table over the appended fields; the cursor location becomes adUseClient.

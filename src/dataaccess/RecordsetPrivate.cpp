@@ -5,6 +5,8 @@
 #include "dataaccess/odbc/OdbcSession.h"
 #include "platform/RuntimeError.h"
 
+#include <algorithm>
+
 namespace {
 
 bool isCharacterType(DataTypeEnum type)
@@ -83,10 +85,22 @@ void RecordsetPrivate::indexNames()
 
 int RecordsetPrivate::fieldIndex(const QString &name) const
 {
+    const int index = indexOf(name);
+    if (index < 0)
+        throw RuntimeError(ErrorNumber::ItemNotFound);
+    return index;
+}
+
+/// The field of exactly this name, or else the first whose letters differ only in case; −1 when
+/// there is neither.
+int RecordsetPrivate::indexOf(const QString &name) const
+{
     const auto found = m_fieldIndexes.constFind(name.toLower());
     if (found == m_fieldIndexes.constEnd())
-        throw RuntimeError(ErrorNumber::ItemNotFound);
-    return *found;
+        return -1;
+    const auto exact = std::find_if(m_fields.begin() + *found, m_fields.end(),
+                                    [&](const FieldInfo &field) { return field.name == name; });
+    return exact == m_fields.end() ? *found : static_cast<int>(exact - m_fields.begin());
 }
 
 void RecordsetPrivate::appendField(const FieldInfo &field)
@@ -96,10 +110,12 @@ void RecordsetPrivate::appendField(const FieldInfo &field)
         m_isFabricated = true;
         m_takesPackedRows = true;
     }
-    const QString key = field.name.toLower();
-    if (m_fieldIndexes.contains(key))
+    // Servers tell "id" from "ID", and a query may well return both.
+    const int namesake = indexOf(field.name);
+    if (namesake >= 0 && m_fields[static_cast<size_t>(namesake)].name == field.name)
         throw RuntimeError(ErrorNumber::ObjectInCollection);
-    m_fieldIndexes.insert(key, static_cast<int>(m_fields.size()));
+    if (namesake < 0)
+        m_fieldIndexes.insert(field.name.toLower(), static_cast<int>(m_fields.size()));
     m_fields.push_back(field);
     m_takesPackedRows = m_takesPackedRows && field.type == adVariant;
 }

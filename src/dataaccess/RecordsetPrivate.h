@@ -75,6 +75,7 @@ private:
     void checkSize(int field, const Value &value) const;
     void takeRows(std::unique_ptr<RowSource> source);
     void indexNames();
+    int indexOf(const QString &name) const;
     MemoryTable &editableTable();
     void leaveSession();
 

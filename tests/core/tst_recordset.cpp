@@ -77,14 +77,18 @@ void tst_recordset::fieldsAreAppendedWhileClosed()
     Recordset table;
     table.appendField(u"One"_s, adVariant);
     table.appendField(u"two"_s, adVarChar, 10);
-    QCOMPARE(raisedError([&] { table.appendField(u"ONE"_s, adVariant); }), 3367);
+    table.appendField(u"ONE"_s, adVariant);
+    for (const QString &name : {u"One"_s, u"ONE"_s})
+        QCOMPARE(raisedError([&] { table.appendField(name, adVariant); }), 3367);
     table.Open();
+    QCOMPARE(table.fieldIndex(u"ONE"_s), 2);
+    QCOMPARE(table.fieldIndex(u"one"_s), 0);
     QCOMPARE(table.CursorLocation(), adUseClient);
-    QCOMPARE(table.fieldCount(), 2);
+    QCOMPARE(table.fieldCount(), 3);
     QCOMPARE(table.fieldIndex(u"TWO"_s), 1);
     QCOMPARE(table.fieldType(1), adVarChar);
     QCOMPARE(raisedError([&] { table.fieldIndex(u"three"_s); }), 3265);
-    QCOMPARE(raisedError([&] { table.fieldName(2); }), 3265);
+    QCOMPARE(raisedError([&] { table.fieldName(3); }), 3265);
     QCOMPARE(raisedError([&] { table.appendField(u"Three"_s, adVariant); }), 3705);
     QCOMPARE(raisedError([&] { table.Open(); }), 3705);
     table.Close();

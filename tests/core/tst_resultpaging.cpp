@@ -112,6 +112,8 @@ void tst_ResultPaging::fieldNames_data()
     QTest::newRow("different") << u"select 1 as ID, 2 as NAME"_s << QStringList{u"ID"_s, u"NAME"_s};
     QTest::newRow("twice") << u"select 1 as ID, 2 as B, 3 as ID"_s
                            << QStringList{u"ID"_s, u"B"_s, u"ID_1"_s};
+    QTest::newRow("different letter case")
+        << u"select 1 as id, 2 as ID"_s << QStringList{u"id"_s, u"ID"_s};
     QTest::newRow("three times") << u"select 1 as A, 2 as A, 3 as A"_s
                                  << QStringList{u"A"_s, u"A_1"_s, u"A_1_1"_s};
     QTest::newRow("new name taken already")
