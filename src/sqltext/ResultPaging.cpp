@@ -6,8 +6,12 @@
 #include "platform/textForms.h"
 #include "sqltext/sqlFilters.h"
 
+#include <QByteArrayView>
 #include <QStringList>
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -130,7 +134,12 @@ void ResultPaging::retrieveAll()
 
 QString ResultPaging::retrievedText() const
 {
-    return "Records Retrieved: "_L1 + QString::number(m_recordsFetched);
+    // Written for every row that arrives.
+    constexpr QByteArrayView label = "Records Retrieved: ";
+    std::array<char, 32> text{};
+    char *const number = std::copy(label.begin(), label.end(), text.data());
+    char *const end = std::to_chars(number, text.data() + text.size(), m_recordsFetched).ptr;
+    return QString::fromLatin1(text.data(), end - text.data());
 }
 
 void ResultPaging::showCount() const
