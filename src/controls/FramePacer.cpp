@@ -2,11 +2,18 @@
 
 #include <QTimerEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
-constexpr int frameMilliseconds = 16;
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr Clock::duration shortestFrame = 16ms;
+constexpr Clock::duration longestFrame = 100ms;
+/// Work that gets slower, as a view's does with its rows, takes at most this part of the time.
+constexpr int workShare = 20;
 
 } // namespace
 
@@ -21,7 +28,11 @@ void FramePacer::flush()
     if (!m_timer.isActive())
         return;
     m_timer.stop();
+    const Clock::time_point begin = Clock::now();
     m_work();
+    const Clock::duration pause = (Clock::now() - begin) * workShare;
+    m_frame = std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::clamp(pause, shortestFrame, longestFrame));
 }
 
 void FramePacer::timerEvent(QTimerEvent *event)
@@ -32,5 +43,5 @@ void FramePacer::timerEvent(QTimerEvent *event)
 
 void FramePacer::start()
 {
-    m_timer.start(frameMilliseconds, this);
+    m_timer.start(static_cast<int>(m_frame.count()), this);
 }

@@ -3,10 +3,11 @@
 #include <QBasicTimer>
 #include <QObject>
 
+#include <chrono>
 #include <functional>
 
 /// Gathers requests that come far more often than a screen can show them, and does the work they
-/// ask for once a frame.
+/// ask for once a frame; a frame is longer than a screen's where the work itself takes long.
 class FramePacer : public QObject
 {
     Q_OBJECT
@@ -31,4 +32,5 @@ private:
 
     std::function<void()> m_work;
     QBasicTimer m_timer;
+    std::chrono::milliseconds m_frame{16};
 };

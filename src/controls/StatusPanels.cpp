@@ -55,6 +55,9 @@ StatusPanels::StatusPanels(const QString &objectName, QWidget *parent)
         panel->setAccessibleName(panelPurpose(i));
         panel->setTextFormat(Qt::PlainText);
         panel->setUpdatesEnabled(false);
+        // With every text a label asks for its contents' margins, and so for the screen's, which
+        // costs more than the text.
+        panel->setAttribute(Qt::WA_ContentsMarginsRespectsSafeArea, false);
         m_labels[static_cast<std::size_t>(i)] = panel;
     }
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
