@@ -13,6 +13,7 @@ folder=$1
 stop=$2
 shift 2
 umask 077
+export UMASK=0600 UMASK_DIR=0700 # the server heeds these alone
 
 if [ $# -gt 0 ]; then
     # The inner shell ends at once and leaves the server to the system.

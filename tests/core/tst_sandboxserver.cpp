@@ -2,9 +2,11 @@
 #include "dataaccess/sandbox/Sandbox.h"
 #include "platform/RuntimeError.h"
 #include "support/SandboxFixture.h"
+#include "support/testFiles.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QProcess>
@@ -27,8 +29,8 @@ namespace {
 
 constexpr int patience = 30'000; // milliseconds
 
-// A client in a process of its own: this program, see main(). It says "ready" when it is logged on
-// and goes when its input ends.
+// A client in a process of its own: this program, see main(). It says "ready" when it is logged on,
+// and again for every line that its connection still works, and goes when its input ends.
 class Client
 {
 public:
@@ -47,6 +49,12 @@ public:
             m_output += m_process.readAll();
         }
         return true;
+    }
+    bool works()
+    {
+        m_output.clear();
+        m_process.write("\n");
+        return isReady();
     }
     void leave()
     {
@@ -67,12 +75,13 @@ private:
 int runClient()
 {
     try {
-        Connection connection;
-        connection.Open(SandboxFixture::connectionString());
-        std::puts("ready");
-        std::fflush(stdout);
-        while (std::getchar() != EOF) {
-        }
+        const auto connection = std::make_shared<Connection>();
+        connection->Open(SandboxFixture::connectionString());
+        do {
+            connection->Execute(u"select count(*) from emp"_s);
+            std::puts("ready");
+            std::fflush(stdout);
+        } while (std::getchar() != EOF);
         return 0;
     } catch (const RuntimeError &error) {
         std::fprintf(stderr, "%s\n", error.what());
@@ -136,8 +145,8 @@ private slots:
     void cleanup();
 
     void folderIsPrivate();
-    void clientsShareTheServer();
-    void lastClientKilled();
+    void clientsComeAndGo_data();
+    void clientsComeAndGo();
     void clientsStartingTogether();
     void serverKilled();
     void serverStopped();
@@ -180,41 +189,65 @@ void tst_sandboxserver::folderIsPrivate()
     QCOMPARE(folder.permissions() & 0x0fff, QFile::Permissions(0x0700) & 0x0fff);
     QVERIFY(QFileInfo(SandboxFolder::ofUser().file(u"socket"_s)).exists());
 
+    try {
+        Connection().Open(SandboxFixture::connectionString(u"scott"_s, u"some lion"_s));
+        QFAIL("logged on");
+    } catch (const RuntimeError &error) {
+        QVERIFY(!error.description.contains(u"some lion"_s));
+    }
+    QDirIterator files(folder.filePath(), QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QFileInfo file(files.next());
+        QVERIFY2((file.permissions() & 0x0077) == 0, qPrintable(file.filePath()));
+        if (file.isDir())
+            continue;
+        const QByteArray content = contentOf(file.filePath());
+        for (const char *password : {"tiger", "lantern", "some lion"})
+            QVERIFY2(!content.contains(password), qPrintable(file.filePath()));
+    }
+
     QFile::setPermissions(folder.filePath(), QFile::Permissions(0x7755));
     const auto other = logOn();
     QCOMPARE(QFileInfo(folder.filePath()).permissions() & 0x0077, QFile::Permissions());
 }
 
-void tst_sandboxserver::clientsShareTheServer()
+void tst_sandboxserver::clientsComeAndGo_data()
 {
-    auto first = std::make_unique<Client>();
-    QVERIFY(first->isReady());
-    const qint64 server = serverId();
-    QVERIFY(server != 0);
-
-    Client second;
-    QVERIFY(second.isReady());
-    QCOMPARE(serverId(), server);
-    first->leave();
-    QTest::qWait(300);
-    QCOMPARE(serverId(), server);
-    QCOMPARE(scalar(logOn(), u"select count(*) from emp"_s), u"14"_s);
-    QCOMPARE(serverId(), server);
-    QCOMPARE(waiters().size(), 1);
+    QTest::addColumn<bool>("starterGoesFirst");
+    QTest::addColumn<bool>("firstIsKilled");
+    QTest::addColumn<bool>("lastIsKilled");
+    QTest::newRow("in order") << true << false << false;
+    QTest::newRow("starter killed") << true << true << false;
+    QTest::newRow("guest killed, then the starter") << false << true << true;
+    QTest::newRow("guest leaves, starter killed") << false << false << true;
 }
 
-void tst_sandboxserver::lastClientKilled()
+// Whoever goes, and however, leaves the other one its server; the last one takes it along.
+void tst_sandboxserver::clientsComeAndGo()
 {
-    auto connection = logOn();
+    QFETCH(bool, starterGoesFirst);
+    QFETCH(bool, firstIsKilled);
+    QFETCH(bool, lastIsKilled);
+    Client starter;
+    QVERIFY(starter.isReady());
     const qint64 server = serverId();
-    Client client;
-    QVERIFY(client.isReady());
-    connection->Close();
-    QTest::qWait(300);
+    QVERIFY(server != 0);
+    Client guest;
+    QVERIFY(guest.isReady());
     QCOMPARE(serverId(), server);
-    client.kill();
+    QCOMPARE(waiters().size(), 1);
+
+    Client &first = starterGoesFirst ? starter : guest;
+    Client &last = starterGoesFirst ? guest : starter;
+    firstIsKilled ? first.kill() : first.leave();
+    QTest::qWait(100);
+    QVERIFY(last.works());
+    QCOMPARE(serverId(), server);
+    lastIsKilled ? last.kill() : last.leave();
     QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
-    QVERIFY(!QFileInfo::exists(SandboxFolder::ofUser().file(u"socket"_s)));
+    QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(SandboxFolder::ofUser().file(u"socket"_s)),
+                             patience);
 }
 
 void tst_sandboxserver::clientsStartingTogether()

@@ -158,8 +158,9 @@ void SandboxServer::start(const SandboxFolder &folder, const SandboxProgress &pr
 
     m_socket = folder.socketForServer();
     QSaveFile note(folder.file(u"server.socket"_s));
-    if (!note.open(QIODevice::WriteOnly) || note.write(QFile::encodeName(m_socket)) < 0 ||
-        !note.commit())
+    if (!note.open(QIODevice::WriteOnly) ||
+        !note.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
+        note.write(QFile::encodeName(m_socket)) < 0 || !note.commit())
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     QFile::remove(m_socket); // left by a server that was killed
     QFile::remove(logPath(folder));

@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 #include <QUuid>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -55,8 +56,11 @@ void runStep(const SandboxFolder &folder, const QString &program, const QStringL
     process.setWorkingDirectory(folder.path());
     // Starting servers clear the temporary files of their kind away, so each has its own.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"UMASK"_s, u"0600"_s);
+    environment.insert(u"UMASK_DIR"_s, u"0700"_s);
     environment.insert(u"TMPDIR"_s, folder.temporaryPath());
     process.setProcessEnvironment(environment);
+    process.setChildProcessModifier([] { ::umask(077); });
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(program, arguments);
     process.write(input);
@@ -101,7 +105,8 @@ QByteArray objectsVersion()
 void noteObjectsVersion(const QString &dataPath)
 {
     QFile file(versionFile(dataPath));
-    if (!file.open(QIODevice::WriteOnly) || file.write(objectsVersion()) < 0 || !file.flush())
+    if (!file.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner) ||
+        file.write(objectsVersion()) < 0 || !file.flush())
         throw RuntimeError(ErrorNumber::PathFileAccessError);
 }
 
