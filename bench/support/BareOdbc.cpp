@@ -41,8 +41,17 @@ struct Binding
     SQLLEN width;
 };
 
+/// Whether the driver is one whose narrow texts the program takes, as they cost far less.
+bool givesNarrowTexts(SQLHANDLE connection)
+{
+    char name[128] = {};
+    SQLSMALLINT length = 0;
+    SQLGetInfo(connection, SQL_DRIVER_NAME, name, sizeof name, &length);
+    return QByteArrayView(name).startsWith("libmaodbc");
+}
+
 /// The C types that the program fetches in, too.
-Binding bindingOf(SQLSMALLINT sqlType, SQLULEN size)
+Binding bindingOf(SQLSMALLINT sqlType, SQLULEN size, bool narrowTexts)
 {
     switch (sqlType) {
     case SQL_TINYINT:
@@ -61,6 +70,8 @@ Binding bindingOf(SQLSMALLINT sqlType, SQLULEN size)
     case SQL_TYPE_TIMESTAMP:
         return {SQL_C_TYPE_TIMESTAMP, sizeof(SQL_TIMESTAMP_STRUCT)};
     default:
+        if (narrowTexts)
+            return {SQL_C_CHAR, static_cast<SQLLEN>(std::min(size, largestText) * 4 + 1)};
         return {SQL_C_WCHAR, static_cast<SQLLEN>((std::min(size, largestText) + 1) * 2)};
     }
 }
@@ -69,7 +80,8 @@ Binding bindingOf(SQLSMALLINT sqlType, SQLULEN size)
 class BoundColumns
 {
 public:
-    BoundColumns(SQLHANDLE statement, SQLULEN rows)
+    BoundColumns(SQLHANDLE statement, SQLULEN rows, bool narrowTexts)
+        : m_narrowTexts(narrowTexts)
     {
         SQLSMALLINT count = 0;
         check(SQLNumResultCols(statement, &count), SQL_HANDLE_STMT, statement);
@@ -89,7 +101,7 @@ private:
         check(SQLDescribeColW(statement, column, name, std::size(name), &length, &sqlType, &size,
                               &decimals, &nullable),
               SQL_HANDLE_STMT, statement);
-        const Binding binding = bindingOf(sqlType, size);
+        const Binding binding = bindingOf(sqlType, size, m_narrowTexts);
         m_values.emplace_back(static_cast<size_t>(binding.width) * rows);
         m_indicators.emplace_back(rows);
         check(SQLBindCol(statement, column, binding.cType, m_values.back().data(), binding.width,
@@ -97,6 +109,7 @@ private:
               SQL_HANDLE_STMT, statement);
     }
 
+    bool m_narrowTexts;
     std::vector<std::vector<char>> m_values;
     std::vector<std::vector<SQLLEN>> m_indicators;
 };
@@ -180,7 +193,7 @@ qint64 BareOdbc::retrieve(const QString &query, SQLULEN rowsPerBlock)
           SQL_HANDLE_STMT, statement);
     qint64 rows = 0;
     {
-        const BoundColumns columns(statement, rowsPerBlock);
+        const BoundColumns columns(statement, rowsPerBlock, givesNarrowTexts(m_connection));
         for (;;) {
             const SQLRETURN code = SQLFetch(statement);
             check(code, SQL_HANDLE_STMT, statement);
