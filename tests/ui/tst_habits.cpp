@@ -61,6 +61,7 @@ private slots:
     void everyControlHasAName();
     void loginByKeyboard();
     void frameAndZoomAreKept();
+    void newWindowIsMaximized();
     void droppedFileIsOpened();
 };
 
@@ -198,6 +199,28 @@ void tst_habits::frameAndZoomAreKept()
     next.Form_Load(connection);
     QCOMPARE(next.size(), size);
     QCOMPARE(next.findChild<EditorControl *>(u"txtSQL"_s)->zoomLevel(), 2);
+}
+
+void tst_habits::newWindowIsMaximized()
+{
+    ProgramFixture program;
+    program.start(sqliteConnectionString(program.folder()));
+    // In the program's place, something that tells what it was started with.
+    QFile stand(program.folder() + u"/Querna"_s);
+    QVERIFY(stand.open(QIODevice::WriteOnly));
+    stand.write("#!/bin/sh\nprintf '%s' \"$QUERNA_START_WINDOW\" >\"${0%/*}/told\"\n");
+    stand.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    stand.close();
+    program.menuItem(u"mnuOrbekSqlEditor"_s)->trigger();
+    QFile told(program.folder() + u"/told"_s);
+    QTRY_VERIFY(told.exists() && told.size() > 0);
+    QVERIFY(told.open(QIODevice::ReadOnly));
+
+    qputenv("QUERNA_START_WINDOW", told.readAll());
+    MDIFormQuerna next;
+    next.Form_Load({});
+    qunsetenv("QUERNA_START_WINDOW");
+    QVERIFY(next.isMaximized());
 }
 
 void tst_habits::droppedFileIsOpened()
