@@ -11,6 +11,7 @@
 #include "uisupport/ProgramFixture.h"
 
 #include <QAbstractButton>
+#include <QDir>
 #include <QFile>
 #include <QLibraryInfo>
 #include <QLineEdit>
@@ -21,6 +22,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -55,6 +57,18 @@ void killServer()
     QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
 }
 
+/// Whether every thread of a process has been stopped; a stop signal takes its time to reach them.
+bool isStopped(pid_t process)
+{
+    const QDir threads(u"/proc/%1/task"_s.arg(process));
+    const QStringList ids = threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::all_of(ids.begin(), ids.end(), [&](const QString &id) {
+        QFile file(threads.filePath(id + u"/stat"_s));
+        // The state stands behind the name, which is in parentheses.
+        return !file.open(QIODevice::ReadOnly) || file.readAll().contains(") T ");
+    });
+}
+
 /// Stops the server at once and kills it a moment later, when somebody is waiting for it.
 class ServerDyingUnderWay
 {
@@ -63,6 +77,8 @@ public:
     {
         const pid_t server = serverId();
         ::kill(server, SIGSTOP);
+        while (!isStopped(server))
+            std::this_thread::yield();
         m_killer = std::thread([server] {
             std::this_thread::sleep_for(momentUnderWay);
             ::kill(server, SIGKILL);
