@@ -6,7 +6,6 @@
 
 #include <QStringDecoder>
 
-#include <cfenv>
 #include <cmath>
 #include <limits>
 

@@ -30,10 +30,10 @@ struct ExactNumber
 };
 
 /// A point in time as a data source holds it: no time zone, nanoseconds kept.
-/// Days before the common era and 24:00 do not occur.
+/// 24:00 does not occur.
 struct Timestamp
 {
-    qint16 year = 0; ///< 0 with month 0 and day 0: a time of day alone
+    qint16 year = 0; ///< -9999 to 9999; 0 with month 0 and day 0: a time of day alone
     quint8 month = 0;
     quint8 day = 0;
     quint8 hour = 0;
@@ -115,7 +115,8 @@ private:
     Variant m_value;
 };
 
-/// The text form of a point in time; the same as dateTimeToText() gives, for years 0 to 9999, a
+/// The text form of a point in time; the same as dateTimeToText() gives, for years -9999 to 9999,
+/// a
 /// time of day alone as `HH:mm:ss`. A fraction of a second stands behind it: the data source holds
 /// it.
 QString timestampToText(const Timestamp &timestamp);

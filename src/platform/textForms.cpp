@@ -55,8 +55,10 @@ QStringView withoutBlanks(QStringView text)
 
 void appendYear(int year, ShortText &text)
 {
-    text.appendTwoDigits(year / 100);
-    text.appendTwoDigits(year % 100);
+    if (year < 0)
+        text.append('-');
+    text.appendTwoDigits(qAbs(year) / 100);
+    text.appendTwoDigits(qAbs(year) % 100);
 }
 
 void appendTimeOfDay(const ClockTime &clockTime, ShortText &text)

@@ -21,7 +21,7 @@ QString dateTimeToText(const QDateTime &dateTime);
 /// the time zone, which counts where there are thousands of them.
 struct ClockTime
 {
-    int year = 0; ///< 0 to 9999
+    int year = 0; ///< -9999 to 9999, negative before the common era
     int month = 0;
     int day = 0;
     int hour = 0;

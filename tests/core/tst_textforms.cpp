@@ -44,6 +44,8 @@ void tst_TextForms::dateTimes_data()
     QTest::newRow("end of year") << QDateTime(QDate(1999, 12, 31), QTime(23, 59, 59, 999))
                                  << u"12/31/1999 23:59:59"_s;
     QTest::newRow("early year") << QDateTime(QDate(7, 1, 1), QTime(0, 1)) << u"1/1/0007 00:01:00"_s;
+    QTest::newRow("before the common era")
+        << QDateTime(QDate(-44, 3, 15), QTime(0, 0)) << u"3/15/-0044"_s;
     QTest::newRow("none") << QDateTime() << QString();
 }
 
