@@ -40,6 +40,15 @@ void makePrivateFolder(const QString &path)
     }
 }
 
+// So that a folder has the same name for everybody, also before it is there.
+QString withoutLinks(const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.exists() || info.isRoot())
+        return info.canonicalFilePath();
+    return withoutLinks(info.path()) + u'/' + info.fileName();
+}
+
 // Connection strings end values at a semicolon and enclose them in braces.
 bool fitsSocket(const QString &path)
 {
@@ -52,10 +61,9 @@ bool fitsSocket(const QString &path)
 SandboxFolder SandboxFolder::ofUser()
 {
     const QString chosen = qEnvironmentVariable("QUERNA_SANDBOX_DIR");
-    if (!chosen.isEmpty())
-        return SandboxFolder(QDir(chosen).absolutePath());
-    return SandboxFolder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                         u"/Orbek Oracle/sandbox"_s);
+    const QString usual = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                          u"/Orbek Oracle/sandbox"_s;
+    return SandboxFolder(withoutLinks(QDir(chosen.isEmpty() ? usual : chosen).absolutePath()));
 }
 
 SandboxFolder::SandboxFolder(const QString &path)
@@ -66,9 +74,7 @@ SandboxFolder::SandboxFolder(const QString &path)
 void SandboxFolder::make() const
 {
     QDir().mkpath(QDir(m_path + u"/.."_s).absolutePath());
-    // A chosen folder may be a link to one elsewhere.
-    const QFileInfo info(m_path);
-    makePrivateFolder(info.isSymLink() ? info.canonicalFilePath() : m_path);
+    makePrivateFolder(m_path);
     makePrivateFolder(temporaryPath());
 }
 

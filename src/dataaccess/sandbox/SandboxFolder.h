@@ -10,7 +10,7 @@ public:
     /// else "Orbek Oracle/sandbox" in the user's data folder.
     static SandboxFolder ofUser();
 
-    /// @param path  absolute
+    /// @param path  absolute and without links: the server is known by the name of its folder
     explicit SandboxFolder(const QString &path);
 
     /// Makes the folder, with the one for temporary files, when there is none, and shuts others

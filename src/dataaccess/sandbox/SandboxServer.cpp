@@ -94,6 +94,11 @@ QString logPath(const SandboxFolder &folder)
     return folder.file(u"server.log"_s);
 }
 
+QString idPath(const SandboxFolder &folder)
+{
+    return folder.file(u"server.pid"_s);
+}
+
 [[noreturn]] void failWithLog(const SandboxFolder &folder, const QString &what)
 {
     throw RuntimeError(ErrorNumber::ProviderFailed,
@@ -123,7 +128,7 @@ SandboxServer::SandboxServer(const SandboxFolder &folder, const SandboxProgress 
 
 qint64 SandboxServer::processId(const SandboxFolder &folder)
 {
-    const qint64 id = contentsOf(folder.file(u"server.pid"_s)).trimmed().toLongLong();
+    const qint64 id = contentsOf(idPath(folder)).trimmed().toLongLong();
     if (id <= 0)
         return 0;
     const QByteArray data = "--datadir=" + QFile::encodeName(folder.dataPath());
@@ -162,14 +167,14 @@ void SandboxServer::start(const SandboxFolder &folder, const SandboxProgress &pr
         !note.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
         note.write(QFile::encodeName(m_socket)) < 0 || !note.commit())
         throw RuntimeError(ErrorNumber::PathFileAccessError);
-    QFile::remove(m_socket); // left by a server that was killed
-    QFile::remove(logPath(folder));
+    // What a server that was killed has left.
+    for (const QString &left : {m_socket, idPath(folder), logPath(folder)})
+        QFile::remove(left);
     launch(folder, QStringList{program} + sandboxServerOptions(folder.dataPath()) +
                        sandboxServingOptions(folder, m_socket));
 
-    // The number is written before the program is there.
     const QDeadlineTimer deadline(longestAnswer);
-    while (processId(folder) == 0 && !deadline.hasExpired())
+    while (!QFile::exists(idPath(folder)) && !deadline.hasExpired())
         std::this_thread::sleep_for(2ms);
 }
 
