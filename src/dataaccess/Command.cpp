@@ -6,6 +6,7 @@
 #include "dataaccess/odbc/ParameterBuffer.h"
 #include "platform/RuntimeError.h"
 
+#include <QScopeGuard>
 #include <QStringList>
 
 #include <algorithm>
@@ -73,16 +74,15 @@ void CommandPrivate::prepare(const std::shared_ptr<OdbcSession> &session, const 
 
 void CommandPrivate::execute(std::vector<Parameter> &parameters)
 {
-    for (size_t i = 0; i < m_buffers.size(); ++i)
-        m_buffers[i].store(parameters[i]);
+    for (ParameterBuffer &buffer : m_buffers)
+        buffer.clear();
+    // A result that is left open after a failure would make every later execution fail.
+    const auto close = qScopeGuard([this] { SQLFreeStmt(m_statement.get(), SQL_CLOSE); });
     m_session->withResultsReleased(
         [this] { checkOdbc(SQLExecute(m_statement.get()), m_statement); });
     takeRemainingResults(m_statement);
-    for (size_t i = 0; i < m_buffers.size(); ++i) {
-        if (parameters[i].direction != adParamInput)
-            parameters[i].value = m_buffers[i].load(parameters[i]);
-    }
-    SQLFreeStmt(m_statement.get(), SQL_CLOSE);
+    for (size_t i = 0; i < m_buffers.size(); ++i)
+        parameters[i].value = m_buffers[i].load(parameters[i]);
 }
 
 namespace {
@@ -97,11 +97,6 @@ QString textToSend(const Command &command, size_t parameterCount)
     return u"{call %1(%2)}"_s.arg(command.CommandText, marks.join(u", "_s));
 }
 
-bool isCharacterType(DataTypeEnum type)
-{
-    return (type >= adVarChar && type <= adLongVarWChar) || type == adChar || type == adWChar;
-}
-
 } // namespace
 
 Command::Command()
@@ -113,8 +108,9 @@ Command::~Command() = default;
 
 void Command::appendParameter(const Parameter &parameter)
 {
-    const bool comesOut = parameter.direction != adParamInput;
-    if (comesOut && isCharacterType(parameter.type) && parameter.size <= 0)
+    if (parameter.direction != adParamOutput)
+        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
+    if (isCharacterType(parameter.type) && parameter.size <= 0)
         throw RuntimeError(ErrorNumber::BadParameterInfo);
     m_parameters.push_back(parameter);
     d->unprepare();

@@ -11,14 +11,15 @@
 class CommandPrivate;
 class Connection;
 
-/// One argument of a command.
+/// One argument of a command. Output parameters are all that there are: what goes in stands in the
+/// command's text.
 struct Parameter
 {
     QString name;
     DataTypeEnum type = adVarChar;
-    ParameterDirectionEnum direction = adParamInput;
+    ParameterDirectionEnum direction = adParamOutput;
     int size = 0; ///< longest text in UTF-16 units; 0 for types of fixed size
-    Value value;  ///< what goes in, or what came out; empty before the first execution
+    Value value;  ///< what came out; empty before the first execution
 };
 
 /// A command that is executed many times with parameters: the statement is prepared once and its
@@ -35,14 +36,15 @@ public:
     CommandTypeEnum CommandType = adCmdUnknown;
     std::shared_ptr<Connection> ActiveConnection;
 
-    /// @throws RuntimeError 3708 for a text output parameter without a size
+    /// @throws RuntimeError 3708 for a text without a size, 3251 for another direction than out
     void appendParameter(const Parameter &parameter);
     /// @throws RuntimeError 3265 for an unknown name
     const Value &parameter(const QString &name) const;
 
     /// A stored procedure is sent as `{call name(?, …)}`; output parameters are read after the
     /// last result. A text that does not fit its parameter's size is an error, never cut.
-    /// @throws RuntimeError 3709 without an open connection, otherwise the driver's
+    /// @throws RuntimeError 3709 without an open connection, 3708 for a type that parameters cannot
+    ///         have, -2147217887 for a text that is too long, otherwise the driver's
     void Execute();
 
 private:

@@ -28,22 +28,27 @@ bool DrainedSource::atFirst() const
 
 bool DrainedSource::atEnd() const
 {
-    return m_position == m_rows.rowCount();
+    return isPastRows() && !m_failure;
 }
 
 void DrainedSource::next()
 {
-    ++m_position;
-    if (atEnd() && m_failure)
+    if (!isPastRows())
+        ++m_position;
+    if (isPastRows() && m_failure)
         std::rethrow_exception(std::exchange(m_failure, nullptr));
 }
 
 Value DrainedSource::value(int field) const
 {
+    if (isPastRows())
+        std::rethrow_exception(m_failure);
     return m_rows.value(m_position, field);
 }
 
 void DrainedSource::pack(RowWriter &row, NullForm nulls) const
 {
+    if (isPastRows())
+        std::rethrow_exception(m_failure);
     m_rows.pack(m_position, row, nulls);
 }

@@ -6,7 +6,8 @@
 #include <exception>
 
 /// The rows that another source still had, read into memory so that its statement can end. A
-/// failure on the way is kept and raised where the rows end.
+/// failure on the way is kept and raised where the rows end: on going there, or, when not even the
+/// first of them could be read, on reading it.
 class DrainedSource final : public RowSource
 {
 public:
@@ -20,6 +21,8 @@ public:
     void pack(RowWriter &row, NullForm nulls) const override;
 
 private:
+    bool isPastRows() const { return m_position == m_rows.rowCount(); }
+
     std::vector<FieldInfo> m_fields;
     MemoryTable m_rows;
     bool m_startsAtFirst;

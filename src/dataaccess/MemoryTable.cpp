@@ -5,17 +5,6 @@
 #include <algorithm>
 #include <numeric>
 
-namespace {
-
-QString packedText(const char *cell)
-{
-    QString text;
-    appendPackedCellText(cell, text);
-    return text;
-}
-
-} // namespace
-
 MemoryTable::MemoryTable(int fieldCount)
     : m_fieldCount(fieldCount)
 {
@@ -181,9 +170,9 @@ Value MemoryTable::value(qint64 position, int field) const
 
 QString MemoryTable::text(qint64 position, int field) const
 {
-    if (isEdited(position))
-        return m_edit->values[static_cast<size_t>(field)].toText();
-    return packedText(cell(position, field));
+    QString text;
+    appendText(position, field, field, QChar(), text);
+    return text;
 }
 
 QString MemoryTable::textStart(qint64 position, int field, qsizetype longest) const

@@ -125,11 +125,6 @@ void Recordset::MoveNext()
     d->moveNext();
 }
 
-void Recordset::moveTo(qint64 row)
-{
-    d->moveTo(row);
-}
-
 int Recordset::fieldCount() const
 {
     return static_cast<int>(d->fields().size());
@@ -190,12 +185,6 @@ void Recordset::setSort(const QString &order)
 QString Recordset::Sort() const
 {
     return d->sort;
-}
-
-Value Recordset::valueAt(qint64 row, int field) const
-{
-    d->requireCell(row, field);
-    return d->table().value(row, field);
 }
 
 QString Recordset::textAt(qint64 row, int field) const

@@ -55,18 +55,21 @@ public:
     /// @throws RuntimeError 3705 when open, 3709 on a closed connection, otherwise the server's
     void Open(const QString &source, const std::shared_ptr<Connection> &connection);
 
+    /// Drops the rows; appended fields stay for the next Open().
     void Close();
     ObjectStateEnum State() const;
 
+    /// True for a set without rows alone: nothing here moves before the first row.
     bool Bof() const;
     bool Eof() const;
     /// Rows of a client-side table; -1 for a forward-only reader.
     qint64 RecordCount() const;
+    /// @throws RuntimeError 3021 when there are no rows, 3219 on a forward-only reader that has
+    /// left
+    ///         its first row
     void MoveFirst();
-    /// @throws RuntimeError 3021 when the end is passed already
+    /// @throws RuntimeError 3021 when the end is passed already, otherwise the driver's
     void MoveNext();
-    /// Makes row @p row (in the present order) current; client-side tables only.
-    void moveTo(qint64 row);
 
     int fieldCount() const;
     QString fieldName(int field) const;
@@ -74,31 +77,38 @@ public:
     /// @throws RuntimeError 3265 for an unknown name
     int fieldIndex(const QString &name) const;
 
-    /// A value of the current row. @throws RuntimeError 3021 without one, 3265 for no such field
+    /// A value of the current row.
+    /// @throws RuntimeError 3021 without one, 3265 for no such field, otherwise the driver's
     Value value(int field) const;
     Value value(const QString &name) const;
     /// Sets a value of the current row of a table built in memory.
-    /// @throws RuntimeError -2147217887 when a text is longer than the field's defined size; the
-    ///         field then keeps its value
+    /// @throws RuntimeError 3251 for any other, 3021, 3265, -2147217887 when a text is longer than
+    ///         the field's defined size; the field then keeps its value
     void setValue(int field, const Value &value);
     void setValue(const QString &name, const Value &value);
 
     /// Adds a row of empty values and makes it current. The next move or addition keeps it.
+    /// @throws RuntimeError 3251 unless the table was built in memory
     void AddNew();
 
     /// Adds a row that holds the current row of @p source, nulls becoming empty texts, and makes
     /// it current: AddNew() and setValue() of every field, without the detour over single values.
     /// The columns of both must correspond.
+    /// @throws RuntimeError 3001 when their numbers differ, otherwise as those
     void addNewFrom(const Recordset &source);
 
     /// The order of the rows, as `FIELD [ASC|DESC], …`; an empty text restores the order of
-    /// arrival. May be set before opening. Client-side tables only.
+    /// arrival. May be set before opening. Puts an open recordset on its first row.
+    /// @throws RuntimeError 3251 on a forward-only reader, 3265 for an unknown field, 3001 for a
+    ///         text of another form
     void setSort(const QString &order);
     QString Sort() const;
 
     // Reading any row of a client-side table without moving the current one, for views.
-    Value valueAt(qint64 row, int field) const;
-    /// The text form of a value; what valueAt(…).toText() gives, without building the value.
+    // They raise RuntimeError 3251 on a forward-only reader, 3021 and 3265 for a cell that is not
+    // there.
+
+    /// The text form of a value.
     QString textAt(qint64 row, int field) const;
     /// The first @p longest UTF-16 units of textAt(); does not read the rest of a long value.
     QString textStartAt(qint64 row, int field, qsizetype longest) const;

@@ -6,23 +6,9 @@
 #include "platform/RuntimeError.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
-
-bool isCharacterType(DataTypeEnum type)
-{
-    switch (type) {
-    case adChar:
-    case adWChar:
-    case adVarChar:
-    case adLongVarChar:
-    case adVarWChar:
-    case adLongVarWChar:
-        return true;
-    default:
-        return false;
-    }
-}
 
 /// Appended character fields hold texts, whatever is assigned to them.
 Value asFieldValue(DataTypeEnum type, const Value &value)
@@ -76,8 +62,10 @@ const FieldInfo &RecordsetPrivate::field(int field) const
     return m_fields[static_cast<size_t>(field)];
 }
 
-void RecordsetPrivate::indexNames()
+void RecordsetPrivate::takeFields(std::vector<FieldInfo> fields)
 {
+    m_fields = std::move(fields);
+    m_isFabricated = false;
     m_fieldIndexes.clear();
     for (size_t i = m_fields.size(); i-- > 0;)
         m_fieldIndexes.insert(m_fields[i].name.toLower(), static_cast<int>(i));
@@ -139,12 +127,11 @@ void RecordsetPrivate::openOn(const std::shared_ptr<OdbcSession> &session, const
     std::unique_ptr<OdbcCursor> cursor = OdbcCursor::open(*session, source, cacheSize);
     if (cursor == nullptr)
         return;
-    m_fields = cursor->fields();
-    m_isFabricated = false;
-    indexNames();
-    if (cursorLocation == adUseClient) {
-        takeRows(std::move(cursor));
-    } else {
+    if (cursorLocation == adUseClient)
+        m_table = rowsOf(*cursor);
+    takeFields(cursor->fields());
+    m_position = 0;
+    if (!m_table) {
         m_reader = std::move(cursor);
         m_readsFromDriver = true;
     }
@@ -152,17 +139,17 @@ void RecordsetPrivate::openOn(const std::shared_ptr<OdbcSession> &session, const
     m_session->addClient(this);
 }
 
-void RecordsetPrivate::takeRows(std::unique_ptr<RowSource> source)
+MemoryTable RecordsetPrivate::rowsOf(RowSource &source)
 {
-    MemoryTable rows(static_cast<int>(m_fields.size()));
-    for (; !source->atEnd(); source->next()) {
+    const SortOrder order(sort, source.fields());
+    MemoryTable rows(static_cast<int>(source.fields().size()));
+    for (; !source.atEnd(); source.next()) {
         m_writer.clear();
-        source->pack(m_writer, NullForm::Null);
+        source.pack(m_writer, NullForm::Null);
         rows.addRow(m_writer);
     }
-    rows.sort(SortOrder(sort, m_fields));
-    m_table = std::move(rows);
-    m_position = 0;
+    rows.sort(order);
+    return rows;
 }
 
 void RecordsetPrivate::releaseResult()
@@ -229,15 +216,6 @@ void RecordsetPrivate::moveNext()
         m_position = m_table->finishEditing(m_position) + 1;
 }
 
-void RecordsetPrivate::moveTo(qint64 row)
-{
-    MemoryTable &rows = editableTable();
-    if (row < 0 || row >= rows.rowCount())
-        throw RuntimeError(ErrorNumber::NoCurrentRecord);
-    rows.finishEditing(m_position);
-    m_position = row;
-}
-
 Value RecordsetPrivate::value(int field) const
 {
     requireOpen();
@@ -254,9 +232,11 @@ const MemoryTable &RecordsetPrivate::table() const
     return *m_table;
 }
 
-MemoryTable &RecordsetPrivate::editableTable()
+MemoryTable &RecordsetPrivate::ownTable()
 {
-    static_cast<void>(table());
+    requireOpen();
+    if (!m_table || !m_isFabricated)
+        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
     return *m_table;
 }
 
@@ -270,9 +250,7 @@ void RecordsetPrivate::checkSize(int field, const Value &value) const
 
 void RecordsetPrivate::setValue(int field, const Value &value)
 {
-    MemoryTable &rows = editableTable();
-    if (!m_isFabricated)
-        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
+    MemoryTable &rows = ownTable();
     requireField(field);
     requireCurrent();
     const Value stored = asFieldValue(m_fields[static_cast<size_t>(field)].type, value);
@@ -282,10 +260,7 @@ void RecordsetPrivate::setValue(int field, const Value &value)
 
 void RecordsetPrivate::addNew()
 {
-    MemoryTable &rows = editableTable();
-    if (!m_isFabricated)
-        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
-    m_position = rows.addEmptyRow();
+    m_position = ownTable().addEmptyRow();
 }
 
 void RecordsetPrivate::packCurrent(RowWriter &row, NullForm nulls) const
@@ -310,7 +285,7 @@ const char *RecordsetPrivate::packedRow(RowWriter &copy) const
 
 void RecordsetPrivate::addNewFrom(const RecordsetPrivate &source)
 {
-    MemoryTable &rows = editableTable();
+    MemoryTable &rows = ownTable();
     if (source.fields().size() != m_fields.size())
         throw RuntimeError(ErrorNumber::InvalidArgument);
     if (!m_takesPackedRows) {
@@ -329,8 +304,9 @@ void RecordsetPrivate::addNewFrom(const RecordsetPrivate &source)
 void RecordsetPrivate::setSort(const QString &order)
 {
     if (isOpen()) {
-        MemoryTable &rows = editableTable();
-        rows.sort(SortOrder(order, m_fields));
+        if (m_reader)
+            throw RuntimeError(ErrorNumber::FeatureNotAvailable);
+        m_table->sort(SortOrder(order, m_fields));
         m_position = 0;
     }
     sort = order;

@@ -39,7 +39,6 @@ public:
     qint64 recordCount() const;
     void moveFirst();
     void moveNext();
-    void moveTo(qint64 row);
     Value value(int field) const;
     void setValue(int field, const Value &value);
     void addNew();
@@ -73,10 +72,12 @@ private:
     void requireCurrent() const;
     void requireField(int field) const;
     void checkSize(int field, const Value &value) const;
-    void takeRows(std::unique_ptr<RowSource> source);
-    void indexNames();
+    /// All rows of @p source, in the order that is set.
+    MemoryTable rowsOf(RowSource &source);
+    void takeFields(std::vector<FieldInfo> fields);
+    /// The rows in memory, of appended fields. @throws RuntimeError 3704, 3251 for any other
+    MemoryTable &ownTable();
     int indexOf(const QString &name) const;
-    MemoryTable &editableTable();
     void leaveSession();
 
     std::vector<FieldInfo> m_fields;

@@ -64,3 +64,8 @@ enum DataTypeEnum {
     adVarBinary = 204,
     adLongVarBinary = 205
 };
+
+constexpr bool isCharacterType(DataTypeEnum type)
+{
+    return type == adChar || type == adWChar || (type >= adVarChar && type <= adLongVarWChar);
+}

@@ -48,6 +48,8 @@ SQLRETURN execute(Statement &statement, const std::string &text)
     });
     if (isBusy && statement.connection->item("ONERESULT", 0) != 0)
         return statement.fail("HY000", 0, "Connection is busy with results for another command");
+    if (statement.hasOpenRows())
+        return statement.fail("24000", 0, "Invalid cursor state");
     statement.close();
     return parse(statement, std::istringstream(text));
 }

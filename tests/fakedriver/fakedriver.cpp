@@ -328,7 +328,9 @@ SQLRETURN SQL_API SQLGetData(SQLHSTMT handle, SQLUSMALLINT number, SQLSMALLINT, 
     const size_t stored = store(column, bytes, static_cast<char *>(target), room);
     const bool isCut = stored < bytes.size();
     column.given += stored;
-    *indicator = isCut && statement.noTotal ? SQL_NO_TOTAL : static_cast<SQLLEN>(bytes.size());
+    *indicator = isCut && statement.noTotal
+                     ? SQL_NO_TOTAL
+                     : static_cast<SQLLEN>(statement.storedLength ? stored : bytes.size());
     return isCut ? SQL_SUCCESS_WITH_INFO : SQL_SUCCESS;
 }
 

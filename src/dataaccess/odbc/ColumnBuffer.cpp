@@ -1,5 +1,7 @@
 #include "dataaccess/odbc/ColumnBuffer.h"
 
+#include "platform/characterClasses.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstring>
@@ -84,7 +86,8 @@ bool readNumber(const CellView &cell, Number &number)
 {
     const char *const end = cell.bytes + cell.length;
     const auto [stop, error] = std::from_chars(cell.bytes, end, number);
-    return error == std::errc() && stop == end;
+    // "nan" and "infinity" would be read too, but are somebody's texts.
+    return error == std::errc() && stop == end && (isDigit(end[-1]) || end[-1] == '.');
 }
 
 Value anyNumber(const CellView &cell)
@@ -179,7 +182,7 @@ void packCell(ColumnForm form, const CellView &cell, NullForm nulls, RowWriter &
 
 namespace {
 
-/// Room of @p count pieces of @p bytes, so that what follows is aligned.
+/// Room for @p bytes, so that what follows is aligned.
 size_t aligned(size_t bytes)
 {
     constexpr size_t alignment = alignof(std::max_align_t);

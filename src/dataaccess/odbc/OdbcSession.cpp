@@ -100,10 +100,6 @@ SQLSMALLINT columnCount(const OdbcHandle &statement)
     return columns;
 }
 
-} // namespace
-
-namespace {
-
 bool goToNextResult(const OdbcHandle &statement)
 {
     return !statement.hasOneResult() &&

@@ -9,20 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-SQLSMALLINT odbcDirection(ParameterDirectionEnum direction)
-{
-    switch (direction) {
-    case adParamInput:
-        return SQL_PARAM_INPUT;
-    case adParamInputOutput:
-        return SQL_PARAM_INPUT_OUTPUT;
-    case adParamOutput:
-    case adParamReturnValue:
-        break;
-    }
-    return SQL_PARAM_OUTPUT;
-}
-
 struct OdbcTypes
 {
     SQLSMALLINT cType;
@@ -53,34 +39,17 @@ OdbcTypes odbcTypes(DataTypeEnum type)
     }
 }
 
-double toDouble(const Value &value)
-{
-    const auto *number = std::get_if<double>(&value.variant());
-    return number != nullptr ? *number : value.toInteger();
-}
-
-std::int64_t toInteger64(const Value &value)
-{
-    const auto *number = std::get_if<std::int64_t>(&value.variant());
-    return number != nullptr ? *number : value.toInteger();
-}
-
 } // namespace
 
-ParameterBuffer::ParameterBuffer(const Parameter &parameter, bool outputsAreUtf8)
-    : m_direction(odbcDirection(parameter.direction))
+ParameterBuffer::ParameterBuffer(const Parameter &parameter, bool isUtf8)
 {
     const OdbcTypes types = odbcTypes(parameter.type);
     m_cType = types.cType;
     m_sqlType = types.sqlType;
-    m_size = types.size;
-    if (m_size == 0) {
-        const qsizetype ownLength = parameter.value.toText().size();
-        m_size = static_cast<SQLULEN>(std::max<qsizetype>({1, parameter.size, ownLength}));
-    }
+    m_size = types.size > 0 ? types.size : static_cast<SQLULEN>(parameter.size);
     // One character more than the size, and the zero: so a longer text shows.
-    m_memory.resize(std::max<size_t>(m_size + 2, 8));
-    if (outputsAreUtf8 && m_direction == SQL_PARAM_OUTPUT) {
+    m_memory.resize(m_size + 2);
+    if (isUtf8) {
         m_cType = SQL_C_CHAR;
         m_memory.resize(2 * m_memory.size()); // up to three bytes where there were two
     }
@@ -88,8 +57,8 @@ ParameterBuffer::ParameterBuffer(const Parameter &parameter, bool outputsAreUtf8
 
 void ParameterBuffer::bind(const OdbcHandle &statement, SQLUSMALLINT number)
 {
-    checkOdbc(SQLBindParameter(statement.get(), number, m_direction, m_cType, m_sqlType, m_size, 0,
-                               m_memory.data(),
+    checkOdbc(SQLBindParameter(statement.get(), number, SQL_PARAM_OUTPUT, m_cType, m_sqlType,
+                               m_size, 0, m_memory.data(),
                                static_cast<SQLLEN>(m_memory.size() * sizeof(char16_t)),
                                &m_indicator),
               statement);
@@ -101,32 +70,6 @@ void ParameterBuffer::raiseTooLong(const Parameter &parameter)
                        u"The text of parameter \"%1\" is longer than its size of %2 characters."_s
                            .arg(parameter.name)
                            .arg(parameter.size));
-}
-
-void ParameterBuffer::store(const Parameter &parameter)
-{
-    const bool goesIn = m_direction != SQL_PARAM_OUTPUT;
-    if (!goesIn || parameter.value.isNull() || parameter.value.isEmpty()) {
-        m_indicator = SQL_NULL_DATA;
-        return;
-    }
-    const auto put = [this](const auto &number) {
-        std::memcpy(m_memory.data(), &number, sizeof number);
-        m_indicator = sizeof number;
-    };
-    if (m_cType == SQL_C_SLONG) {
-        put(SQLINTEGER{parameter.value.toInteger()});
-    } else if (m_cType == SQL_C_SBIGINT) {
-        put(toInteger64(parameter.value));
-    } else if (m_cType == SQL_C_DOUBLE) {
-        put(toDouble(parameter.value));
-    } else {
-        const QString text = parameter.value.toText();
-        if (static_cast<SQLULEN>(text.size()) > m_size)
-            raiseTooLong(parameter);
-        std::memcpy(m_memory.data(), text.utf16(), static_cast<size_t>(text.size() + 1) * 2);
-        m_indicator = text.size() * SQLLEN{sizeof(char16_t)};
-    }
 }
 
 Value ParameterBuffer::load(const Parameter &parameter) const

@@ -5,28 +5,26 @@
 
 #include <vector>
 
-/// A command's parameter with the memory that it is bound to; stays where it is while bound.
+/// A command's output parameter with the memory that it is bound to; stays where it is while bound.
 class ParameterBuffer
 {
 public:
-    /// @param outputsAreUtf8  whether the driver writes outputs as UTF-8 text, however it is asked
+    /// @param isUtf8  whether the driver writes outputs as UTF-8 text, however it is asked
     /// @throws RuntimeError 3708 for a type that parameters cannot have
-    ParameterBuffer(const Parameter &parameter, bool outputsAreUtf8);
+    ParameterBuffer(const Parameter &parameter, bool isUtf8);
 
     /// @throws RuntimeError with the driver's text
     void bind(const OdbcHandle &statement, SQLUSMALLINT number);
-    /// Puts the value that goes in where the driver looks for it.
-    /// @throws RuntimeError when a text is longer than the parameter's size
-    void store(const Parameter &parameter);
-    /// The value that came out. @throws RuntimeError when a text is longer than the parameter's
-    /// size
+    /// Forgets what came out before: some drivers leave a null as they found it.
+    void clear() { m_indicator = SQL_NULL_DATA; }
+    /// The value that came out.
+    /// @throws RuntimeError -2147217887 when a text is longer than the parameter's size
     Value load(const Parameter &parameter) const;
 
 private:
     Value loadUtf8(const Parameter &parameter) const;
     [[noreturn]] static void raiseTooLong(const Parameter &parameter);
 
-    SQLSMALLINT m_direction;
     SQLSMALLINT m_cType;
     SQLSMALLINT m_sqlType;
     SQLULEN m_size; ///< characters

@@ -16,6 +16,15 @@ constexpr SQLLEN believedLength = 256 * 1024 * 1024;
 /// A value of unknown length that goes on after this is one that never ends.
 constexpr qsizetype longestValue = qsizetype{1} << 31;
 
+/// Whether there may be more of a value than a piece of it. Drivers tell the length of what was
+/// left, or none, or that of what they stored.
+bool mayGoOn(SQLRETURN code, SQLLEN indicator, SQLLEN room, SQLLEN terminator)
+{
+    const bool isLonger = indicator < 0 || indicator > room;
+    const bool isFull = code == SQL_SUCCESS_WITH_INFO && indicator >= room - terminator;
+    return code != SQL_NO_DATA && (isLonger || isFull);
+}
+
 /// Marks the end of a buffer of @p room bytes, so that cutPieceBytes() sees whether it was reached.
 void markEnd(char *buffer, SQLLEN room, SQLLEN terminator)
 {
@@ -61,10 +70,8 @@ std::optional<QByteArray> readWholeValue(const OdbcHandle &statement, SQLUSMALLI
                                          statement);
         if (isFirst && indicator == SQL_NULL_DATA)
             return std::nullopt;
-        const bool isCut = code == SQL_SUCCESS_WITH_INFO && (indicator < 0 || indicator > room);
-        if (!isCut) {
-            const SQLLEN last = code == SQL_NO_DATA ? 0 : std::clamp<SQLLEN>(indicator, 0, room);
-            bytes.resize(before + last);
+        if (!mayGoOn(code, indicator, room, terminator)) {
+            bytes.resize(before + (code == SQL_NO_DATA ? 0 : indicator));
             return bytes;
         }
         const SQLLEN stored = cutPieceBytes(piece, room, terminator);
