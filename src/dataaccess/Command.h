@@ -43,8 +43,9 @@ public:
 
     /// A stored procedure is sent as `{call name(?, …)}`; output parameters are read after the
     /// last result. A text that does not fit its parameter's size is an error, never cut.
-    /// @throws RuntimeError 3709 without an open connection, 3708 for a type that parameters cannot
-    ///         have, -2147217887 for a text that is too long, otherwise the driver's
+    /// @throws RuntimeError 3709 without an open connection, 3708 for a parameter that is neither a
+    ///         text nor a whole number of up to 32 bits, -2147217887 for a text that is too long,
+    ///         otherwise the driver's
     void Execute();
 
 private:

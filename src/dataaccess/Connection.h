@@ -42,10 +42,12 @@ public:
     /// @throws RuntimeError 3704 when closed, otherwise the driver's
     std::shared_ptr<Recordset> Execute(const QString &commandText);
 
-    /// @throws RuntimeError -2147168237 when one is open already
+    // The three of them raise RuntimeError 3704 while the connection is closed, and the driver's.
+    /// @throws RuntimeError -2147168237 when a transaction is open already
     void BeginTrans();
     /// @throws RuntimeError -2147168242 when none is open
     void CommitTrans();
+    /// @throws RuntimeError -2147168242 when none is open
     void RollbackTrans();
 
 private:

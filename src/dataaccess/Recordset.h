@@ -52,7 +52,8 @@ public:
 
     /// Sends @p source on @p connection and opens on its rows. A command that returns no rows
     /// leaves the recordset closed. Cursor type and lock type are taken as they were set.
-    /// @throws RuntimeError 3705 when open, 3709 on a closed connection, otherwise the server's
+    /// @throws RuntimeError 3705 when open, 3709 on a closed connection, setSort()'s, otherwise the
+    ///         server's; the recordset is then as it was
     void Open(const QString &source, const std::shared_ptr<Connection> &connection);
 
     /// Drops the rows; appended fields stay for the next Open().

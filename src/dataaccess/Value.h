@@ -93,6 +93,7 @@ public:
         : m_value(std::move(value))
     {
     }
+    Value(const void *) = delete; // no pointer is to become a truth value
     /// To the second, as a data source would hold a date of this program.
     Value(const QDateTime &value);
 

@@ -70,6 +70,6 @@ ProviderSession openProvider(const QString &connectionString)
     if (provider == "msdaora"_L1 || provider == "oraoledb.oracle"_L1)
         return openOracle(items);
     if (isSandbox(items))
-        return std::move(*openSandbox(items));
+        return openSandbox(items);
     throw RuntimeError(ErrorNumber::ProviderNotFound);
 }

@@ -13,7 +13,7 @@ qint32 CreateRegKey(const QString &keyName, RegistryHive hive = RegistryHive::Cu
 /// empty @p value deletes the named value instead and creates nothing.
 /// @returns 1 when done, 0 when not
 ///
-/// Where there is no registry, both work on a per-user settings file; the local machine's hive is
-/// then kept per user too.
+/// Both work on a per-user settings file in the registry's stead; the local machine's hive is kept
+/// per user too.
 qint16 SetRegValue(const QString &keyName, const QString &valueName, const QString &value,
                    RegistryHive hive = RegistryHive::CurrentUser);

@@ -116,14 +116,11 @@ void tst_connectionstring::missingOracleDriverIsNamed()
 {
     if (!installedDrivers().filter(u"Oracle"_s, Qt::CaseInsensitive).isEmpty())
         QSKIP("An Oracle driver is installed here.");
-    try {
-        openProvider(u"Provider=msdaora;Data Source=ORCL;User ID=scott;Password=tiger"_s);
-        QFAIL("opened without a driver");
-    } catch (const RuntimeError &error) {
-        QCOMPARE(error.number, 3706);
-        QVERIFY(error.description.contains(u"ODBC driver for Oracle"_s));
-        QVERIFY(!error.description.contains(u"tiger"_s));
-    }
+    const RuntimeError error = raised(
+        [] { openProvider(u"Provider=msdaora;Data Source=ORCL;User ID=scott;Password=tiger"_s); });
+    QCOMPARE(error.number, 3706);
+    QVERIFY(error.description.contains(u"ODBC driver for Oracle"_s));
+    QVERIFY(!error.description.contains(u"tiger"_s));
 }
 
 void tst_connectionstring::procedureReferences_data()

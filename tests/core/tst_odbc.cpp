@@ -210,6 +210,13 @@ void tst_odbc::readsIntoMemory()
     QCOMPARE(remaining(*rows), QStringList({u"1"_s, u"2"_s}));
     rows->MoveFirst();
     QCOMPARE(rows->value(u"A"_s).toInteger(), 1);
+
+    Recordset unsorted;
+    unsorted.setCursorLocation(adUseClient);
+    unsorted.setSort(u"B"_s);
+    QCOMPARE(raisedError([&] { unsorted.Open(u"select 1 as A"_s, connection); }), 3265);
+    QCOMPARE(unsorted.State(), adStateClosed);
+    QCOMPARE(unsorted.fieldCount(), 0);
 }
 
 void tst_odbc::statementsWithoutRowsLeaveItClosed()
@@ -308,15 +315,11 @@ void tst_odbc::diagnosticsAreGathered()
 {
     const auto connection = fake();
     for (const auto &text : {u"refuse 3"_s, u"refuse 3 badlengths"_s, u"badlengths refuse 3"_s}) {
-        try {
-            connection->Execute(text);
-            QFAIL("was not refused");
-        } catch (const RuntimeError &error) {
-            QCOMPARE(error.description, u"reason 3\r\nreason 2\r\nreason 1"_s);
-            QCOMPARE(error.number, 903);
-            QCOMPARE(error.nativeError, 903);
-            QCOMPARE(error.sqlState, u"42000"_s);
-        }
+        const RuntimeError error = raised([&] { connection->Execute(text); });
+        QCOMPARE(error.description, u"reason 3\r\nreason 2\r\nreason 1"_s);
+        QCOMPARE(error.number, 903);
+        QCOMPARE(error.nativeError, 903);
+        QCOMPARE(error.sqlState, u"42000"_s);
     }
     QCOMPARE(connection->Execute(u"rows 1 integer"_s)->value(0).toInteger(), 0);
 }

@@ -1,7 +1,7 @@
 #include "dataaccess/Connection.h"
 #include "dataaccess/sandbox/Sandbox.h"
-#include "platform/RuntimeError.h"
 #include "support/SandboxFixture.h"
+#include "support/raisedError.h"
 #include "support/testFiles.h"
 
 #include <QCoreApplication>
@@ -280,12 +280,7 @@ void tst_sandboxserver::serverKilled()
     connection->BeginTrans();
     connection->Execute(u"insert into kept values (2)"_s);
     killProcess(serverId());
-    try {
-        connection->Execute(u"select * from kept"_s);
-        QFAIL("answered");
-    } catch (const RuntimeError &error) {
-        QVERIFY(!error.description.isEmpty());
-    }
+    QVERIFY(raisedError([&] { connection->Execute(u"select * from kept"_s); }) != 0);
 
     // With the old connection still holding on.
     const auto again = logOn();
@@ -304,12 +299,8 @@ void tst_sandboxserver::serverStopped()
     const auto goOn = qScopeGuard([server] { ::kill(server, SIGCONT); });
     QElapsedTimer timer;
     timer.start();
-    try {
-        logOn();
-        QFAIL("logged on");
-    } catch (const RuntimeError &error) {
-        QVERIFY2(error.description.contains(u"does not answer"_s), error.what());
-    }
+    const RuntimeError error = raised(logOn);
+    QVERIFY2(error.description.contains(u"does not answer"_s), error.what());
     QVERIFY(timer.elapsed() < patience);
 }
 
@@ -321,13 +312,9 @@ void tst_sandboxserver::serverThatCannotStart()
     const auto putBack = qScopeGuard([&] { data.rename(u"elsewhere"_s, u"mysql"_s); });
     QElapsedTimer timer;
     timer.start();
-    try {
-        logOn();
-        QFAIL("logged on");
-    } catch (const RuntimeError &error) {
-        QVERIFY2(error.description.contains(u"could not be started"_s), error.what());
-        QVERIFY2(error.description.contains(u"[ERROR]"_s), error.what());
-    }
+    const RuntimeError error = raised(logOn);
+    QVERIFY2(error.description.contains(u"could not be started"_s), error.what());
+    QVERIFY2(error.description.contains(u"[ERROR]"_s), error.what());
     QVERIFY(timer.elapsed() < patience / 2);
 }
 
@@ -410,13 +397,9 @@ void tst_sandboxserver::folderThatCannotBe()
     QVERIFY(file.open(QIODevice::WriteOnly));
     for (const QString &path : {file.fileName(), file.fileName() + u"/below/sandbox"_s}) {
         qputenv(SandboxFixture::folderVariable, path.toLocal8Bit());
-        try {
-            logOn();
-            QFAIL("logged on");
-        } catch (const RuntimeError &error) {
-            QCOMPARE(error.number, ErrorNumber::PathFileAccessError);
-            QVERIFY(error.description.contains(path));
-        }
+        const RuntimeError error = raised(logOn);
+        QCOMPARE(error.number, ErrorNumber::PathFileAccessError);
+        QVERIFY(error.description.contains(path));
     }
     qputenv(SandboxFixture::folderVariable, usual);
 }

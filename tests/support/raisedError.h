@@ -4,15 +4,22 @@
 
 #include <utility>
 
-/// The number of the RuntimeError that @p work raises; 0 when it raises none. Any other exception
+/// The RuntimeError that @p work raises; one of number 0 when it raises none. Any other exception
 /// goes through and fails the test.
 template <typename Work>
-int raisedError(Work &&work)
+RuntimeError raised(Work &&work)
 {
     try {
         std::forward<Work>(work)();
     } catch (const RuntimeError &error) {
-        return error.number;
+        return error;
     }
-    return 0;
+    return RuntimeError(0, QStringLiteral("nothing was raised"));
+}
+
+/// Its number.
+template <typename Work>
+int raisedError(Work &&work)
+{
+    return raised(std::forward<Work>(work)).number;
 }

@@ -132,7 +132,12 @@ OdbcSession::OdbcSession(ProviderSession provider)
         m_environment);
     m_connection = OdbcHandle(SQL_HANDLE_DBC, m_environment);
     connect(m_provider.odbcConnectionString);
-    readAbilities();
+    try {
+        readAbilities();
+    } catch (...) {
+        close();
+        throw;
+    }
 }
 
 OdbcSession::~OdbcSession()

@@ -10,7 +10,7 @@ class ParameterBuffer
 {
 public:
     /// @param isUtf8  whether the driver writes outputs as UTF-8 text, however it is asked
-    /// @throws RuntimeError 3708 for a type that parameters cannot have
+    /// @throws RuntimeError 3708 for a type other than texts and whole numbers of up to 32 bits
     ParameterBuffer(const Parameter &parameter, bool isUtf8);
 
     /// @throws RuntimeError with the driver's text
@@ -18,16 +18,17 @@ public:
     /// Forgets what came out before: some drivers leave a null as they found it.
     void clear() { m_indicator = SQL_NULL_DATA; }
     /// The value that came out.
-    /// @throws RuntimeError -2147217887 when a text is longer than the parameter's size
+    /// @throws RuntimeError -2147217887 when a text is longer than the parameter's size, 13 or 6
+    /// when
+    ///         the driver wrote no 32-bit number where there should be one
     Value load(const Parameter &parameter) const;
 
 private:
-    Value loadUtf8(const Parameter &parameter) const;
     [[noreturn]] static void raiseTooLong(const Parameter &parameter);
 
-    SQLSMALLINT m_cType;
-    SQLSMALLINT m_sqlType;
+    bool m_isInteger;
     SQLULEN m_size; ///< characters
+    SQLSMALLINT m_cType;
     std::vector<char16_t> m_memory;
     SQLLEN m_indicator = SQL_NULL_DATA;
 };

@@ -66,23 +66,20 @@ bool isSandbox(const ConnectionString &connectionString)
     return connectionString.value(u"Provider").compare("OrbekSandbox"_L1, Qt::CaseInsensitive) == 0;
 }
 
-std::unique_ptr<ProviderSession> openSandbox(const ConnectionString &connectionString)
+ProviderSession openSandbox(const ConnectionString &connectionString)
 {
     const QString user = accountOf(connectionString);
     const QString password = valueOf(connectionString, u"Password", u"PWD");
 
     const QString driver = serverDriver();
 
-    auto session = std::make_unique<ProviderSession>();
     const auto server =
         std::make_shared<SandboxServer>(SandboxFolder::ofUser(), progressListener());
-    session->lifetime = server;
-    session->odbcConnectionString =
+    const QString odbc =
         u"DRIVER=%1;SOCKET=%2;DATABASE=%3;UID=%4;PWD=%5;CHARSET=utf8mb4;NO_PROMPT=1;"
         "CONN_TIMEOUT=15"_s.arg(driver, braced(server->socketPath()), braced(user), braced(user),
                                 braced(password));
-    session->adapter = std::make_unique<SandboxAdapter>();
-    return session;
+    return {odbc, server, std::make_unique<SandboxAdapter>()};
 }
 
 void setSandboxProgress(SandboxProgress progress)
