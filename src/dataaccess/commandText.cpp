@@ -107,6 +107,8 @@ QString asProcedureCall(const QString &commandText)
 
 bool hasOdbcEscape(const QString &text)
 {
+    if (!text.contains(u'{'))
+        return false;
     static const QRegularExpression escape(
         uR"(\A\{\s*(\?\s*=\s*)?(call|fn|d|t|ts|oj|escape|interval|guid)\b)"_s,
         QRegularExpression::CaseInsensitiveOption);
