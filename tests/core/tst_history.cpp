@@ -215,10 +215,14 @@ void tst_History::oneHugeLine()
     Recordset history;
     load(history);
     QCOMPARE(rowsOf(history), (QStringList{u"a\r\n"_s, u"1/2/2024"_s}));
-#ifndef __SANITIZE_ADDRESS__ // which gives no memory back
-    QVERIFY2(peakMegabytes() - before < 3 * megabytes,
-             qPrintable(QString::number(peakMegabytes() - before)));
+    const long grown = peakMegabytes() - before;
+#ifdef __SANITIZE_ADDRESS__
+    // Memory that has been given back is kept out of use here.
+    constexpr long most = 10 * megabytes;
+#else
+    constexpr long most = 3 * megabytes;
 #endif
+    QVERIFY2(grown < most, qPrintable(QString::number(grown)));
 }
 
 QTEST_GUILESS_MAIN(tst_History)
