@@ -33,7 +33,7 @@ constexpr std::array<quint8, 128> digitCodes()
     std::array<quint8, 128> codes{};
     codes.fill(noDigit);
     for (quint8 code = 0; digitCharacters[code] != '\0'; ++code)
-        codes[static_cast<size_t>(digitCharacters[code])] = code;
+        codes[static_cast<quint8>(digitCharacters[code])] = code;
     return codes;
 }
 

@@ -18,7 +18,7 @@ class OdbcSession final : private StatementSession
 public:
     /// Connects. @throws RuntimeError with the driver's text
     explicit OdbcSession(ProviderSession provider);
-    ~OdbcSession();
+    ~OdbcSession() override;
     OdbcSession(const OdbcSession &) = delete;
     OdbcSession &operator=(const OdbcSession &) = delete;
 
