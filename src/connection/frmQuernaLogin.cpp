@@ -4,11 +4,11 @@
 #include "connection/session.h"
 #include "controls/accessKey.h"
 #include "controls/named.h"
+#include "controls/okCancel.h"
 #include "platform/errorTraps.h"
 #include "platform/mousePointer.h"
 #include "platform/settings.h"
 
-#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -153,16 +153,10 @@ void frmQuernaLogin::createOptions()
 
 void frmQuernaLogin::createButtons()
 {
-    auto *buttons = new QDialogButtonBox(this);
-    auto *ok = withAccessKey(
-        named(buttons->addButton(u"OK"_s, QDialogButtonBox::AcceptRole), u"cmdOK"_s), Qt::Key_O);
-    ok->setDefault(true);
-    auto *cancel = withAccessKey(
-        named(buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole), u"cmdCancel"_s),
-        Qt::Key_C);
-    connect(ok, &QPushButton::clicked, this, &frmQuernaLogin::cmdOK_Click);
-    connect(cancel, &QPushButton::clicked, this, &frmQuernaLogin::cmdCancel_Click);
-    layout()->addWidget(buttons);
+    const OkCancelButtons buttons(this, u"cmdOK"_s, u"cmdCancel"_s);
+    connect(buttons.ok, &QPushButton::clicked, this, &frmQuernaLogin::cmdOK_Click);
+    connect(buttons.cancel, &QPushButton::clicked, this, &frmQuernaLogin::cmdCancel_Click);
+    layout()->addWidget(buttons.box);
 }
 
 void frmQuernaLogin::Form_Load()

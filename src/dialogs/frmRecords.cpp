@@ -3,11 +3,11 @@
 #include "connection/session.h"
 #include "controls/accessKey.h"
 #include "controls/named.h"
+#include "controls/okCancel.h"
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
 #include "platform/textForms.h"
 
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -30,22 +30,16 @@ frmRecords::frmRecords(QWidget *parent)
     setAccessKey(txtRecords, Qt::Key_M, this);
     txtRecords->setAccessibleName(u"Maximum number of records returned"_s);
 
-    auto *buttons = new QDialogButtonBox(this);
-    auto *cmdOK = withAccessKey(
-        named(buttons->addButton(u"OK"_s, QDialogButtonBox::AcceptRole), u"cmdOK"_s), Qt::Key_O);
-    cmdOK->setDefault(true);
-    auto *cmdCancel = withAccessKey(
-        named(buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole), u"cmdCancel"_s),
-        Qt::Key_C);
+    const OkCancelButtons buttons(this, u"cmdOK"_s, u"cmdCancel"_s);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);
     layout->addWidget(txtRecords);
     layout->addStretch(1);
-    layout->addWidget(buttons);
+    layout->addWidget(buttons.box);
 
-    connect(cmdOK, &QPushButton::clicked, this, &frmRecords::cmdOK_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &frmRecords::cmdCancel_Click);
+    connect(buttons.ok, &QPushButton::clicked, this, &frmRecords::cmdOK_Click);
+    connect(buttons.cancel, &QPushButton::clicked, this, &frmRecords::cmdCancel_Click);
 }
 
 bool frmRecords::Form_Load()

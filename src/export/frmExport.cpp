@@ -2,13 +2,13 @@
 
 #include "controls/accessKey.h"
 #include "controls/named.h"
+#include "controls/okCancel.h"
 #include "export/exportFormats.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
 #include "platform/mousePointer.h"
 
 #include <QButtonGroup>
-#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -131,16 +131,10 @@ QWidget *frmExport::buildOptions()
 
 QWidget *frmExport::buildButtons()
 {
-    auto *buttons = new QDialogButtonBox(this);
-    auto *ok = withAccessKey(
-        named(buttons->addButton(u"OK"_s, QDialogButtonBox::AcceptRole), u"cmdExpOK"_s), Qt::Key_O);
-    ok->setDefault(true);
-    auto *cancel = withAccessKey(
-        named(buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole), u"cmdExpCancel"_s),
-        Qt::Key_C);
-    connect(ok, &QPushButton::clicked, this, &frmExport::cmdExpOK_Click);
-    connect(cancel, &QPushButton::clicked, this, &frmExport::cmdExpCancel_Click);
-    return buttons;
+    const OkCancelButtons buttons(this, u"cmdExpOK"_s, u"cmdExpCancel"_s);
+    connect(buttons.ok, &QPushButton::clicked, this, &frmExport::cmdExpOK_Click);
+    connect(buttons.cancel, &QPushButton::clicked, this, &frmExport::cmdExpCancel_Click);
+    return buttons.box;
 }
 
 void frmExport::setRs(const std::shared_ptr<Recordset> &rs)
