@@ -212,12 +212,7 @@ void FrameCommands::mnuFont_Click()
     dialog.Flags = fontDialogFlags;
     dialog.DialogTitle = u"Choose a font"_s;
     dialog.Font = editor->Font();
-    bool chosen = false;
-    ignoreErrors([&] {
-        dialog.ShowFont();
-        chosen = true;
-    });
-    if (!chosen)
+    if (!ignoreErrors([&] { dialog.ShowFont(); }))
         return;
     ignoreErrors([&] { editor->setFontName(dialog.Font.family()); });
     ignoreErrors([&] { editor->setSelFontSize(dialog.Font.pointSizeF()); });

@@ -65,9 +65,8 @@ public:
     bool Eof() const;
     /// Rows of a client-side table; -1 for a forward-only reader.
     qint64 RecordCount() const;
-    /// @throws RuntimeError 3021 when there are no rows, 3219 on a forward-only reader that has
-    /// left
-    ///         its first row
+    /// @throws RuntimeError 3021 when there are no rows, 3219 on a forward-only reader behind its
+    ///         first row
     void MoveFirst();
     /// @throws RuntimeError 3021 when the end is passed already, otherwise the driver's
     void MoveNext();

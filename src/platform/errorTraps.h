@@ -29,12 +29,15 @@ bool reportErrors(Work &&work)
 }
 
 /// Runs @p work and passes over a failure in silence.
+/// @returns whether the work went through
 template <typename Work>
-void ignoreErrors(Work &&work) noexcept
+bool ignoreErrors(Work &&work) noexcept
 {
     try {
         std::forward<Work>(work)();
+        return true;
     } catch (...) { // a step that fails is skipped, by its caller's design
+        return false;
     }
 }
 
