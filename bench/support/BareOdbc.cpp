@@ -126,10 +126,12 @@ BareOdbc::BareOdbc(const QString &odbcConnectionString)
                             static_cast<SQLSMALLINT>(odbcConnectionString.size()), nullptr, 0,
                             &length, SQL_DRIVER_NOPROMPT),
           SQL_HANDLE_DBC, m_connection);
+    SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &m_statement);
 }
 
 BareOdbc::~BareOdbc()
 {
+    SQLFreeHandle(SQL_HANDLE_STMT, m_statement);
     SQLDisconnect(m_connection);
     SQLFreeHandle(SQL_HANDLE_DBC, m_connection);
     SQLFreeHandle(SQL_HANDLE_ENV, m_environment);
@@ -137,11 +139,9 @@ BareOdbc::~BareOdbc()
 
 void BareOdbc::execute(const QString &text)
 {
-    SQLHANDLE statement = nullptr;
-    SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &statement);
-    check(SQLExecDirectW(statement, wide(text), static_cast<SQLINTEGER>(text.size())),
-          SQL_HANDLE_STMT, statement);
-    SQLFreeHandle(SQL_HANDLE_STMT, statement);
+    check(SQLExecDirectW(m_statement, wide(text), static_cast<SQLINTEGER>(text.size())),
+          SQL_HANDLE_STMT, m_statement);
+    SQLFreeStmt(m_statement, SQL_CLOSE);
 }
 
 void BareOdbc::beginTransactions()

@@ -30,4 +30,5 @@ public:
 private:
     SQLHANDLE m_environment = nullptr;
     SQLHANDLE m_connection = nullptr;
+    SQLHANDLE m_statement = nullptr; ///< that execute() uses again and again
 };

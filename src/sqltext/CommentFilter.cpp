@@ -19,8 +19,6 @@ CommentFilter::CommentFilter(const QString &text)
 
 QString CommentFilter::filtered()
 {
-    if (m_dashes.current() == Occurrences::none)
-        return m_source;
     QString result;
     result.reserve(m_text.size());
     qsizetype start = 0;

@@ -2,6 +2,8 @@
 
 #include "sqltext/sqlFilters.h"
 
+#include <QStringBuilder>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -15,10 +17,10 @@ QString literalText(const QString &statement)
 
 QString dmlBlock(const QString &statement)
 {
-    return "begin \r\n execute immediate '"_L1 + literalText(statement) + "'; end;"_L1;
+    return "begin \r\n execute immediate '"_L1 % literalText(statement) % "'; end;"_L1;
 }
 
 QString scriptBlock(const QString &statement)
 {
-    return "Begin \r\nexecute immediate ('"_L1 + literalText(statement) + "');\r\nend;"_L1;
+    return "Begin \r\nexecute immediate ('"_L1 % literalText(statement) % "');\r\nend;"_L1;
 }

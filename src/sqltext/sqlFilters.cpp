@@ -18,7 +18,7 @@ bool endsWord(QChar c)
 
 QString stripComments(const QString &text)
 {
-    return CommentFilter(text).filtered();
+    return text.contains("--"_L1) ? CommentFilter(text).filtered() : text;
 }
 
 bool isDmlStatement(const QString &text)
@@ -41,9 +41,12 @@ bool isDmlStatement(const QString &text)
 
 QString doubleQuotes(const QString &text)
 {
+    const qsizetype count = text.count(u'\'');
+    if (count == 0)
+        return text;
     const QStringView view(text);
     QString result;
-    result.reserve(text.size() + text.count(u'\''));
+    result.reserve(text.size() + count);
     qsizetype from = 0;
     for (Occurrences quotes(view, u"'"); quotes.current() != Occurrences::none; quotes.advance()) {
         result.append(view.sliced(from, quotes.current() + 1 - from)).append(u'\'');
@@ -55,10 +58,13 @@ QString doubleQuotes(const QString &text)
 QString lineFeedsOnly(const QString &text)
 {
     const QStringView view(text);
+    Occurrences pairs(view, u"\r\n");
+    if (pairs.current() == Occurrences::none)
+        return text;
     QString result;
     result.reserve(text.size());
     qsizetype from = 0;
-    for (Occurrences pairs(view, u"\r\n"); pairs.current() != Occurrences::none; pairs.advance()) {
+    for (; pairs.current() != Occurrences::none; pairs.advance()) {
         result.append(view.sliced(from, pairs.current() - from));
         from = pairs.current() + 1;
     }

@@ -185,6 +185,7 @@ void OdbcSession::close()
     }
     if (!m_autocommit)
         SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), SQL_ROLLBACK);
+    m_spareStatement.reset();
     SQLDisconnect(m_connection.get());
     m_connection.reset();
     m_environment.reset();
@@ -235,12 +236,13 @@ void OdbcSession::prepareToSend()
 
 OdbcHandle OdbcSession::newStatement(const QString &text)
 {
-    OdbcHandle statement(SQL_HANDLE_STMT, m_connection);
+    OdbcHandle statement(std::move(m_spareStatement));
+    if (!statement)
+        statement = OdbcHandle(SQL_HANDLE_STMT, m_connection);
     // Texts are the user's: braces in them that are no escape must reach the server as they are.
-    if (!hasOdbcEscape(text)) {
-        SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, attributeValue(SQL_NOSCAN_ON),
-                       SQL_IS_UINTEGER);
-    }
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN,
+                   attributeValue(hasOdbcEscape(text) ? SQL_NOSCAN_OFF : SQL_NOSCAN_ON),
+                   SQL_IS_UINTEGER);
     statement.setHasOneResult(m_abilities.isMariaDb && withoutLastCharacter(text).contains(u';'));
     return statement;
 }
@@ -252,9 +254,11 @@ OdbcHandle OdbcSession::send(const QString &text)
         statement = newStatement(text);
         executeText(statement, text);
     });
-    if (!skipToColumns(statement))
-        return {};
-    return statement;
+    if (skipToColumns(statement))
+        return statement;
+    if (SQL_SUCCEEDED(SQLFreeStmt(statement.get(), SQL_CLOSE)))
+        m_spareStatement = std::move(statement);
+    return {};
 }
 
 void OdbcSession::withResultsReleased(const std::function<void()> &action)

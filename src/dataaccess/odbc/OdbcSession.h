@@ -35,7 +35,7 @@ public:
 
     /// The text as executeCommand() would send it.
     QString adapted(const QString &text);
-    /// A new statement, for a text that is sent as @p text.
+    /// A statement without a result, for a text that is sent as @p text.
     OdbcHandle newStatement(const QString &text);
     /// Runs @p action; when the driver refuses it because results are open on this session, reads
     /// these into memory and runs it once more.
@@ -62,6 +62,9 @@ private:
     ProviderSession m_provider;
     OdbcHandle m_environment;
     OdbcHandle m_connection;
+    /// Left by a text without rows, for the next one: scripts send thousands, and to make a
+    /// statement takes drivers longer than to send a short text.
+    OdbcHandle m_spareStatement;
     std::vector<SessionClient *> m_clients;
     OdbcAbilities m_abilities;
     bool m_connected = false;

@@ -2,6 +2,7 @@
 
 #include "dataaccess/sandbox/SqlTokens.h"
 
+#include <QStringBuilder>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -130,7 +131,7 @@ std::optional<QString> blockStatement(const QString &text)
     const SqlToken first = tokens.next();
     const QStringView rest = tokens.rest();
     if (first.isWord(u"BEGIN"))
-        return tokens.next().isWord(u"NOT") ? text : u"BEGIN NOT ATOMIC"_s.append(rest);
+        return tokens.next().isWord(u"NOT") ? text : QString("BEGIN NOT ATOMIC"_L1 % rest);
     if (!first.isWord(u"DECLARE"))
         return std::nullopt;
 
@@ -138,6 +139,5 @@ std::optional<QString> blockStatement(const QString &text)
     for (SqlToken token = first; token.kind != SqlToken::End; token = tokens.next())
         last = token;
     // The ends are on lines of their own: the text may end in a comment.
-    return u"BEGIN NOT ATOMIC DECLARE"_s.append(rest).append(last.isSign(u';') ? u"\nEND"_s
-                                                                               : u"\n; END"_s);
+    return "BEGIN NOT ATOMIC DECLARE"_L1 % rest % (last.isSign(u';') ? "\nEND"_L1 : "\n; END"_L1);
 }
