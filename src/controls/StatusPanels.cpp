@@ -55,36 +55,33 @@ StatusPanels::StatusPanels(const QString &objectName, QWidget *parent)
         panel->setAccessibleName(panelPurpose(i));
         panel->setTextFormat(Qt::PlainText);
         panel->setUpdatesEnabled(false);
-        // With every text a label asks for its contents' margins, and so for the screen's, which
-        // costs more than the text.
-        panel->setAttribute(Qt::WA_ContentsMarginsRespectsSafeArea, false);
         m_labels[static_cast<std::size_t>(i)] = panel;
     }
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-QLabel *StatusPanels::label(int panel) const
-{
-    return panel >= 1 && panel <= panelCount ? m_labels[static_cast<std::size_t>(panel - 1)]
-                                             : nullptr;
-}
-
 void StatusPanels::setPanelText(int panel, const QString &text)
 {
-    QLabel *target = label(panel);
-    if (!target)
+    if (panel < 1 || panel > panelCount)
         return;
-    target->setText(text);
+    m_texts[static_cast<std::size_t>(panel - 1)] = text;
     m_pacer->request();
 }
 
-/// The descriptions tell which texts are on the screen already.
+QString StatusPanels::panelText(int panel) const
+{
+    return panel < 1 || panel > panelCount ? QString()
+                                           : m_texts[static_cast<std::size_t>(panel - 1)];
+}
+
 void StatusPanels::showTexts()
 {
-    for (QLabel *panel : m_labels) {
-        if (panel->accessibleDescription() == panel->text())
+    for (std::size_t i = 0; i < panelCount; ++i) {
+        QLabel *const panel = m_labels[i];
+        if (panel->text() == m_texts[i])
             continue;
-        panel->setAccessibleDescription(panel->text());
+        panel->setText(m_texts[i]);
+        panel->setAccessibleDescription(m_texts[i]);
         update(panel->geometry());
     }
 }

@@ -13,9 +13,8 @@ class QPainter;
 /// The status bar of an editor window: five text panels side by side, labels named
 /// `<objectName>_1` to `<objectName>_5`.
 ///
-/// setPanelText() is made to be called for every row of a long run: the label's text is always the
-/// latest one, but it is painted at most once a frame. For that the labels only hold the texts;
-/// the bar paints them.
+/// setPanelText() is made to be called for every row of a long run: labels take the texts at most
+/// once a frame and only hold them; the bar paints them.
 class StatusPanels : public QFrame
 {
     Q_OBJECT
@@ -26,6 +25,8 @@ public:
 
     /// @param panel  1 to 5; another one is passed over
     void setPanelText(int panel, const QString &text);
+    /// The text that was set last, on the screen or not yet. Empty for another panel.
+    QString panelText(int panel) const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -37,7 +38,6 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    QLabel *label(int panel) const;
     QRect textRect(const QLabel *panel) const;
     std::array<int, panelCount> usualWidths() const;
     void layOutPanels();
@@ -45,5 +45,6 @@ private:
     void paintPanel(QPainter &painter, const QLabel &panel) const;
 
     std::array<QLabel *, panelCount> m_labels{};
+    std::array<QString, panelCount> m_texts;
     FramePacer *m_pacer;
 };

@@ -93,21 +93,24 @@ bool readNumber(const CellView &cell, Number &number)
 Value anyNumber(const CellView &cell)
 {
     std::int64_t integer = 0;
+    double number = 0;
     if (readNumber(cell, integer))
         return integer;
-    double number = 0;
     if (readNumber(cell, number))
         return number;
-    return QString::fromUtf8(cell.bytes, static_cast<qsizetype>(cell.length));
+    return textFromUtf8({cell.bytes, static_cast<qsizetype>(cell.length)});
 }
 
 void packAnyNumber(const CellView &cell, RowWriter &row)
 {
     std::int64_t integer = 0;
+    double number = 0;
     if (readNumber(cell, integer))
         row.addInteger(integer);
+    else if (readNumber(cell, number))
+        row.addDouble(number);
     else
-        row.addValue(anyNumber(cell));
+        row.addUtf8({cell.bytes, static_cast<qsizetype>(cell.length)});
 }
 
 } // namespace

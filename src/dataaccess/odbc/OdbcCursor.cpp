@@ -162,6 +162,7 @@ void OdbcCursor::next()
 void OdbcCursor::arriveAtRow()
 {
     m_wholeValues.clear();
+    m_isRowInBuffers = false;
     if (m_rowStates[m_row] == SQL_ROW_ERROR)
         raiseRowError();
     if (m_rowsPerBlock > 1)
@@ -172,6 +173,7 @@ void OdbcCursor::arriveAtRow()
         if (!m_columns[i].isBound() || m_columns[i].isCut(m_row))
             wholeValue(i);
     }
+    m_isRowInBuffers = m_wholeValues.empty();
 }
 
 void OdbcCursor::raiseRowError()
@@ -217,7 +219,7 @@ void OdbcCursor::raiseCutValue(size_t column) const
 CellView OdbcCursor::cell(size_t column) const
 {
     const ColumnBuffer &buffer = m_columns[column];
-    if (buffer.isBound() && !buffer.isCut(m_row))
+    if (m_isRowInBuffers || (buffer.isBound() && !buffer.isCut(m_row)))
         return buffer.cell(m_row);
     const WholeValue &whole = wholeValue(column);
     if (!whole.bytes)

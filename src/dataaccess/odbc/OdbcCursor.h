@@ -59,6 +59,7 @@ private:
     SQLULEN m_fetched = 0;
     SQLULEN m_row = 0; ///< in the block
     bool m_isFirstRow = true;
+    bool m_isRowInBuffers = false; ///< known of the current row: every value is bound and not cut
     bool m_rereadsInBlock = false; ///< the driver gives values again anywhere in a block
     bool m_rereadsBound = false;   ///< it gives values of bound columns again, at least
     mutable std::vector<WholeValue> m_wholeValues;
