@@ -41,8 +41,7 @@ FlexGrid::FlexGrid(QWidget *parent)
     }
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     applyGridLook(this);
-    connect(this, &QTableView::doubleClicked, this,
-            [this](const QModelIndex &cell) { emit rowPicked(cell.row() + 1); });
+    connect(this, &QTableView::doubleClicked, this, &FlexGrid::pickRow);
 }
 
 void FlexGrid::Clear()
@@ -139,13 +138,19 @@ QString FlexGrid::SelText() const
                          });
 }
 
+/// A click with Ctrl held takes a row out of the selection, which may leave none to pick.
+void FlexGrid::pickRow()
+{
+    if (RowSel() > 0)
+        emit rowPicked(RowSel());
+}
+
 void FlexGrid::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Copy)) {
         reportErrors([this] { copyToClipboard(SelText()); });
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (RowSel() > 0)
-            emit rowPicked(RowSel());
+        pickRow();
     } else {
         QTableView::keyPressEvent(event);
         return;

@@ -35,7 +35,7 @@ public:
     QString SelText() const;
 
 signals:
-    /// A row was picked with a double click or with Enter.
+    /// A double click or Enter has picked the selection's last row.
     void rowPicked(int row);
 
 protected:
@@ -43,6 +43,7 @@ protected:
 
 private:
     void checkCell(int row, int column) const;
+    void pickRow();
 
     FlexGridModel *m_model;
 };

@@ -346,6 +346,10 @@ void tst_grids::flexGridPicksRows()
     QTest::keyClick(&grid, Qt::Key_Return);
     QCOMPARE(picked.count(), 2);
     QCOMPARE(picked.last().first().toInt(), 3);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::ControlModifier, thirdRow);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, Qt::ControlModifier, thirdRow);
+    QCOMPARE(grid.RowSel(), 0);
+    QCOMPARE(picked.count(), 2);
 }
 
 void tst_grids::treeColumns()
