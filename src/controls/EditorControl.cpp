@@ -1,6 +1,7 @@
 #include "controls/EditorControl.h"
 
 #include "controls/EditorAccessible.h"
+#include "controls/EditorChanges.h"
 #include "controls/EditorLook.h"
 #include "controls/EditorPageSetup.h"
 #include "controls/EditorSearch.h"
@@ -13,7 +14,6 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QTimer>
 #include <QUrl>
 
 #include <algorithm>
@@ -23,8 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int charactersPerTab = 4;
-// In bytes; up to here nobody notices what the base class does behind a change.
-constexpr long largeText = 2 << 20;
 
 /// The local file that is being dragged; an empty text when it is something else.
 QString draggedFile(const QMimeData *data)
@@ -43,6 +41,7 @@ EditorControl::EditorControl(QWidget *parent)
     , m_positions(*this)
     , m_formats(*this)
     , m_colouring(std::make_unique<SyntaxColouring>(*this, m_formats))
+    , m_changes(std::make_unique<EditorChanges>(*this, *m_colouring, m_formats))
     , m_look(std::make_unique<EditorLook>(*this, *m_colouring, m_formats))
     , m_search(std::make_unique<EditorSearch>(*this))
     , m_pageSetup(std::make_unique<EditorPageSetup>(*this))
@@ -72,13 +71,8 @@ void EditorControl::setUpEditing()
     SendScintilla(SCI_SETSCROLLWIDTHTRACKING, 1L);
     setAcceptDrops(true);
 
-    watchChanges();
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this,
             [this](int position) { m_colouring->colourTo(position); });
-    connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int position, int type, const char *, int length) {
-                noteChange(position, type, length);
-            });
     // The base class would count the caret's column from the line's start at every key.
     disconnect(this, &QsciScintillaBase::SCN_UPDATEUI, this, nullptr);
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this] {
@@ -88,10 +82,6 @@ void EditorControl::setUpEditing()
     const auto fitLineNumbers = [this] { m_look->fitLineNumbers(); };
     connect(this, &QsciScintillaBase::SCN_ZOOM, this, fitLineNumbers);
     connect(this, &QsciScintilla::linesChanged, this, fitLineNumbers);
-    connect(this, &QsciScintilla::textChanged, this, [this] {
-        if (m_isLarge != (SendScintilla(SCI_GETLENGTH) > largeText))
-            watchChanges();
-    });
 }
 
 void EditorControl::setUpKeys()
@@ -106,41 +96,6 @@ void EditorControl::setUpKeys()
     }
 }
 
-/// Behind every change that it tells of, the base class counts all characters before it for screen
-/// readers, whether there are any or not. In a large text only what comes before a change is
-/// asked for, therefore.
-void EditorControl::watchChanges()
-{
-    m_isLarge = SendScintilla(SCI_GETLENGTH) > largeText;
-    SendScintilla(SCI_SETMODEVENTMASK, m_isLarge ? SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE
-                                                 : SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
-}
-
-void EditorControl::noteChange(long position, int type, long length)
-{
-    const bool isBefore = (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) != 0;
-    if ((type & (SC_MOD_INSERTTEXT | SC_MOD_BEFOREINSERT)) != 0)
-        m_colouring->textInserted(position, length);
-    else
-        m_colouring->textDeleted(position, length);
-    if (isBefore) {
-        if (!std::exchange(m_changeIsUntold, true))
-            QTimer::singleShot(0, this, &EditorControl::tellChange);
-        return;
-    }
-    m_colouring->colourHugeLine(position);
-    if ((type & SC_MOD_INSERTTEXT) != 0 && (type & SC_PERFORMED_USER) != 0)
-        m_formats.textInserted(position, length);
-}
-
-void EditorControl::tellChange()
-{
-    if (!std::exchange(m_changeIsUntold, false))
-        return;
-    emit linesChanged();
-    emit textChanged();
-}
-
 QString EditorControl::GetText() const
 {
     return QString::fromUtf8(textBytes(0, SendScintilla(SCI_GETLENGTH)));
@@ -151,7 +106,7 @@ void EditorControl::setText(const QString &text)
     SendScintilla(SCI_BEGINUNDOACTION);
     replaceAll(editorUtf8(text));
     SendScintilla(SCI_ENDUNDOACTION);
-    tellChange();
+    m_changes->tell();
     select(0, 0);
 }
 
@@ -159,6 +114,7 @@ void EditorControl::replaceAll(const QByteArray &text)
 {
     const bool readOnly = isReadOnly();
     SendScintilla(SCI_SETREADONLY, 0L);
+    m_formats.forgetPending();
     exchangeBytes(0, SendScintilla(SCI_GETLENGTH), text);
     SendScintilla(SCI_SETREADONLY, static_cast<long>(readOnly));
 }
@@ -357,16 +313,14 @@ void EditorControl::LoadFile(const QString &path)
 {
     const QByteArray text = editorUtf8FromFile(readWholeFile(path));
     SendScintilla(SCI_SETUNDOCOLLECTION, 0L);
-    SendScintilla(SCI_SETMODEVENTMASK, 0L);
+    m_changes->pause();
     m_positions.dropIndex();
     replaceAll(text);
     m_positions.buildIndex();
     m_colouring->colourEverythingAgain();
-    watchChanges();
     SendScintilla(SCI_SETUNDOCOLLECTION, 1L);
     SendScintilla(SCI_EMPTYUNDOBUFFER);
-    m_changeIsUntold = true;
-    tellChange();
+    m_changes->resume();
     SendScintilla(SCI_SETSAVEPOINT);
     select(0, 0);
 }

@@ -13,6 +13,7 @@
 #include <memory>
 #include <utility>
 
+class EditorChanges;
 class EditorLook;
 class EditorPageSetup;
 class EditorSearch;
@@ -79,7 +80,7 @@ public:
     enum CommandNumber { CommandUndo = 100, CommandRedo = 101 };
     void ExecuteCommand(int number);
 
-    /// Loads a syntax definition; docs in the file itself.
+    /// Loads a syntax definition; the form of such a file is described in T-SQL.bcp.
     /// @throws RuntimeError 53 or 76 when it is missing, 13 when it is no definition; the colouring
     /// then stays as it was
     void LoadSyntax(const QString &path);
@@ -148,9 +149,6 @@ protected:
 private:
     void setUpEditing();
     void setUpKeys();
-    void watchChanges();
-    void noteChange(long position, int type, long length);
-    void tellChange();
     void reportCaret();
     void select(long anchor, long caret);
     QByteArray textBytes(long begin, long end) const;
@@ -160,12 +158,11 @@ private:
     Utf16Positions m_positions;
     EditorFormats m_formats;
     std::unique_ptr<SyntaxColouring> m_colouring;
+    std::unique_ptr<EditorChanges> m_changes;
     std::unique_ptr<EditorLook> m_look;
     std::unique_ptr<EditorSearch> m_search;
     std::unique_ptr<EditorPageSetup> m_pageSetup;
     bool m_hasFocus = false;
-    bool m_isLarge = false;
-    bool m_changeIsUntold = false;
     std::pair<int, int> m_reportedCaret{1, 1}; ///< column and line
     QString m_scratchFile;
 };

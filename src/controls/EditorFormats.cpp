@@ -101,7 +101,7 @@ void EditorFormats::setStrikeThru(bool on)
 EditorFormats::Format EditorFormats::forInsertion()
 {
     if (m_pendingAt != selectionStart() || !selectionIsEmpty())
-        m_pendingAt = -1;
+        forgetPending();
     if (selectionIsEmpty())
         return m_pendingAt < 0 ? Format() : m_pending;
     const long at = selectionStart();
@@ -140,8 +140,10 @@ void EditorFormats::continueAt(long position)
 
 void EditorFormats::textInserted(long begin, long length)
 {
-    if (begin != m_pendingAt)
+    if (begin != m_pendingAt) {
+        forgetPending();
         return;
+    }
     apply(m_pending, begin, length);
     m_pendingAt += length;
 }

@@ -16,7 +16,6 @@ struct FontFormat
     bool italic = false;
     double points = 0;
 
-    bool isPlain() const { return !bold && !italic && points == 0; }
     friend bool operator==(const FontFormat &, const FontFormat &) = default;
 };
 
@@ -51,8 +50,11 @@ public:
     void apply(const Format &format, long begin, long length);
     /// What was set for the next insertion goes on with one at @p position.
     void continueAt(long position);
-    /// Text has been typed: gives it what was set for the next insertion.
+    /// Text has been typed: gives it what was set for the next insertion. Elsewhere, that is
+    /// forgotten.
     void textInserted(long begin, long length);
+    /// Forgets what was set for the next insertion.
+    void forgetPending() { m_pendingAt = -1; }
 
     /// Colour of black stretches, underlines and strokes: the text's own.
     void setTextColor(const QColor &color);

@@ -302,6 +302,20 @@ void tst_EditorColouring::typedTextTakesWhatWasSet()
     QCOMPARE(ownColour(editor, 1), std::nullopt);
     QCOMPARE(ownColour(editor, 2), orange);
     QCOMPARE(ownColour(editor, 3), orange);
+
+    // What was set at one place is over with a text that comes in at another, or instead.
+    editor.setText(u"abc"_s);
+    editor.setSelStart(3);
+    editor.setSelColor(orange);
+    editor.setSelStart(0);
+    QTest::keyClicks(&editor, u"x"_s);
+    editor.setSelStart(3);
+    QTest::keyClicks(&editor, u"M"_s);
+    QCOMPARE(ownColour(editor, 3), std::nullopt);
+    editor.setSelStart(0);
+    editor.setSelColor(orange);
+    editor.setText(u"abc"_s);
+    QCOMPARE(ownColour(editor, 1), std::nullopt);
 }
 
 void tst_EditorColouring::readableOnEveryBackground_data()
