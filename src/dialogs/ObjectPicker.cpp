@@ -3,6 +3,7 @@
 #include "controls/named.h"
 #include "dialogs/listFillers.h"
 #include "platform/errorTraps.h"
+#include "sqltext/dictionaryQueries.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -104,7 +105,7 @@ bool ObjectPicker::Form_Load()
 
 void ObjectPicker::loadSchemas()
 {
-    fillCombo(u"SELECT username from SYS.ALL_USERS order by username"_s, *cmbSchema, m_connection);
+    fillCombo(schemasQuery(), *cmbSchema, m_connection);
     const QString schema = m_userName.toUpper();
     cmbSchema->setCurrentIndex(cmbSchema->findText(schema, Qt::MatchExactly));
     cmbSchema->setEditText(schema);

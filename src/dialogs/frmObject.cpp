@@ -1,6 +1,7 @@
 #include "dialogs/frmObject.h"
 
 #include "dialogs/listFillers.h"
+#include "sqltext/dictionaryQueries.h"
 
 #include <QComboBox>
 #include <QListWidget>
@@ -14,9 +15,7 @@ frmObject::frmObject(QWidget *parent)
 
 void frmObject::loadSchema()
 {
-    fillList(u"SELECT table_name FROM SYS.ALL_TABLES where owner = '"_s + cmbSchema->currentText() +
-                 u"'"_s,
-             *lstObject, connection());
+    fillList(tablesQuery(cmbSchema->currentText()), *lstObject, connection());
 }
 
 QString frmObject::textToInsert(const QString &entry) const

@@ -1,6 +1,7 @@
 #include "dialogs/frmObjectColumn.h"
 
 #include "dialogs/listFillers.h"
+#include "sqltext/dictionaryQueries.h"
 
 #include <QComboBox>
 #include <QListWidget>
@@ -19,18 +20,14 @@ frmObjectColumn::frmObjectColumn(QWidget *parent)
 
 void frmObjectColumn::loadSchema()
 {
-    fillCombo(u"SELECT table_name FROM SYS.ALL_TABLES where owner = '"_s +
-                  cmbSchema->currentText() + u"'"_s,
-              *cmbTable, connection());
+    fillCombo(tablesQuery(cmbSchema->currentText()), *cmbTable, connection());
 }
 
 void frmObjectColumn::cmbTable_Click()
 {
     loadOrClose([this] {
-        fillList(u"SELECT column_name FROM SYS.ALL_TAB_COLUMNS where owner = '"_s +
-                     cmbSchema->currentText() + u"' and table_name = '"_s +
-                     cmbTable->currentText() + u"' "_s,
-                 *lstObject, connection());
+        fillList(columnsQuery(cmbSchema->currentText(), cmbTable->currentText()), *lstObject,
+                 connection());
     });
 }
 
