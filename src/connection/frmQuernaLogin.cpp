@@ -2,9 +2,9 @@
 
 #include "connection/connectDb.h"
 #include "connection/session.h"
+#include "controls/OkCancelButtons.h"
 #include "controls/accessKey.h"
 #include "controls/named.h"
-#include "controls/okCancel.h"
 #include "platform/errorTraps.h"
 #include "platform/mousePointer.h"
 #include "platform/settings.h"

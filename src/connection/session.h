@@ -17,9 +17,11 @@ extern QString gUserName;
 extern QString gPassword;
 extern QString gTnsName;
 
-/// Most records that a result set is meant to return; 100 whenever an editor window loads. 0 and
-/// more than 10000 mean all.
+/// Most records that a result set is meant to return; defaultMaxRecords whenever an editor window
+/// loads. 0 and more than largestMaxRecords mean all.
 extern qint32 maxRecords;
+inline constexpr qint32 defaultMaxRecords = 100;
+inline constexpr qint32 largestMaxRecords = 10000;
 
 /// gConnection, for work that cannot do without it.
 /// @throws RuntimeError 91 when there is none

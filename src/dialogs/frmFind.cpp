@@ -40,7 +40,7 @@ QWidget *frmFind::buildFields()
     setAccessKey(txtReplace, Qt::Key_R, this);
 
     auto *option = new QGroupBox(u"Search Option"_s, fields);
-    chkCase =
+    auto *chkCase =
         withAccessKey(named(new QCheckBox(u"Case Sensitive"_s, option), u"chkCase"_s), Qt::Key_I);
     auto *optionLayout = new QVBoxLayout(option);
     optionLayout->addWidget(chkCase);

@@ -5,7 +5,6 @@
 #include <QDialog>
 #include <QPointer>
 
-class QCheckBox;
 class QLineEdit;
 class ReplaceAllRun;
 
@@ -46,7 +45,6 @@ private:
 
     QLineEdit *txtFind = nullptr;
     QLineEdit *txtReplace = nullptr;
-    QCheckBox *chkCase = nullptr;
     /// What is not at hand while Replace All is under way: everything but Cancel.
     QList<QWidget *> m_searching;
 

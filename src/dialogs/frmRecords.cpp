@@ -1,9 +1,9 @@
 #include "dialogs/frmRecords.h"
 
 #include "connection/session.h"
+#include "controls/OkCancelButtons.h"
 #include "controls/accessKey.h"
 #include "controls/named.h"
-#include "controls/okCancel.h"
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
 #include "platform/textForms.h"
@@ -14,12 +14,6 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr qint32 mostRecords = 10000;
-
-} // namespace
 
 frmRecords::frmRecords(QWidget *parent)
     : FormDialog(u"frmRecords"_s, u"Record Options"_s, parent)
@@ -55,7 +49,7 @@ void frmRecords::cmdOK_Click()
         const QString text = txtRecords->text();
         if (!trimBlanks(text).isEmpty()) {
             const qint32 limit = textToInteger(text);
-            maxRecords = limit <= mostRecords ? limit : 0;
+            maxRecords = limit <= largestMaxRecords ? limit : 0;
         }
         yieldToEvents();
     });

@@ -15,7 +15,8 @@ protected:
     bool Form_Load() override;
 
 private slots:
-    /// An empty field leaves the limit as it is; more than 10000 becomes 0, which means all.
+    /// An empty field leaves the limit as it is; more than
+    /// largestMaxRecords becomes 0, which means all.
     void cmdOK_Click();
     void cmdCancel_Click();
 

@@ -26,11 +26,11 @@ void setTabStop(QWidget &control, bool on)
 
 } // namespace
 
-EditorEvents::EditorEvents(EditorControl &editor, QWidget &window, CaretPanel caretPanel,
+EditorEvents::EditorEvents(EditorControl &editor, QWidget &window, ShowCaret showCaret,
                            const WordClasses &classes)
     : txtSQL(editor)
     , m_window(window)
-    , m_caretPanel(std::move(caretPanel))
+    , m_showCaret(std::move(showCaret))
     , m_classes(classes)
 {
     txtSQL.setWordClasses(m_classes);
@@ -43,13 +43,13 @@ EditorEvents::EditorEvents(EditorControl &editor, QWidget &window, CaretPanel ca
 
 void EditorEvents::showCaretPosition()
 {
-    m_caretPanel(caretText(CurrentLine(txtSQL), CurrentColumn(txtSQL)));
+    m_showCaret(caretText(CurrentLine(txtSQL), CurrentColumn(txtSQL)));
 }
 
 void EditorEvents::txtSQL_CaretMoved(int column, int line)
 {
     m_caret = txtSQL.SelStart();
-    m_caretPanel(caretText(line, column));
+    m_showCaret(caretText(line, column));
 }
 
 void EditorEvents::txtSQL_KeyDown(int keyCode, int shift)

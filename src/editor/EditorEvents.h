@@ -19,11 +19,11 @@ class EditorEvents : public QObject
     Q_OBJECT
 public:
     /// Writes the text of the status bar's caret panel.
-    using CaretPanel = std::function<void(const QString &text)>;
+    using ShowCaret = std::function<void(const QString &text)>;
 
     /// Listens to @p txtSQL from now on. Both widgets have to live as long as this object.
     /// @param window  whose controls give up their tab stops while the editor has the focus
-    EditorEvents(EditorControl &txtSQL, QWidget &window, CaretPanel caretPanel,
+    EditorEvents(EditorControl &txtSQL, QWidget &window, ShowCaret showCaret,
                  const WordClasses &classes = sqlWordClasses());
 
     /// Writes the editor's line and column into the panel.
@@ -47,9 +47,9 @@ public:
 private:
     EditorControl &txtSQL;
     QWidget &m_window;
-    CaretPanel m_caretPanel;
+    ShowCaret m_showCaret;
     const WordClasses m_classes;
     KeyClass m_lastKeyClass = KeyClass::Other;
-    int m_caret = 0;
+    int m_caret = 0; ///< where it was last reported, a 0-based position
     std::vector<std::pair<QPointer<QWidget>, bool>> m_savedTabStops;
 };

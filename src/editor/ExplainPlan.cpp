@@ -7,6 +7,8 @@
 #include "platform/systemClock.h"
 #include "sqltext/explainStatements.h"
 
+#include <QScopeGuard>
+
 #include <array>
 #include <utility>
 
@@ -31,6 +33,7 @@ private:
     std::array<QTreeWidgetItem *, 501> m_nodes{};
 };
 
+// Widths in pixels.
 constexpr int stepColumnWidth = 500;
 constexpr int objectColumnWidth = 200;
 constexpr int figureColumnWidth = 100;
@@ -71,13 +74,8 @@ void ExplainPlan::fillPlanTree(const QString &query)
     if (plan->Eof())
         return;
     m_tree->setUpdatesEnabled(false);
-    try {
-        addSteps(*plan);
-    } catch (...) {
-        m_tree->setUpdatesEnabled(true);
-        throw;
-    }
-    m_tree->setUpdatesEnabled(true);
+    const auto showFilled = qScopeGuard([this] { m_tree->setUpdatesEnabled(true); });
+    addSteps(*plan);
 }
 
 void ExplainPlan::addSteps(Recordset &plan)

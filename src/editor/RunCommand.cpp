@@ -5,9 +5,9 @@
 #include "controls/EditorControl.h"
 #include "controls/StatusPanels.h"
 #include "dataaccess/Recordset.h"
-#include "editor/EditorControls.h"
 #include "editor/ExplainPlan.h"
 #include "editor/OutputCapture.h"
+#include "editor/WindowControls.h"
 #include "editor/statusPanelNumbers.h"
 #include "history/historyFile.h"
 #include "platform/errorTraps.h"
@@ -43,7 +43,7 @@ std::shared_ptr<Recordset> makeResult()
 
 } // namespace
 
-RunCommand::RunCommand(EditorControls &controls, ResultPaging &paging,
+RunCommand::RunCommand(WindowControls &controls, ResultPaging &paging,
                        std::function<void()> refreshCaption)
     : m_controls(controls)
     , m_paging(paging)

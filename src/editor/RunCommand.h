@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-struct EditorControls;
+struct WindowControls;
 class ExplainPlan;
 class OutputCapture;
 class ResultPaging;
@@ -15,7 +15,7 @@ class ResultPaging;
 class RunCommand
 {
 public:
-    RunCommand(EditorControls &controls, ResultPaging &paging,
+    RunCommand(WindowControls &controls, ResultPaging &paging,
                std::function<void()> refreshCaption);
     ~RunCommand();
 
@@ -27,7 +27,7 @@ private:
     void runData(const QString &original, const QString &statement);
     void showExecutionTime();
 
-    EditorControls &m_controls;
+    WindowControls &m_controls;
     ResultPaging &m_paging;
     std::function<void()> m_refreshCaption;
     std::unique_ptr<ExplainPlan> m_plan;

@@ -30,9 +30,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint32 defaultMaxRecords = 100;
-constexpr qint32 largestRecordLimit = 10000;
-
 /// Size that the window was designed in, in twips.
 constexpr int designWidth = 15360;
 constexpr int designHeight = 9810;
@@ -179,7 +176,7 @@ void frmQuerna::refreshCaption()
 
 void frmQuerna::showRecordLimit()
 {
-    const bool limited = maxRecords != 0 && maxRecords <= largestRecordLimit;
+    const bool limited = maxRecords != 0 && maxRecords <= largestMaxRecords;
     m_controls.sbSql->setPanelText(RowsPanel, limited ? u"Records: "_s + QString::number(maxRecords)
                                                       : u"All records"_s);
 }

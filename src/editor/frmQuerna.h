@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/EditorControls.h"
+#include "editor/WindowControls.h"
 
 #include <QWidget>
 
@@ -74,7 +74,7 @@ private:
     void connectEvents();
     void layoutPanes();
 
-    EditorControls m_controls;
+    WindowControls m_controls;
     std::shared_ptr<ResultPaging> m_paging;
     std::unique_ptr<EditorEvents> m_events;
     std::unique_ptr<RunCommand> m_run;

@@ -3,7 +3,7 @@
 #include "controls/ColumnTree.h"
 #include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
-#include "editor/EditorControls.h"
+#include "editor/WindowControls.h"
 
 #include <QPlainTextEdit>
 #include <QShortcut>
@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QWidget *visiblePane(const EditorControls &controls)
+QWidget *visiblePane(const WindowControls &controls)
 {
     switch (controls.visibleTab()) {
     case ResultTab::ExplainPlan:
@@ -28,7 +28,7 @@ QWidget *visiblePane(const EditorControls &controls)
 
 } // namespace
 
-void addPaneKeys(QWidget &window, const EditorControls &controls)
+void addPaneKeys(QWidget &window, const WindowControls &controls)
 {
     QTabWidget *tabs = controls.tbSql;
     for (int index = 0; index < tabs->count(); ++index) {

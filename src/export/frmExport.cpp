@@ -1,8 +1,8 @@
 #include "export/frmExport.h"
 
+#include "controls/OkCancelButtons.h"
 #include "controls/accessKey.h"
 #include "controls/named.h"
-#include "controls/okCancel.h"
 #include "export/exportFormats.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,4 @@
-#include "editor/EditorControls.h"
+#include "editor/WindowControls.h"
 
 #include "controls/ColumnTree.h"
 #include "controls/DataGrid.h"
@@ -34,7 +34,7 @@ QToolBar *makeToolBar(const QString &name, const QString &title, QWidget *parent
 
 } // namespace
 
-void EditorControls::create(QWidget *window)
+void WindowControls::create(QWidget *window)
 {
     tbrQuerna = makeToolBar(u"tbrQuerna"_s, QObject::tr("SQL commands"), window);
     tbrQuerna->setIconSize(QSize(20, 20));
@@ -58,7 +58,7 @@ void EditorControls::create(QWidget *window)
         control->setCursor(Qt::ArrowCursor);
 }
 
-void EditorControls::createDataTab()
+void WindowControls::createDataTab()
 {
     auto *page = new QWidget;
     Toolbar1 = makeToolBar(u"Toolbar1"_s, QObject::tr("Result rows"), page);
@@ -68,7 +68,7 @@ void EditorControls::createDataTab()
     tbSql->addTab(page, u"Data"_s);
 }
 
-void EditorControls::createPlanTab()
+void WindowControls::createPlanTab()
 {
     auto *page = new QWidget;
     tvwColumns = new ColumnTree(page);
@@ -76,7 +76,7 @@ void EditorControls::createPlanTab()
     tbSql->addTab(page, u"Explain Plan"_s);
 }
 
-void EditorControls::createOutputTab()
+void WindowControls::createOutputTab()
 {
     auto *page = new QWidget;
     lblBufferSize = new QLabel(QObject::tr("&Buffer size"), page);
@@ -94,12 +94,12 @@ void EditorControls::createOutputTab()
     tbSql->addTab(page, u"DBMS Output"_s);
 }
 
-ResultTab EditorControls::visibleTab() const
+ResultTab WindowControls::visibleTab() const
 {
     return static_cast<ResultTab>(tbSql->currentIndex());
 }
 
-void EditorControls::place(const PaneLayout &panes, int width, int height)
+void WindowControls::place(const PaneLayout &panes, int width, int height)
 {
     const int left = pixelsFromTwips(sideMarginTwips);
     const int margin = pixelsFromTwips(pageMarginTwips);

@@ -17,7 +17,7 @@ enum class ResultTab { Data = 0, ExplainPlan = 1, DbmsOutput = 2 };
 
 /// The controls of an editor window, made and named here so that the window's duties can be handed
 /// the ones they work on. The window's widget owns them.
-struct EditorControls
+struct WindowControls
 {
     QToolBar *tbrQuerna = nullptr;
     EditorControl *txtSQL = nullptr;
