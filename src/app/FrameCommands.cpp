@@ -7,9 +7,11 @@
 #include "controls/EditorControl.h"
 #include "controls/focusedEditor.h"
 #include "controls/selText.h"
+#include "controls/selectionText.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
+#include "platform/process.h"
 #include "platform/replaceFile.h"
 #include "platform/textForms.h"
 
@@ -24,14 +26,6 @@ namespace {
 const QString openFilter = u"All Files (*.*)|*.*"_s;
 const QString saveFilter = u"All Files (*.*)|*.*|Package Body (*.bod)|*.bod|"
                            "Package Spec (*.spc)|*.spc|SQL File (*.sql)|*.sql"_s;
-
-/// Screen and printer fonts, with effects.
-constexpr int fontDialogFlags = 259;
-
-void copyToClipboard(const QString &text)
-{
-    QApplication::clipboard()->setText(text);
-}
 
 } // namespace
 
@@ -209,7 +203,6 @@ void FrameCommands::mnuFont_Click()
     EditorControl *editor = window->txtSQL();
     CommonDialog dialog(window);
     dialog.CancelError = true;
-    dialog.Flags = fontDialogFlags;
     dialog.DialogTitle = u"Choose a font"_s;
     dialog.Font = editor->Font();
     if (!ignoreErrors([&] { dialog.ShowFont(); }))

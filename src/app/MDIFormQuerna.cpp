@@ -39,6 +39,12 @@ const QString editorRegistryKey = u"Software\\BCDLL\\CurrentVersion"_s;
 /// holds it.
 const QString localMachineHandle = u"-2147483646"_s;
 
+/// The editor window that @p window holds; null when it holds something else or is none.
+frmQuerna *editorIn(const QMdiSubWindow *window)
+{
+    return window == nullptr ? nullptr : qobject_cast<frmQuerna *>(window->widget());
+}
+
 /// Prepares the editor control's registry area.
 void writeRegistry()
 {
@@ -112,8 +118,7 @@ MDIFormQuerna::MDIFormQuerna(QWidget *parent)
     setCentralWidget(m_area);
     createFrameMenus(*menuBar(), *m_commands);
     connect(m_area, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow *window) {
-        if (auto *editor =
-                window == nullptr ? nullptr : qobject_cast<frmQuerna *>(window->widget()))
+        if (frmQuerna *editor = editorIn(window))
             editor->Form_Activate();
     });
     m_view = std::make_unique<FrameView>(*this);
@@ -154,8 +159,7 @@ void MDIFormQuerna::openCommandLine(const QString &connectionString)
 
 frmQuerna *MDIFormQuerna::activeEditor() const
 {
-    const QMdiSubWindow *window = m_area->activeSubWindow();
-    auto *editor = window == nullptr ? nullptr : qobject_cast<frmQuerna *>(window->widget());
+    frmQuerna *editor = editorIn(m_area->activeSubWindow());
     return editor != nullptr && editor->objectName() == "frmQuerna"_L1 ? editor : nullptr;
 }
 

@@ -3,6 +3,8 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <memory>
+
 class FrameCommands;
 class FrameView;
 class QMdiArea;

@@ -27,7 +27,6 @@ public:
     QString Filter;
     /// Extension given to a name typed without one.
     QString DefaultExt;
-    int Flags = 0;
     QColor Color;
     QFont Font;
 
@@ -35,7 +34,7 @@ public:
     /// Asks for a file to save to; an existing one is taken without a question.
     void ShowSave();
     void ShowColor();
-    /// Color stays invalid unless one is chosen.
+    /// Asks for a font with its effects. Color stays invalid unless one is chosen.
     void ShowFont();
 
 private:

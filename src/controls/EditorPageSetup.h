@@ -1,10 +1,10 @@
 #pragma once
 
+#include <memory>
+
 class QsciPrinter;
 class QsciScintillaBase;
 class QWidget;
-
-#include <memory>
 
 /// The editor control's page set-up. The pages are printed from there, by its Print button.
 class EditorPageSetup

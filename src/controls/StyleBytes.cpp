@@ -1,5 +1,7 @@
 #include "controls/StyleBytes.h"
 
+#include "platform/characterClasses.h"
+
 #include <cstring>
 
 namespace {
@@ -7,11 +9,6 @@ namespace {
 // The widget remembers runs of fewer than 30 bytes.
 constexpr int longestRun = 24;
 constexpr int shortestRun = 8;
-
-bool isContinuation(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
 
 /// Whether the text is cut before @p byte; about one byte in eight says so.
 bool isCut(char byte)

@@ -1,5 +1,7 @@
 #include "controls/Utf16Positions.h"
 
+#include "platform/characterClasses.h"
+
 #include <Qsci/qsciscintillabase.h>
 
 #include <QByteArray>
@@ -10,11 +12,6 @@ namespace {
 
 using Sci = QsciScintillaBase;
 constexpr long utf16Index = Sci::SC_LINECHARACTERINDEX_UTF16;
-
-bool isContinuation(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
 
 /// UTF-16 units that a byte of UTF-8 begins: characters of four bytes are surrogate pairs.
 int unitsBegunBy(char byte)

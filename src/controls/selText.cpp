@@ -30,10 +30,9 @@ QString selectedItems(const QListWidget &list)
 }
 
 /// The line edit that a combo box types into; null for other controls and for fixed lists.
-template <typename Widget>
-auto lineEditOf(Widget *control) -> QLineEdit *
+QLineEdit *lineEditOf(const QWidget *control)
 {
-    if (auto *combo = qobject_cast<const QComboBox *>(control))
+    if (const auto *combo = qobject_cast<const QComboBox *>(control))
         return combo->lineEdit();
     return nullptr;
 }

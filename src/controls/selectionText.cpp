@@ -16,32 +16,20 @@ struct ColumnRun
     bool selected;
 };
 
-/// The ends of intervals, sorted: between two of them everything is selected alike.
-std::vector<int> sortedEdges(std::vector<int> edges)
+using RangeEnd = int (QItemSelectionRange::*)() const;
+
+/// Where ranges begin or end, sorted: between two such rows, or columns, everything is selected
+/// alike.
+std::vector<int> edgesOf(const QItemSelection &selection, RangeEnd first, RangeEnd last)
 {
+    std::vector<int> edges;
+    for (const QItemSelectionRange &range : selection) {
+        edges.push_back((range.*first)());
+        edges.push_back((range.*last)() + 1);
+    }
     std::sort(edges.begin(), edges.end());
     edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
     return edges;
-}
-
-std::vector<int> rowEdges(const QItemSelection &selection)
-{
-    std::vector<int> edges;
-    for (const QItemSelectionRange &range : selection) {
-        edges.push_back(range.top());
-        edges.push_back(range.bottom() + 1);
-    }
-    return sortedEdges(std::move(edges));
-}
-
-std::vector<int> columnEdges(const QItemSelection &selection)
-{
-    std::vector<int> edges;
-    for (const QItemSelectionRange &range : selection) {
-        edges.push_back(range.left());
-        edges.push_back(range.right() + 1);
-    }
-    return sortedEdges(std::move(edges));
 }
 
 bool covers(const QItemSelectionRange &range, int column)
@@ -52,7 +40,8 @@ bool covers(const QItemSelectionRange &range, int column)
 /// The columns that hold any selected cell, in runs that every range takes wholly or not at all.
 std::vector<ColumnRun> usedColumns(const QItemSelection &selection)
 {
-    const std::vector<int> edges = columnEdges(selection);
+    const std::vector<int> edges =
+        edgesOf(selection, &QItemSelectionRange::left, &QItemSelectionRange::right);
     std::vector<ColumnRun> runs;
     for (std::size_t i = 0; i + 1 < edges.size(); ++i) {
         const bool used =
@@ -101,7 +90,8 @@ void appendRow(int row, const std::vector<ColumnRun> &runs, const AppendCells &a
 QString selectionText(const QItemSelection &selection, const AppendCells &appendCells)
 {
     QString text;
-    const std::vector<int> edges = rowEdges(selection);
+    const std::vector<int> edges =
+        edgesOf(selection, &QItemSelectionRange::top, &QItemSelectionRange::bottom);
     std::vector<ColumnRun> runs = usedColumns(selection);
     bool firstRow = true;
     for (std::size_t i = 0; i + 1 < edges.size(); ++i) {

@@ -29,7 +29,7 @@ constexpr int rowHeight = 1000;
 
 constexpr int timeColumn = 2;
 
-constexpr int initialHeight = 480;
+constexpr int initialHeight = 480; // in pixels
 
 int countRecords(Recordset &recordset)
 {
