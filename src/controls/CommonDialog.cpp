@@ -1,6 +1,7 @@
 #include "controls/CommonDialog.h"
 
 #include "controls/FontDialog.h"
+#include "controls/toolkitDialogs.h"
 #include "platform/RuntimeError.h"
 
 #include <QColorDialog>
@@ -34,6 +35,7 @@ bool CommonDialog::run(QDialog &dialog, const QString &objectName) const
     dialog.setObjectName(objectName);
     if (!DialogTitle.isEmpty())
         dialog.setWindowTitle(DialogTitle);
+    nameParts(dialog);
     if (dialog.exec() == QDialog::Accepted)
         return true;
     if (CancelError)

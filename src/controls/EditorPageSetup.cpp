@@ -1,5 +1,6 @@
 #include "controls/EditorPageSetup.h"
 
+#include "controls/toolkitDialogs.h"
 #include "platform/RuntimeError.h"
 
 #include <Qsci/qsciprinter.h>
@@ -35,6 +36,7 @@ void EditorPageSetup::exec()
             dialog.accept();
         });
     }
+    nameParts(dialog);
     if (dialog.exec() == QDialog::Accepted && wantsPrint)
         print(&m_editor);
 }
@@ -45,6 +47,7 @@ void EditorPageSetup::print(QWidget *parent)
     dialog.setObjectName(u"EditorPrintDialog"_s);
     const bool hasSelection = m_editor.SendScintilla(QsciScintillaBase::SCI_GETSELECTIONEMPTY) == 0;
     dialog.setOption(QAbstractPrintDialog::PrintSelection, hasSelection);
+    nameParts(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return;
     const auto line = [this](unsigned int end) {

@@ -2,6 +2,8 @@
 
 #include <QKeySequence>
 #include <QShortcut>
+#include <QString>
+#include <QWidget>
 
 /// Access keys for captions that are shown, and read by other programs, without a mark in them.
 
@@ -19,4 +21,10 @@ inline void setAccessKey(QWidget *field, Qt::Key key, QWidget *window)
     auto *shortcut = new QShortcut(QKeySequence(Qt::ALT | key), window);
     QObject::connect(shortcut, &QShortcut::activated, field,
                      [field] { field->setFocus(Qt::ShortcutFocusReason); });
+}
+
+/// A caption as it is read out.
+inline QString withoutMnemonic(QString caption)
+{
+    return caption.remove(u'&');
 }

@@ -1,5 +1,6 @@
 #include "dialogs/ObjectPicker.h"
 
+#include "controls/accessKey.h"
 #include "controls/named.h"
 #include "dialogs/listFillers.h"
 #include "platform/errorTraps.h"
@@ -19,11 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QColor pickColor(255, 140, 0);
-
-QString withoutMnemonic(QString label)
-{
-    return label.remove(u'&');
-}
 
 } // namespace
 

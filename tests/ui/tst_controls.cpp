@@ -7,6 +7,7 @@
 #include "platform/mousePointer.h"
 #include "support/raisedError.h"
 #include "uisupport/ModalAnswers.h"
+#include "uisupport/accessibleNames.h"
 
 #include <QElapsedTimer>
 #include <QFileDialog>
@@ -252,9 +253,13 @@ void tst_controls::saveDialogTakesExistingFile()
 void tst_controls::cancelledDialog()
 {
     const auto cancel = [] {
-        whenModal([](QWidget *window) { QTest::keyClick(window, Qt::Key_Escape); });
+        whenModal([](QWidget *window) {
+            QCOMPARE(namelessControls(*window).join(u'|'), QString());
+            QTest::keyClick(window, Qt::Key_Escape);
+        });
     };
     CommonDialog dialog(nullptr);
+    dialog.Filter = u"SQL File (*.sql)|*.sql"_s;
     dialog.FileName = u"before.sql"_s;
     dialog.Color = Qt::red;
     cancel();

@@ -8,6 +8,7 @@
 #include "support/SandboxFixture.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
+#include "uisupport/accessibleNames.h"
 
 #include <QAction>
 #include <QApplication>
@@ -59,11 +60,13 @@ QList<UserAction> harmlessActions()
     return actions;
 }
 
-/// Closes every modal dialog that comes up, other than a message box, and keeps their names.
+/// Closes every modal dialog that comes up, other than a message box, and keeps their names and
+/// the controls that a screen reader has no name for.
 class DialogCloser : public QObject
 {
 public:
     QStringList names;
+    QStringList nameless;
 
     DialogCloser() { startTimer(1); }
 
@@ -74,6 +77,7 @@ protected:
         if (dialog == nullptr || qobject_cast<QMessageBox *>(dialog) != nullptr)
             return;
         names += dialog->objectName();
+        nameless += namelessControls(*dialog);
         dialog->reject();
     }
 };
@@ -139,6 +143,7 @@ void TestWhileRetrieving::everyHarmlessCommand()
     QCOMPARE(shownRows(program), 100000);
     QCOMPARE(dialogs.names.join(u' '), u"frmExport dlgColor frmObject frmObjectColumn "
                                        "frmSQLHistory dlgOpen dlgSave EditorPageSetupDialog"_s);
+    QCOMPARE(dialogs.nameless.join(u' '), QString());
     QCOMPARE(messages.texts.join(u'|'),
              u"File not found|Cancel was selected.|File not found|File not found"_s);
     QCOMPARE(program.ends, (std::vector<int>{0, 0}));
