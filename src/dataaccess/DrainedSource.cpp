@@ -1,7 +1,5 @@
 #include "dataaccess/DrainedSource.h"
 
-#include "platform/RuntimeError.h"
-
 #include <utility>
 
 DrainedSource::DrainedSource(RowSource &source)
@@ -16,7 +14,7 @@ DrainedSource::DrainedSource(RowSource &source)
             source.pack(row, NullForm::Null);
             m_rows.addRow(row);
         }
-    } catch (const RuntimeError &) {
+    } catch (...) { // memory may run out as well
         m_failure = std::current_exception();
     }
 }

@@ -411,6 +411,8 @@ void tst_odbc::lostConnectionEndsTheReader_data()
     QTest::newRow("lost") << u"lost 25"_s << false << 20 << 3113;
     QTest::newRow("lost, read into memory") << u"lost 25"_s << true << 20 << 3113;
     QTest::newRow("a row in error") << u"rowerror 25"_s << false << 25 << 77;
+    QTest::newRow("a value breaks off")
+        << u"expression 0 70000 storedlength broken 25"_s << false << 25 << 57;
     QTest::newRow("the row it stands on, read into memory")
         << u"text 10 500"_s << true << 0 << 3000;
 }

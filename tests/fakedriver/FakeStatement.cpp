@@ -23,6 +23,8 @@ SQLRETURN parse(Statement &statement, std::istringstream words)
             words >> statement.lostRow;
         } else if (word == "rowerror") {
             words >> statement.errorRow;
+        } else if (word == "broken") {
+            words >> statement.brokenRow;
         } else if (word == "refuse") {
             for (words >> number; number > 0; --number)
                 statement.fail("42000", static_cast<SQLINTEGER>(900 + number),

@@ -82,6 +82,7 @@ struct Statement : Handle
     SQLUSMALLINT *rowStates = nullptr;
     long lostRow = -1;
     long errorRow = -1;
+    long brokenRow = -1;
     bool storedLength = false;
     bool noTotal = false;
     bool isStuck = false;
@@ -92,7 +93,7 @@ struct Statement : Handle
     {
         columns.clear();
         rows = fetched = 0;
-        lostRow = errorRow = -1;
+        lostRow = errorRow = brokenRow = -1;
         storedLength = noTotal = isStuck = isLate = badLengths = false;
     }
 };

@@ -19,6 +19,7 @@
 //     stuck                    long values never come to an end, nor get on
 //     lost <row>               the connection is lost when that row is fetched
 //     rowerror <row>           that row of a block is in error
+//     broken <row>             a long value of that row breaks off once it was given in part
 //     refuse <n>               fails with n diagnostic records
 //     badlengths               makes diagnostic records tell lengths that are not theirs
 //     late                     succeeds without rows; asking for more results fails
@@ -324,6 +325,10 @@ SQLRETURN SQL_API SQLGetData(SQLHSTMT handle, SQLUSMALLINT number, SQLSMALLINT, 
     if (statement.isStuck) {
         *indicator = SQL_NO_TOTAL;
         return SQL_SUCCESS_WITH_INFO;
+    }
+    if (column.given > 0 && static_cast<long>(statement.position) == statement.brokenRow) {
+        statement.brokenRow = -1;
+        return statement.fail("HY000", 57, "the value breaks off");
     }
     const size_t stored = store(column, bytes, static_cast<char *>(target), room);
     const bool isCut = stored < bytes.size();

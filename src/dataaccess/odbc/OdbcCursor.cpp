@@ -101,7 +101,7 @@ void OdbcCursor::bind()
     if (m_rowsPerBlock > 1) {
         const SQLRETURN code =
             setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(m_rowsPerBlock));
-        SQLULEN granted = 1;
+        SQLULEN granted = m_rowsPerBlock;
         SQLGetStmtAttr(m_statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, &granted, 0, nullptr);
         m_rowsPerBlock = SQL_SUCCEEDED(code) ? std::clamp<SQLULEN>(granted, 1, m_rowsPerBlock) : 1;
     }
@@ -133,14 +133,7 @@ void OdbcCursor::fetchBlock()
     end();
     for (ColumnBuffer &buffer : m_columns)
         buffer.prepareFetch(m_rowsPerBlock);
-    SQLRETURN code = SQL_NO_DATA;
-    try {
-        code = checkOdbc(SQLFetch(m_statement.get()), m_statement);
-    } catch (...) {
-        end(); // what the driver stored before it failed is not to be relied on
-        throw;
-    }
-    if (code == SQL_NO_DATA) {
+    if (checkOdbc(SQLFetch(m_statement.get()), m_statement) == SQL_NO_DATA) {
         end();
         takeRemainingResults(m_statement);
         return;
@@ -153,10 +146,17 @@ void OdbcCursor::next()
 {
     m_isFirstRow = false;
     ++m_row;
-    if (m_row < m_fetched)
-        arriveAtRow();
-    else
-        fetchBlock();
+    try {
+        if (m_row < m_fetched)
+            arriveAtRow();
+        else
+            fetchBlock();
+    } catch (...) {
+        // What the driver stored before it failed is not to be relied on, and a value that was read
+        // in part would go on in its middle.
+        end();
+        throw;
+    }
 }
 
 void OdbcCursor::arriveAtRow()
@@ -164,7 +164,7 @@ void OdbcCursor::arriveAtRow()
     m_wholeValues.clear();
     m_isRowInBuffers = false;
     if (m_rowStates[m_row] == SQL_ROW_ERROR)
-        raiseRowError();
+        throw odbcError(m_statement);
     if (m_rowsPerBlock > 1)
         return;
     // In ascending order and before anything else is done with the row: more than that is not to
@@ -174,13 +174,6 @@ void OdbcCursor::arriveAtRow()
             wholeValue(i);
     }
     m_isRowInBuffers = m_wholeValues.empty();
-}
-
-void OdbcCursor::raiseRowError()
-{
-    RuntimeError error = odbcError(m_statement);
-    end();
-    throw error;
 }
 
 const OdbcCursor::WholeValue &OdbcCursor::wholeValue(size_t column) const

@@ -24,6 +24,8 @@ public:
                                             int rowsPerBlock);
 
     OdbcCursor(const OdbcSession &session, OdbcHandle statement, int rowsPerBlock);
+    OdbcCursor(const OdbcCursor &) = delete; // the driver writes to its members
+    OdbcCursor &operator=(const OdbcCursor &) = delete;
 
     const std::vector<FieldInfo> &fields() const override { return m_fields; }
     bool atFirst() const override { return m_isFirstRow; }
@@ -45,7 +47,6 @@ private:
     void fetchBlock();
     void end();
     void arriveAtRow();
-    [[noreturn]] void raiseRowError();
     [[noreturn]] void raiseCutValue(size_t column) const;
     CellView cell(size_t column) const;
     const WholeValue &wholeValue(size_t column) const;

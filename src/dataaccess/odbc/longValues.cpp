@@ -16,6 +16,14 @@ constexpr SQLLEN believedLength = 256 * 1024 * 1024;
 /// A value of unknown length that goes on after this is one that never ends.
 constexpr qsizetype longestValue = qsizetype{1} << 31;
 
+/// Room for a piece whose length is told to be @p told, in whole units; @p otherwise where that is
+/// not told or not believed.
+SQLLEN roomFor(SQLLEN told, SQLLEN terminator, SQLLEN otherwise)
+{
+    const SQLLEN unit = std::max<SQLLEN>(terminator, 1);
+    return told > 0 && told <= believedLength ? (told + unit - 1) / unit * unit : otherwise;
+}
+
 /// Whether there may be more of a value than a piece of it. Drivers tell the length of what was
 /// left, or none, or that of what they stored.
 bool mayGoOn(SQLRETURN code, SQLLEN indicator, SQLLEN room, SQLLEN terminator)
@@ -58,7 +66,7 @@ std::optional<QByteArray> readWholeValue(const OdbcHandle &statement, SQLUSMALLI
 {
     const auto terminator = static_cast<SQLLEN>(column.terminatorBytes());
     QByteArray bytes;
-    SQLLEN room = expectedBytes > 0 && expectedBytes <= believedLength ? expectedBytes : firstPiece;
+    SQLLEN room = roomFor(expectedBytes, terminator, firstPiece);
     for (bool isFirst = true;; isFirst = false) {
         const qsizetype before = bytes.size();
         bytes.resize(before + room + terminator);
@@ -79,6 +87,6 @@ std::optional<QByteArray> readWholeValue(const OdbcHandle &statement, SQLUSMALLI
         if (stored == 0 || bytes.size() > longestValue)
             raiseEndless(column);
         const SQLLEN left = indicator < 0 ? 0 : indicator - stored;
-        room = left > 0 && left <= believedLength ? left : std::min(room * 2, largestPiece);
+        room = roomFor(left, terminator, std::min(room * 2, largestPiece));
     }
 }
