@@ -12,15 +12,14 @@ MemoryTable::MemoryTable(int fieldCount)
 
 qint64 MemoryTable::rowCount() const
 {
-    const qint64 stored = m_rows.rowCount();
-    return m_edit && m_edit->storedRow == stored ? stored + 1 : stored;
+    return m_rows.rowCount() + (m_edited ? 1 : 0);
 }
 
 qint64 MemoryTable::addEmptyRow()
 {
     finishEditing();
     const qint64 row = m_rows.rowCount();
-    m_edit = Edit{row, std::vector<Value>(static_cast<size_t>(m_fieldCount))};
+    m_edited.emplace(static_cast<size_t>(m_fieldCount));
     if (!m_sort.isEmpty())
         m_order.push_back(row);
     return row;
@@ -30,7 +29,6 @@ qint64 MemoryTable::addRow(const RowWriter &row)
 {
     finishEditing();
     m_rows.append(row);
-    changed();
     const qint64 stored = m_rows.rowCount() - 1;
     if (m_sort.isEmpty())
         return stored;
@@ -39,45 +37,27 @@ qint64 MemoryTable::addRow(const RowWriter &row)
     return positionOf(stored);
 }
 
-void MemoryTable::setValue(qint64 position, int field, const Value &value)
+void MemoryTable::setValue(int field, const Value &value)
 {
-    if (!isEdited(position)) {
-        finishEditing();
-        beginEditing(position);
-    }
-    m_edit->values[static_cast<size_t>(field)] = value;
-}
-
-void MemoryTable::beginEditing(qint64 position)
-{
-    Edit edit{storedRow(position), {}};
-    edit.values.reserve(static_cast<size_t>(m_fieldCount));
-    for (int field = 0; field < m_fieldCount; ++field)
-        edit.values.push_back(packedCellValue(cell(position, field)));
-    m_edit = std::move(edit);
+    (*m_edited)[static_cast<size_t>(field)] = value;
 }
 
 void MemoryTable::finishEditing()
 {
-    if (!m_edit)
+    if (!m_edited)
         return;
     m_writer.clear();
-    for (const Value &value : m_edit->values)
+    for (const Value &value : *m_edited)
         m_writer.addValue(value);
-    const qint64 row = m_edit->storedRow;
-    if (row == m_rows.rowCount())
-        m_rows.append(m_writer);
-    else
-        m_rows.replace(row, m_writer);
-    m_edit.reset();
-    changed();
+    m_rows.append(m_writer);
+    m_edited.reset();
     if (!m_sort.isEmpty())
-        placeInOrder(row);
+        placeInOrder(m_rows.rowCount() - 1);
 }
 
 qint64 MemoryTable::finishEditing(qint64 position)
 {
-    if (!m_edit || m_sort.isEmpty()) {
+    if (!m_edited || m_sort.isEmpty()) {
         finishEditing();
         return position;
     }
@@ -143,7 +123,7 @@ qint64 MemoryTable::storedRow(qint64 position) const
 
 bool MemoryTable::isEdited(qint64 position) const
 {
-    return m_edit && m_edit->storedRow == storedRow(position);
+    return m_edited && storedRow(position) == m_rows.rowCount();
 }
 
 const char *MemoryTable::cell(qint64 position, int field) const
@@ -164,7 +144,7 @@ const char *MemoryTable::cell(qint64 position, int field) const
 Value MemoryTable::value(qint64 position, int field) const
 {
     if (isEdited(position))
-        return m_edit->values[static_cast<size_t>(field)];
+        return (*m_edited)[static_cast<size_t>(field)];
     return packedCellValue(cell(position, field));
 }
 
@@ -185,7 +165,7 @@ QString MemoryTable::textStart(qint64 position, int field, qsizetype longest) co
 bool MemoryTable::isNumber(qint64 position, int field) const
 {
     if (isEdited(position))
-        return m_edit->values[static_cast<size_t>(field)].isNumber();
+        return (*m_edited)[static_cast<size_t>(field)].isNumber();
     return isPackedNumber(cell(position, field));
 }
 
@@ -198,7 +178,7 @@ void MemoryTable::appendText(qint64 position, int firstField, int lastField, QCh
         if (field > firstField)
             text += separator;
         if (edited) {
-            text += m_edit->values[static_cast<size_t>(field)].toText();
+            text += (*m_edited)[static_cast<size_t>(field)].toText();
         } else {
             appendPackedCellText(at, text);
             at = packedCellEnd(at);
@@ -218,11 +198,11 @@ void MemoryTable::pack(qint64 position, RowWriter &row, NullForm nulls) const
     for (int field = 0; field < m_fieldCount; ++field) {
         const char *const end = edited ? nullptr : packedCellEnd(at);
         const bool isNull =
-            edited ? m_edit->values[static_cast<size_t>(field)].isNull() : isPackedNull(at);
+            edited ? (*m_edited)[static_cast<size_t>(field)].isNull() : isPackedNull(at);
         if (isNull)
             row.addNull(nulls);
         else if (edited)
-            row.addValue(m_edit->values[static_cast<size_t>(field)]);
+            row.addValue((*m_edited)[static_cast<size_t>(field)]);
         else
             row.addPacked(at, end);
         at = end;

@@ -8,8 +8,8 @@
 #include <optional>
 #include <vector>
 
-/// The rows of a client-side recordset: packed, in the order of arrival or in a sorted one, with
-/// at most one row unpacked for editing. Positions are those of the present order.
+/// The rows of a client-side recordset: packed, in the order of arrival or in a sorted one. The one
+/// added last may still be open for editing. Positions are those of the present order.
 class MemoryTable
 {
 public:
@@ -20,9 +20,11 @@ public:
     qint64 addEmptyRow();
     /// Adds a row that is packed already. @returns its position
     qint64 addRow(const RowWriter &row);
-    /// Sets a value; the row stays open for editing until finishEditing().
-    void setValue(qint64 position, int field, const Value &value);
-    /// Packs the row that is being edited; under a sort it takes its place in the order.
+    /// Sets a value of the row that is open for editing.
+    void setValue(int field, const Value &value);
+    /// Whether the row at @p position is open for editing.
+    bool isEdited(qint64 position) const;
+    /// Packs the row that is open for editing; under a sort it takes its place in the order.
     /// @returns where the row at @p position stands now
     qint64 finishEditing(qint64 position);
     /// Brings the rows into @p order, equal ones in the order of arrival.
@@ -40,11 +42,6 @@ public:
     qint64 bytes() const;
 
 private:
-    struct Edit
-    {
-        qint64 storedRow;
-        std::vector<Value> values;
-    };
     struct LastCell
     {
         const char *row = nullptr;
@@ -54,18 +51,15 @@ private:
 
     qint64 storedRow(qint64 position) const;
     qint64 positionOf(qint64 storedRow) const; ///< under a sort
-    bool isEdited(qint64 position) const;
     const char *cell(qint64 position, int field) const;
-    void beginEditing(qint64 position);
     std::vector<Value> sortValues(qint64 storedRow) const;
     void finishEditing();
     void placeInOrder(qint64 storedRow);
-    void changed() { m_lastCell = {}; }
 
     int m_fieldCount;
     RowStore m_rows;
     RowWriter m_writer;
-    std::optional<Edit> m_edit;
+    std::optional<std::vector<Value>> m_edited; ///< the row behind the stored ones
     SortOrder m_sort;
     std::vector<qint64> m_order; ///< stored rows by position; empty while unsorted
     mutable LastCell m_lastCell; ///< makes reading a row field by field linear

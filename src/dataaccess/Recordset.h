@@ -81,9 +81,9 @@ public:
     /// @throws RuntimeError 3021 without one, 3265 for no such field, otherwise the driver's
     Value value(int field) const;
     Value value(const QString &name) const;
-    /// Sets a value of the current row of a table built in memory.
-    /// @throws RuntimeError 3251 for any other, 3021, 3265, -2147217887 when a text is longer than
-    ///         the field's defined size; the field then keeps its value
+    /// Sets a value of the row that AddNew() has just added; a row that was left stays as it is.
+    /// @throws RuntimeError 3251 for any other row, 3021, 3265, -2147217887 when a text is longer
+    ///         than the field's defined size; the field then keeps its value
     void setValue(int field, const Value &value);
     void setValue(const QString &name, const Value &value);
 
@@ -121,8 +121,6 @@ public:
     qint64 storedBytes() const;
 
 private:
-    friend class Connection;
-    friend class Command;
     friend class RowCells;
     std::unique_ptr<RecordsetPrivate> d;
 };

@@ -253,9 +253,11 @@ void RecordsetPrivate::setValue(int field, const Value &value)
     MemoryTable &rows = ownTable();
     requireField(field);
     requireCurrent();
+    if (!rows.isEdited(m_position))
+        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
     const Value stored = asFieldValue(m_fields[static_cast<size_t>(field)].type, value);
     checkSize(field, stored);
-    rows.setValue(m_position, field, stored);
+    rows.setValue(field, stored);
 }
 
 void RecordsetPrivate::addNew()

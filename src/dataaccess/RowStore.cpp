@@ -23,8 +23,6 @@ RowStore::Block::Block(size_t bytes, qint64 first)
 
 size_t RowStore::Block::offset(size_t row) const
 {
-    if (row == rows)
-        return used;
     Slot slot;
     std::memcpy(&slot, data.get() + capacity - (row + 1) * sizeof slot, sizeof slot);
     return slot;
@@ -78,24 +76,6 @@ const char *RowStore::row(qint64 index) const
 {
     const Block &block = m_blocks[blockOf(index)];
     return block.data.get() + block.offset(static_cast<size_t>(index - block.firstRow));
-}
-
-void RowStore::replace(qint64 index, const RowWriter &row)
-{
-    Block &old = m_blocks[blockOf(index)];
-    const auto changed = static_cast<size_t>(index - old.firstRow);
-    const size_t oldSize = old.offset(changed + 1) - old.offset(changed);
-    const size_t unused = old.freeBytes();
-    // Room that was left stays: the last block goes on being filled.
-    const size_t room = unused + oldSize > row.size() ? unused + oldSize - row.size() : 0;
-    Block block(old.used - oldSize + row.size() + old.rows * sizeof(Slot) + room, old.firstRow);
-    for (size_t i = 0; i < old.rows; ++i) {
-        if (i == changed)
-            block.append(row.data(), row.size());
-        else
-            block.append(old.data.get() + old.offset(i), old.offset(i + 1) - old.offset(i));
-    }
-    old = std::move(block);
 }
 
 qint64 RowStore::bytes() const

@@ -16,9 +16,7 @@ class RowStore
 public:
     qint64 rowCount() const;
     void append(const RowWriter &row);
-    /// Puts @p row in place of row @p index. Copies that row's block.
-    void replace(qint64 index, const RowWriter &row);
-    /// The first cell of row @p index, valid until the next change.
+    /// The first cell of row @p index, valid as long as the store.
     const char *row(qint64 index) const;
     /// Memory taken, indexes and unused ends of blocks included.
     qint64 bytes() const;
@@ -27,7 +25,7 @@ private:
     struct Block
     {
         explicit Block(size_t bytes, qint64 first);
-        /// Where row @p row of this block begins; where the free room begins for the row count.
+        /// Where row @p row of this block begins.
         size_t offset(size_t row) const;
         size_t freeBytes() const;
         void append(const char *data, size_t size);
