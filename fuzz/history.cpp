@@ -72,7 +72,8 @@ private:
     }
     void setTime()
     {
-        const QString time = dateTimeToText(textToDateTime(QString::fromLocal8Bit(m_last)));
+        const QString time =
+            dateTimeForm(textToClockTime(QString::fromLocal8Bit(m_last))).toString();
         if (rows.isEmpty())
             throw RuntimeError(ErrorNumber::NoCurrentRecord);
         QString &row = rows.last();

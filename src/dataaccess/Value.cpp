@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/checkedArithmetic.h"
+#include "platform/numberForms.h"
 #include "platform/textForms.h"
 
 #include <QStringDecoder>
@@ -38,22 +39,6 @@ qint32 roundedInteger(double number)
 
 } // namespace
 
-Value::Value(const QDateTime &value)
-{
-    if (!value.isValid())
-        return;
-    const QDate date = value.date();
-    const QTime time = value.time();
-    Timestamp timestamp;
-    timestamp.year = checkedCast<qint16>(date.year());
-    timestamp.month = static_cast<quint8>(date.month());
-    timestamp.day = static_cast<quint8>(date.day());
-    timestamp.hour = static_cast<quint8>(time.hour());
-    timestamp.minute = static_cast<quint8>(time.minute());
-    timestamp.second = static_cast<quint8>(time.second());
-    m_value = timestamp;
-}
-
 bool Value::isNumber() const
 {
     return std::holds_alternative<std::int64_t>(m_value) ||
@@ -70,7 +55,7 @@ QString Value::toText() const
             [](std::int64_t value) { return QString::number(value); },
             [](double value) { return doubleToText(value); },
             [](const ExactNumber &value) { return exactNumberToText(value.digits); },
-            [](const Timestamp &value) { return timestampToText(value); },
+            [](const Timestamp &value) { return timestampForm(value).toString(); },
             [](const QString &value) { return value; },
             [](const QByteArray &value) { return QString::fromLatin1(value.toHex().toUpper()); },
         },
@@ -94,18 +79,11 @@ qint32 Value::toInteger() const
         m_value);
 }
 
-// Not by way of QDateTime: a data source's local times include those that a time zone's change to
-// summer time leaves out.
 ShortText timestampForm(const Timestamp &timestamp)
 {
     const bool hasDate = timestamp.year != 0 || timestamp.month != 0 || timestamp.day != 0;
     const ClockTime clockTime = timestamp.clockTime();
     return hasDate ? dateTimeForm(clockTime) : timeOfDayForm(clockTime);
-}
-
-QString timestampToText(const Timestamp &timestamp)
-{
-    return timestampForm(timestamp).toString();
 }
 
 QString textFromUtf8(QByteArrayView text)

@@ -3,7 +3,6 @@
 #include "platform/textForms.h"
 
 #include <QByteArray>
-#include <QDateTime>
 #include <QString>
 
 #include <cstdint>
@@ -94,8 +93,6 @@ public:
     {
     }
     Value(const void *) = delete; // no pointer is to become a truth value
-    /// To the second, as a data source would hold a date of this program.
-    Value(const QDateTime &value);
 
     bool isEmpty() const { return std::holds_alternative<EmptyValue>(m_value); }
     bool isNull() const { return std::holds_alternative<NullValue>(m_value); }
@@ -116,11 +113,8 @@ private:
     Variant m_value;
 };
 
-/// The text form of a point in time; the same as dateTimeToText() gives, for years -9999 to 9999,
-/// a
-/// time of day alone as `HH:mm:ss`. A fraction of a second stands behind it: the data source holds
-/// it.
-QString timestampToText(const Timestamp &timestamp);
+/// The text form of a point in time: that of dateTimeForm(), or of timeOfDayForm() where there is
+/// no date.
 ShortText timestampForm(const Timestamp &timestamp);
 
 /// A data source's text in UTF-8, whole: a byte order mark or a zero in it is a character of it.

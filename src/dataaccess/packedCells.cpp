@@ -1,6 +1,6 @@
 #include "dataaccess/packedCells.h"
 
-#include "platform/textForms.h"
+#include "platform/numberForms.h"
 
 #include <algorithm>
 #include <charconv>

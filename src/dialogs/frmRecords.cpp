@@ -6,6 +6,7 @@
 #include "controls/named.h"
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
+#include "platform/numberForms.h"
 #include "platform/textForms.h"
 
 #include <QLabel>

@@ -9,15 +9,6 @@ namespace {
 /// No encoding takes more bytes for a UTF-16 unit.
 constexpr qsizetype mostBytesPerUnit = 4;
 
-QByteArrayView withoutBlanks(QByteArrayView line)
-{
-    while (line.startsWith(' '))
-        line = line.sliced(1);
-    while (line.endsWith(' '))
-        line.chop(1);
-    return line;
-}
-
 bool isMarker(QByteArrayView key, QByteArrayView marker)
 {
     return key.size() == marker.size() && key.compare(marker, Qt::CaseInsensitive) == 0;

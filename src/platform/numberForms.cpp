@@ -1,4 +1,4 @@
-#include "platform/textForms.h"
+#include "platform/numberForms.h"
 
 #include "platform/RuntimeError.h"
 #include "platform/characterClasses.h"

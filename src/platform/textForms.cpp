@@ -44,15 +44,6 @@ private:
     QStringView m_rest;
 };
 
-QStringView withoutBlanks(QStringView text)
-{
-    while (text.startsWith(u' '))
-        text = text.sliced(1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}
-
 void appendYear(int year, ShortText &text)
 {
     if (year < 0)
@@ -143,16 +134,6 @@ ClockTime textToClockTime(QStringView text)
         !QTime::isValid(result.hour, result.minute, result.second))
         throw RuntimeError(ErrorNumber::TypeMismatch);
     return result;
-}
-
-QDateTime textToDateTime(QStringView text)
-{
-    const ClockTime read = textToClockTime(text);
-    const QDate date(read.year, read.month, read.day);
-    const QTime time(read.hour, read.minute, read.second);
-    const QDateTime local(date, time);
-    // A time that the clocks here skipped was right where it was written: it keeps its fields.
-    return local.isValid() ? local : QDateTime(date, time, Qt::UTC);
 }
 
 ShortText dayMonthYearForm(const ClockTime &date)

@@ -1,7 +1,7 @@
 #include "sqltext/elapsedTime.h"
 
 #include "platform/RuntimeError.h"
-#include "platform/textForms.h"
+#include "platform/numberForms.h"
 
 #include <limits>
 

@@ -249,7 +249,7 @@ void tst_recordset::textsAreLimitedByTheirField()
     QCOMPARE(raisedError([&] { table.setValue(0, u"123456"_s); }), -2147217887);
     QCOMPARE(table.value(0), Value(u"12345"_s));
     // A date becomes the field's text.
-    table.setValue(1, QDateTime(QDate(2026, 9, 1), QTime(13, 5, 9)));
+    table.setValue(1, Timestamp{2026, 9, 1, 13, 5, 9, 0});
     QCOMPARE(table.value(1), Value(u"9/1/2026 13:05:09"_s));
 }
 

@@ -1,7 +1,7 @@
 #include "dataaccess/odbc/ParameterBuffer.h"
 
 #include "platform/RuntimeError.h"
-#include "platform/textForms.h"
+#include "platform/numberForms.h"
 
 #include <cstring>
 
@@ -65,7 +65,7 @@ Value ParameterBuffer::load(const Parameter &parameter) const
         raiseTooLong(parameter);
     const auto *bytes = reinterpret_cast<const char *>(m_memory.data());
     const QString text =
-        isUtf8 ? QString::fromUtf8(bytes, m_indicator)
+        isUtf8 ? textFromUtf8({bytes, m_indicator})
                : QString::fromUtf16(m_memory.data(), m_indicator / SQLLEN{sizeof(char16_t)});
     if (m_isInteger)
         return textToInteger(text);

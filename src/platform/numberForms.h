@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/ByteBuffer.h"
+#include "platform/ShortText.h"
+
+#include <QByteArrayView>
+#include <QString>
+#include <QStringView>
+
+/// The one place that says how numbers look as text, and what texts are numbers.
+
+/// At most 15 significant digits, no trailing zeros; scientific form (`1E+15`,
+/// `1.23456789012345E-04`) where the plain one would be longer than 15 digits.
+QString doubleToText(double value);
+ShortText doubleForm(double value);
+
+/// Digits as the server sent them, without the zeros that end its fraction ("1.50" is 1.5,
+/// ".5" is 0.5). Text that is not a plain decimal number comes back unchanged.
+QString exactNumberToText(QStringView digits);
+/// The same for digits in UTF-8, behind what @p text holds already.
+void appendExactNumber(QByteArrayView digits, ByteBuffer &text);
+
+/// Text to a whole number, rounding halves to even. Understands what people write for numbers:
+/// surrounding blanks, tabs and line feeds, a sign on either side, parentheses for negative, `$`,
+/// thousands commas, exponents, `&H` and `&O` prefixes.
+/// @throws RuntimeError 13 when @p text is no number, 6 when it does not fit 32 bits.
+qint32 textToInteger(QStringView text);
