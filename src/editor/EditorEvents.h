@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sqltext/editorEvents.h"
+#include "sqltext/wordAtCaret.h"
 
 #include <QObject>
 #include <QPointer>

@@ -5,8 +5,7 @@
 #include <QString>
 #include <QStringView>
 
-/// The rules behind the editor's events: what kind of key went down, which word lies at the caret
-/// and which class it belongs to.
+/// Which word lies at the caret after a key has gone down, and to which class it belongs.
 
 /// The kinds of keys that decide where the word to colour is looked for.
 enum class KeyClass {

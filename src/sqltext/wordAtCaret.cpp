@@ -1,4 +1,4 @@
-#include "sqltext/editorEvents.h"
+#include "sqltext/wordAtCaret.h"
 
 #include <algorithm>
 

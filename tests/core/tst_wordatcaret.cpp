@@ -1,11 +1,11 @@
-#include "sqltext/editorEvents.h"
+#include "sqltext/wordAtCaret.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 /// The rules for keys, for the word at the caret and for the classes of words.
-class tst_EditorEvents : public QObject
+class tst_WordAtCaret : public QObject
 {
     Q_OBJECT
 private slots:
@@ -19,7 +19,7 @@ private slots:
     void groupEndsAtItsFirstEmptyEntry();
 };
 
-void tst_EditorEvents::keyClasses_data()
+void tst_WordAtCaret::keyClasses_data()
 {
     QTest::addColumn<int>("keyCode");
     QTest::addColumn<int>("shift");
@@ -40,14 +40,14 @@ void tst_EditorEvents::keyClasses_data()
     QTest::newRow("nothing known") << 0 << 1 << 0;
 }
 
-void tst_EditorEvents::keyClasses()
+void tst_WordAtCaret::keyClasses()
 {
     QFETCH(int, keyCode);
     QFETCH(int, shift);
     QTEST(static_cast<int>(keyClass(keyCode, shift)), "expected");
 }
 
-void tst_EditorEvents::wordsAtCaret_data()
+void tst_WordAtCaret::wordsAtCaret_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("caret");
@@ -71,7 +71,7 @@ void tst_EditorEvents::wordsAtCaret_data()
     QTest::newRow("caret beyond the text") << u"abc"_s << 99 << KeyClass::Other << u"abc"_s << 1;
 }
 
-void tst_EditorEvents::wordsAtCaret()
+void tst_WordAtCaret::wordsAtCaret()
 {
     QFETCH(QString, text);
     QFETCH(int, caret);
@@ -83,7 +83,7 @@ void tst_EditorEvents::wordsAtCaret()
     QCOMPARE(found.length, word.size());
 }
 
-void tst_EditorEvents::keywordGroups_data()
+void tst_WordAtCaret::keywordGroups_data()
 {
     QTest::addColumn<QString>("word");
     QTest::addColumn<int>("group");
@@ -99,13 +99,13 @@ void tst_EditorEvents::keywordGroups_data()
     QTest::newRow("nothing") << u""_s << 0;
 }
 
-void tst_EditorEvents::keywordGroups()
+void tst_WordAtCaret::keywordGroups()
 {
     QFETCH(QString, word);
     QTEST(keywordGroup(word, sqlWordClasses().keywordTable), "group");
 }
 
-void tst_EditorEvents::everyWordIsInItsClass()
+void tst_WordAtCaret::everyWordIsInItsClass()
 {
     const KeywordTable &table = sqlWordClasses().keywordTable;
     for (std::size_t group = 0; group < table.size(); ++group) {
@@ -119,7 +119,7 @@ void tst_EditorEvents::everyWordIsInItsClass()
     QVERIFY(table[1][7].isEmpty());
 }
 
-void tst_EditorEvents::groupEndsAtItsFirstEmptyEntry()
+void tst_WordAtCaret::groupEndsAtItsFirstEmptyEntry()
 {
     KeywordTable table;
     table[0][0] = u"PLAIN"_s;
@@ -131,5 +131,5 @@ void tst_EditorEvents::groupEndsAtItsFirstEmptyEntry()
     QCOMPARE(keywordGroup(u"plain", table), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_EditorEvents)
-#include "tst_editorevents.moc"
+QTEST_GUILESS_MAIN(tst_WordAtCaret)
+#include "tst_wordatcaret.moc"
