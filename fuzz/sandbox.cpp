@@ -1,9 +1,9 @@
 // The sandbox's translations: what is put into a statement comes out of it again, and blocks and
 // plans keep their parts, whatever their text.
 
+#include "dataaccess/SqlTokens.h"
 #include "dataaccess/commandText.h"
 #include "dataaccess/sandbox/PlanStep.h"
-#include "dataaccess/sandbox/SqlTokens.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "platform/RuntimeError.h"
 #include "sqltext/explainStatements.h"

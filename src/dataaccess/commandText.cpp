@@ -1,5 +1,7 @@
 #include "dataaccess/commandText.h"
 
+#include "dataaccess/SqlTokens.h"
+
 #include <QRegularExpression>
 #include <QStringView>
 
@@ -19,48 +21,39 @@ constexpr QLatin1StringView statementWords[] = {
     "truncate"_L1, "update"_L1,    "vacuum"_L1, "values"_L1,     "with"_L1,    "work"_L1,
 };
 
-constexpr qsizetype longestEscapeStart = 64;
+/// Words that an ODBC escape begins with.
+constexpr QLatin1StringView escapeWords[] = {
+    "call"_L1, "fn"_L1, "d"_L1, "t"_L1, "ts"_L1, "oj"_L1, "escape"_L1, "interval"_L1, "guid"_L1,
+};
 
-bool isStatementWord(QStringView word)
+template <size_t Count>
+bool isOneOf(QStringView word, const QLatin1StringView (&words)[Count])
 {
-    return std::any_of(std::begin(statementWords), std::end(statementWords), [&](auto statement) {
-        return word.compare(statement, Qt::CaseInsensitive) == 0;
+    return std::any_of(std::begin(words), std::end(words), [&](QLatin1StringView other) {
+        return word.compare(other, Qt::CaseInsensitive) == 0;
     });
-}
-
-/// Where the literal, quoted name or comment that begins at @p from ends; @p from itself when none
-/// begins there.
-qsizetype skipOpaque(QStringView text, qsizetype from)
-{
-    const auto after = [&](QStringView end, qsizetype start) {
-        const qsizetype found = text.indexOf(end, start);
-        return found < 0 ? text.size() : found + end.size();
-    };
-    const QChar c = text[from];
-    if (c == u'\'' || c == u'"' || c == u'`')
-        return after(text.mid(from, 1), from + 1);
-    if (text.mid(from, 2) == "--"_L1)
-        return after(u"\n", from + 2);
-    if (text.mid(from, 2) == "/*"_L1)
-        return after(u"*/", from + 2);
-    return from;
 }
 
 /// Whether @p text, which begins with a parenthesis, ends with the one that closes it.
 bool isArgumentList(QStringView text)
 {
+    SqlTokens tokens(text);
     int depth = 0;
-    for (qsizetype i = 0; i < text.size();) {
-        if (const qsizetype end = skipOpaque(text, i); end > i) {
-            i = end;
-            continue;
-        }
-        depth += text[i] == u'(' ? 1 : text[i] == u')' ? -1 : 0;
-        ++i;
+    for (SqlToken token = tokens.next(); token.kind != SqlToken::End; token = tokens.next()) {
+        depth += token.isSign(u'(') ? 1 : token.isSign(u')') ? -1 : 0;
         if (depth == 0)
-            return i == text.size();
+            return tokens.rest().isEmpty();
     }
     return false;
+}
+
+/// Whether what follows an opening brace makes it an escape's.
+bool beginsEscape(SqlTokens tokens)
+{
+    SqlToken token = tokens.next();
+    if (token.isSign(u'?') && tokens.next().isSign(u'='))
+        token = tokens.next();
+    return token.kind == SqlToken::Word && isOneOf(token.text, escapeWords);
 }
 
 QStringView withoutSurroundings(QStringView text)
@@ -97,7 +90,7 @@ QString asProcedureCall(const QString &commandText)
     if (!match.hasMatch())
         return commandText;
     const bool isQualified = match.hasCaptured(2);
-    if (!isQualified && isStatementWord(match.capturedView(1)))
+    if (!isQualified && isOneOf(match.capturedView(1), statementWords))
         return commandText;
     const QStringView arguments = QStringView(text).mid(match.capturedEnd(0));
     if (!arguments.isEmpty() && !isArgumentList(arguments))
@@ -109,18 +102,10 @@ bool hasOdbcEscape(const QString &text)
 {
     if (!text.contains(u'{'))
         return false;
-    static const QRegularExpression escape(
-        uR"(\A\{\s*(\?\s*=\s*)?(call|fn|d|t|ts|oj|escape|interval|guid)\b)"_s,
-        QRegularExpression::CaseInsensitiveOption);
-    const QStringView view(text);
-    for (qsizetype i = 0; i < view.size();) {
-        if (const qsizetype end = skipOpaque(view, i); end > i) {
-            i = end;
-            continue;
-        }
-        if (view[i] == u'{' && escape.match(text.mid(i, longestEscapeStart)).hasMatch())
+    SqlTokens tokens(text);
+    for (SqlToken token = tokens.next(); token.kind != SqlToken::End; token = tokens.next()) {
+        if (token.isSign(u'{') && beginsEscape(tokens))
             return true;
-        ++i;
     }
     return false;
 }

@@ -1,5 +1,5 @@
+#include "dataaccess/SqlTokens.h"
 #include "dataaccess/sandbox/PlanStep.h"
-#include "dataaccess/sandbox/SqlTokens.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "dataaccess/sandbox/sandboxSetup.h"
 #include "support/planText.h"

@@ -1,6 +1,6 @@
 #include "dataaccess/sandbox/PlanReader.h"
 
-#include "dataaccess/sandbox/SqlTokens.h"
+#include "dataaccess/SqlTokens.h"
 #include "platform/RuntimeError.h"
 
 #include <QJsonArray>

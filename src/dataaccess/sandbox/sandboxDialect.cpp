@@ -1,6 +1,6 @@
 #include "dataaccess/sandbox/sandboxDialect.h"
 
-#include "dataaccess/sandbox/SqlTokens.h"
+#include "dataaccess/SqlTokens.h"
 
 #include <QStringBuilder>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "dataaccess/sandbox/SqlTokens.h"
+#include "dataaccess/SqlTokens.h"
 
 #include <QString>
 
