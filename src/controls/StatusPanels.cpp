@@ -45,7 +45,7 @@ QString panelPurpose(int index)
 
 StatusPanels::StatusPanels(const QString &objectName, QWidget *parent)
     : QFrame(parent)
-    , m_pacer(new FramePacer([this] { showTexts(); }, this))
+    , m_pacer(new FramePacer([this] { takeTexts(); }, this))
 {
     setObjectName(objectName);
     setAccessibleName(tr("Status bar"));
@@ -62,19 +62,24 @@ StatusPanels::StatusPanels(const QString &objectName, QWidget *parent)
 
 void StatusPanels::setPanelText(int panel, const QString &text)
 {
+    setPanelTextSoon(panel, text);
+    showTexts();
+}
+
+void StatusPanels::setPanelTextSoon(int panel, const QString &text)
+{
     if (panel < 1 || panel > panelCount)
         return;
     m_texts[static_cast<std::size_t>(panel - 1)] = text;
     m_pacer->request();
 }
 
-QString StatusPanels::panelText(int panel) const
+void StatusPanels::showTexts()
 {
-    return panel < 1 || panel > panelCount ? QString()
-                                           : m_texts[static_cast<std::size_t>(panel - 1)];
+    m_pacer->flush();
 }
 
-void StatusPanels::showTexts()
+void StatusPanels::takeTexts()
 {
     for (std::size_t i = 0; i < panelCount; ++i) {
         QLabel *const panel = m_labels[i];
@@ -109,7 +114,7 @@ QSize StatusPanels::minimumSizeHint() const
     return QSize(0, sizeHint().height());
 }
 
-/// The labels are of fixed size and in no layout, so that a new text asks nobody for room.
+/// The labels are of fixed size and in no layout.
 void StatusPanels::layOutPanels()
 {
     std::array<int, panelCount> widths = usualWidths();

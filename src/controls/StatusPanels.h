@@ -13,8 +13,7 @@ class QPainter;
 /// The status bar of an editor window: five text panels side by side, labels named
 /// `<objectName>_1` to `<objectName>_5`.
 ///
-/// setPanelText() is made to be called for every row of a long run: labels take the texts at most
-/// once a frame and only hold them; the bar paints them.
+/// The labels only hold the texts, so that a new one asks nobody for room; the bar paints them.
 class StatusPanels : public QFrame
 {
     Q_OBJECT
@@ -23,10 +22,13 @@ public:
 
     static constexpr int panelCount = 5;
 
-    /// @param panel  1 to 5; another one is passed over
+    /// Gives a panel's label its text. @param panel  1 to 5; another one is passed over
     void setPanelText(int panel, const QString &text);
-    /// The text that was set last, on the screen or not yet. Empty for another panel.
-    QString panelText(int panel) const;
+    /// The same for a text that is soon followed by another, as for every row of a long run: the
+    /// label takes the last of them at most once a frame, and with showTexts().
+    void setPanelTextSoon(int panel, const QString &text);
+    /// Gives the labels now what setPanelTextSoon() has for them.
+    void showTexts();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -41,7 +43,7 @@ private:
     QRect textRect(const QLabel *panel) const;
     std::array<int, panelCount> usualWidths() const;
     void layOutPanels();
-    void showTexts();
+    void takeTexts();
     void paintPanel(QPainter &painter, const QLabel &panel) const;
 
     std::array<QLabel *, panelCount> m_labels{};

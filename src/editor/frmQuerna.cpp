@@ -24,6 +24,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QToolBar>
 
 using namespace Qt::StringLiterals;
@@ -90,7 +91,7 @@ void frmQuerna::connectEvents()
     showKeysInToolTips(*m_controls.Toolbar1);
     addPaneKeys(*this, m_controls);
     m_paging->setStatusText([this](const QString &text) {
-        m_controls.sbSql->setPanelText(RowsPanel, text);
+        m_controls.sbSql->setPanelTextSoon(RowsPanel, text);
         m_controls.SqlDataGrid->rowsAdded();
     });
     m_paging->setYield(yieldToEvents);
@@ -194,6 +195,7 @@ void frmQuerna::tbrQuerna_ButtonClick(int index)
 void frmQuerna::Toolbar1_ButtonClick(int index)
 {
     const std::shared_ptr<ResultPaging> paging = m_paging;
+    const QPointer<frmQuerna> window(this); // it may be closed while all rows are retrieved
     reportErrors([&] {
         switch (index) {
         case 1:
@@ -206,6 +208,10 @@ void frmQuerna::Toolbar1_ButtonClick(int index)
             return;
         }
     });
+    if (!window)
+        return;
+    m_controls.sbSql->showTexts();
+    m_controls.SqlDataGrid->showAddedRows();
 }
 
 void frmQuerna::closeEvent(QCloseEvent *event)

@@ -2,12 +2,12 @@
 
 #include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
-#include "controls/StatusPanels.h"
 #include "editor/frmQuerna.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -217,7 +217,7 @@ DataGrid *Tour::grid() const
 
 QString Tour::panel(int number) const
 {
-    return control<StatusPanels>(u"sbSql"_s)->panelText(number);
+    return control<QLabel>(u"sbSql_%1"_s.arg(number))->text();
 }
 
 int Tour::gridRows() const

@@ -5,7 +5,6 @@
 #include "connection/session.h"
 #include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
-#include "controls/StatusPanels.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
 #include "platform/mousePointer.h"
@@ -15,6 +14,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QTest>
@@ -86,7 +86,7 @@ DataGrid *ProgramFixture::grid() const
 
 QString ProgramFixture::panel(int number) const
 {
-    return editor()->findChild<StatusPanels *>()->panelText(number);
+    return editor()->findChild<QLabel *>(u"sbSql_%1"_s.arg(number))->text();
 }
 
 void ProgramFixture::run(const QString &statement, int tab)
