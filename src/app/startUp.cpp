@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 void prepareApplication()
 {
-    QApplication::setApplicationDisplayName(u"Orbek SQL Editor"_s);
     QApplication::setDesktopFileName(u"querna"_s);
     QApplication::setWindowIcon(themedIcon(u"querna"_s));
     installUiPresenters();
