@@ -6,10 +6,8 @@
 #include "controls/gridLook.h"
 #include "controls/selectionText.h"
 #include "platform/RuntimeError.h"
-#include "platform/errorTraps.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QStyledItemDelegate>
 #include <QTreeWidgetItemIterator>
 
@@ -106,10 +104,6 @@ QString ColumnTree::SelText() const
 
 void ColumnTree::keyPressEvent(QKeyEvent *event)
 {
-    if (!event->matches(QKeySequence::Copy)) {
+    if (!copyOnKey(*event, [this] { return SelText(); }))
         QTreeWidget::keyPressEvent(event);
-        return;
-    }
-    reportErrors([this] { copyToClipboard(SelText()); });
-    event->accept();
 }

@@ -7,11 +7,9 @@
 #include "controls/RowNumberHeader.h"
 #include "controls/gridLook.h"
 #include "controls/selectionText.h"
-#include "platform/errorTraps.h"
 
 #include <QEvent>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -122,12 +120,8 @@ QString DataGrid::SelText() const
 
 void DataGrid::keyPressEvent(QKeyEvent *event)
 {
-    if (event->matches(QKeySequence::Copy)) {
-        reportErrors([this] { copyToClipboard(SelText()); });
-        event->accept();
-        return;
-    }
-    QTableView::keyPressEvent(event);
+    if (!copyOnKey(*event, [this] { return SelText(); }))
+        QTableView::keyPressEvent(event);
 }
 
 void DataGrid::changeEvent(QEvent *event)

@@ -20,7 +20,8 @@ struct FontFormat
 };
 
 /// Character formats that were set on ranges of the text and lie over the colouring. They move
-/// with the text, go with it when it is deleted, and are no steps for undo.
+/// with the text, go with it when it is deleted, and are no steps for undo. Positions and lengths
+/// are the widget's: bytes of UTF-8.
 ///
 /// Formats set while nothing is selected belong to the text that is inserted next.
 class EditorFormats
@@ -28,6 +29,7 @@ class EditorFormats
 public:
     explicit EditorFormats(QsciScintillaBase &editor);
 
+    /// Formats of the selection, as EditorControl's operations of these names tell them.
     void setColor(const QColor &color);
     void setPoints(double points);
     void setBold(bool on);

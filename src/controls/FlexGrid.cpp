@@ -2,14 +2,13 @@
 
 #include "controls/ColumnHeader.h"
 #include "controls/FlexGridModel.h"
+#include "controls/enterKey.h"
 #include "controls/gridLook.h"
 #include "controls/selectionText.h"
 #include "controls/twips.h"
 #include "platform/RuntimeError.h"
-#include "platform/errorTraps.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 
 #include <algorithm>
 
@@ -147,13 +146,10 @@ void FlexGrid::pickRow()
 
 void FlexGrid::keyPressEvent(QKeyEvent *event)
 {
-    if (event->matches(QKeySequence::Copy)) {
-        reportErrors([this] { copyToClipboard(SelText()); });
-    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        pickRow();
-    } else {
-        QTableView::keyPressEvent(event);
+    if (copyOnKey(*event, [this] { return SelText(); }))
         return;
-    }
-    event->accept();
+    if (isEnterPress(*event))
+        pickRow();
+    else
+        QTableView::keyPressEvent(event);
 }

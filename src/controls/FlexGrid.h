@@ -32,6 +32,7 @@ public:
     void setRedraw(bool on);
     /// The last row of the selection; 0 when nothing is selected.
     int RowSel() const;
+    /// The selected cells as text: cells separated by tabs, rows by line ends.
     QString SelText() const;
 
 signals:

@@ -1,12 +1,12 @@
 #include "controls/FontDialog.h"
 
+#include "controls/enterKey.h"
 #include "controls/named.h"
 
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFontDialog>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPixmap>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -51,14 +51,10 @@ QFont FontDialog::chosenFont() const
 /// Enter among the fonts belongs to the dialog that they stand in.
 bool FontDialog::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_fonts && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            accept();
-            return true;
-        }
-    }
-    return QDialog::eventFilter(watched, event);
+    if (watched != m_fonts || !isEnterPress(*event))
+        return QDialog::eventFilter(watched, event);
+    accept();
+    return true;
 }
 
 void FontDialog::chooseColor()

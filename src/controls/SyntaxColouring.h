@@ -12,6 +12,8 @@ class QsciScintillaBase;
 /// Colours the editor's text: asked by the widget for what is about to be shown, it writes the
 /// widget's style bytes, which are neither text nor steps for undo.
 ///
+/// Positions and lengths are the widget's: bytes of UTF-8.
+///
 /// The state at every line's end is kept, so that after an edit only the lines are looked at again
 /// whose colours can have changed.
 class SyntaxColouring

@@ -1,7 +1,10 @@
 #include "controls/selectionText.h"
 
+#include "platform/errorTraps.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 
 #include <algorithm>
 #include <vector>
@@ -111,4 +114,12 @@ void copyToClipboard(const QString &text)
 {
     if (!text.isEmpty())
         QGuiApplication::clipboard()->setText(text);
+}
+
+bool copyOnKey(const QKeyEvent &event, const std::function<QString()> &selText)
+{
+    if (!event.matches(QKeySequence::Copy))
+        return false;
+    reportErrors([&] { copyToClipboard(selText()); });
+    return true;
 }

@@ -5,6 +5,8 @@
 
 #include <functional>
 
+class QKeyEvent;
+
 /// Appends the texts of one row's cells from a first to a last column, separated by tabs.
 using AppendCells = std::function<void(int row, int firstColumn, int lastColumn, QString &text)>;
 
@@ -18,3 +20,7 @@ QString selectionText(const QItemSelection &selection, const AppendCells &append
 
 /// Puts a text on the clipboard, unless it is empty.
 void copyToClipboard(const QString &text);
+
+/// Copies what @p selText gives, if @p event is the key for that; a failure is shown.
+/// @returns whether it was the key
+bool copyOnKey(const QKeyEvent &event, const std::function<QString()> &selText);

@@ -1,6 +1,7 @@
 #include "dialogs/ObjectPicker.h"
 
 #include "controls/accessKey.h"
+#include "controls/enterKey.h"
 #include "controls/named.h"
 #include "dialogs/listFillers.h"
 #include "platform/errorTraps.h"
@@ -9,7 +10,6 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QFormLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -129,14 +129,10 @@ void ObjectPicker::lstObject_Click()
 /// click as well.
 bool ObjectPicker::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == lstObject && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            lstObject_Click();
-            return true;
-        }
-    }
-    return FormDialog::eventFilter(watched, event);
+    if (watched != lstObject || !isEnterPress(*event))
+        return FormDialog::eventFilter(watched, event);
+    lstObject_Click();
+    return true;
 }
 
 void ObjectPicker::loadOrClose(const std::function<void()> &load)
