@@ -1,87 +1,161 @@
-// Connection strings, and command texts that are procedure references or hold escapes.
+// Connection strings, those of a login among them, and command texts that are procedure references
+// or hold escapes.
 
+#include "connection/commandLine.h"
+#include "connection/connectDb.h"
+#include "connection/session.h"
 #include "dataaccess/Connection.h"
 #include "dataaccess/commandText.h"
 #include "dataaccess/connectionString.h"
 #include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/providers.h"
+#include "platform/messageBox.h"
 #include "support/raisedError.h"
+#include "support/textRows.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+TextFunction itemNamed(const QString &name)
+{
+    return [name](const QString &text) { return ConnectionString(text).value(name); };
+}
+
+/// The connection string for a user, the number of a driver and that of a privilege.
+QString connectionStringOf(const QString &choice)
+{
+    const auto number = [&](int field) { return choice.section(u' ', field, field).toShort(); };
+    return loginConnectionString(choice.section(u' ', 0, 0), u"x"_s, u"ORCL"_s, number(1),
+                                 number(2));
+}
+
+QString namesIn(const QString &commandLine)
+{
+    QString userName = u"kept"_s;
+    QString tnsName = u"kept"_s;
+    readLoginNames(commandLine, userName, tnsName);
+    return userName + u'@' + tnsName;
+}
+
+/// A procedure reference as the call that it is sent as, any other text as "-".
+QString procedureCall(const QString &text)
+{
+    const QString sent = asProcedureCall(text);
+    return sent == text ? u"-"_s : sent;
+}
+
+QString opened(const QString &text)
+{
+    Connection().Open(text);
+    return u"yes"_s;
+}
+
+} // namespace
 
 class tst_connectionstring : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void items_data();
-    void items();
-    void providers_data();
-    void providers();
+    void texts_data();
+    void texts() { compareTextRow(); }
+    void loginTexts_data();
+    void loginTexts() { compareTextRow(); }
+    void failedLogin();
     void manyItems();
-    void tooLong_data();
-    void tooLong();
     void missingOracleDriverIsNamed();
-    void procedureReferences_data();
-    void procedureReferences();
-    void escapes_data();
-    void escapes();
 };
 
-void tst_connectionstring::items_data()
+void tst_connectionstring::texts_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("value");
-    QTest::newRow("any letter case") << u"User ID=scott;PASSWORD=x"_s << u"password"_s << u"x"_s;
-    QTest::newRow("blanks") << u" User ID = scott ; x=y"_s << u"user id"_s << u"scott"_s;
-    QTest::newRow("inner blanks") << u"Pwd=x AS SYSDBA"_s << u"PWD"_s << u"x AS SYSDBA"_s;
-    QTest::newRow("first counts") << u"a=1;A=2"_s << u"a"_s << u"1"_s;
-    QTest::newRow("braces") << u"a={x;y};b=2"_s << u"a"_s << u"x;y"_s;
-    QTest::newRow("after braces") << u"a={x;y};b=2"_s << u"b"_s << u"2"_s;
-    QTest::newRow("doubled brace") << u"a={x}};y};b=2"_s << u"a"_s << u"x};y"_s;
-    QTest::newRow("brace never closed") << u"a={x;b=2"_s << u"a"_s << u"{x;b=2"_s;
-    QTest::newRow("empty value") << u"User ID=;b=2"_s << u"user id"_s << u""_s;
-    QTest::newRow("equals in the value") << u"a=b=c"_s << u"a"_s << u"b=c"_s;
-    QTest::newRow("no value") << u"a;b=2"_s << u"b"_s << u"2"_s;
-    QTest::newRow("braces behind blanks") << u"a= {x;y} ;b=2"_s << u"A"_s << u"x;y"_s;
-    QTest::newRow("text behind braces") << u"a={x}y;b=2"_s << u"b"_s << u"2"_s;
-    QTest::newRow("brace within a value") << u"a=x{y;b=2}"_s << u"b"_s << u"2}"_s;
-    QTest::newRow("no name") << u"=x;b=2"_s << u""_s << u"x"_s;
-    QTest::newRow("nothing but separators") << u";;=;;"_s << u"a"_s << u""_s;
+    addTextColumns();
+    addTextRows("item a", itemNamed(u"a"_s),
+                u"A=1;a=2→1| a = x y ; b=z→x y|a={x;y};b=2|a= {x;y} ;b=2→x;y|a={x}};y};b=2→x};y|"
+                "a={x;b=2→{x;b=2|a=;b=2→|a=b=c→b=c|;;=;;|b=2;a=|b=2;a→"_s);
+    addTextRows("item b", itemNamed(u"b"_s), u"a={x;y};b=2|a;b=2|a={x}y;b=2→2|a=x{y;b=2}→2}"_s);
+    addTextRows("item without a name", itemNamed({}), u"=x;b=2→x"_s);
+    addTextRows(
+        "provider", [](const QString &text) { return openProvider(text).odbcConnectionString; },
+        u"DSN=x;ChunkSize=65535;Uid=a;Pwd=b c→DSN=x;ChunkSize=65535;Uid=a;Pwd=b c|"
+        "provider = MSDASQL;DSN=x;Uid=a→DSN=x;Uid=a|"
+        "Provider=MSDASQL;Pwd={a;provider=b};DSN=x→Pwd={a;provider=b};DSN=x|"
+        "Provider=nobody;Data Source=x→error 3706"_s);
+    addTextRows("procedure", procedureCall,
+                u"dbms_output.disable→{call dbms_output.disable}|"
+                "dbms_output.enable(abc)→{call dbms_output.enable(abc)}|"
+                "  refresh_all ;\r\n→{call refresh_all}|"
+                "scott.pack.proc (1, ')', f(2))→{call scott.pack.proc (1, ')', f(2))}|"
+                "\"Odd name\".p→{call \"Odd name\".p}|"
+                "commit|ROLLBACK;|begin|values (1)|select(1)||;|select 1|p(1) q|p(1)(2)|p(1|p(')|"
+                "a.b.c.d|1p|p.|{call p}|begin p; end;|p -- comment→-"_s);
+    addTextRows(
+        "escape", [](const QString &text) { return hasOdbcEscape(text) ? u"yes"_s : u"no"_s; },
+        u"{call p(?, ?)}|{ ? = call p }|select {fn now()} from t|select {d '2020-01-01'}|"
+        "select 'it''s', {ts '2020-01-01 00:00:00'}→yes|"
+        "|select '{call p}'|select 1 -- {fn now()}|/* {d '1'} */ select 1|select {x} from t|"
+        "select {date}|select '{d→no"_s);
+    // Where the driver manager would end the process.
+    const QString kilobyte(1000, u'x');
+    const QStringList tooLong = {u"DSN=x;UID="_s + kilobyte.repeated(100), u"driver=x"_s + kilobyte,
+                                 u"DRIVER="_s + QString(501, u'ä'),
+                                 u"Driver={a;"_s + kilobyte + u'}',
+                                 u"DRIVER=x; DRIVER=x"_s + kilobyte};
+    addTextRows("opened", opened, tooLong.join(u'|') + u"→error 3001"_s);
 }
 
-void tst_connectionstring::items()
+void tst_connectionstring::loginTexts_data()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, name);
-    QFETCH(QString, value);
-    QCOMPARE(ConnectionString(text).value(name), value);
+    addTextColumns();
+    addTextRows(
+        "connection string", connectionStringOf,
+        u"scott 0 0→Provider=msdaora;Data Source=ORCL;User ID=scott;Password=x|"
+        " 0 0→Provider=msdaora;Data Source=ORCL;User ID=;Password=x|"
+        "scott 1 0→"
+        "Provider=OraOLEDB.Oracle;ChunkSize=65535;Data Source=ORCL;User ID=scott;Password=x|"
+        "scott 2 0|scott 2 3→DSN=ORCL;ChunkSize=65535;Uid=scott;Pwd=x|"
+        "a;b=\"c 2 0→DSN=ORCL;ChunkSize=65535;Uid=a;b=\"c;Pwd=x|"
+        "scott 3 0→|"
+        "scott 1 1|scott 7 1→DSN=ORCL;Uid=scott;Pwd=x AS SYSDBA|"
+        "scott 0 2→DSN=ORCL;Uid=scott;Pwd=x AS SYSOPER"_s);
+    addTextRows("cleaned", cleanedCommandLine,
+                u"| \" \"\"  \" →|\"DSN=a b;Uid=c\"→DSN=a b;Uid=c|"
+                "  \"DSN\"=\"a\";Pwd=\"\"x\" →DSN=a;Pwd=x|\tDSN=a\t →\tDSN=a\t"_s);
+    addTextRows(
+        "names", namesIn,
+        u"Provider=msdaora;Data Source=ORCL;User ID=scott;Password=x→scott@ORCL|"
+        "DATA SOURCE=a;user id=b;data source=c;user id=d;→b@a|"
+        "Data Source=ORCL;User ID=scott→kept@ORCL|user id = scott;Data Source=x;→= scott@x|"
+        "User ID=;Data Source=;→@|Groß=ß;User ID=straße;Data Source=x;→straße@x|"
+        "|User ID|User ID;Data Source;|DSN=ORCL;ChunkSize=65535;Uid=scott;Pwd=x→kept@kept"_s);
 }
 
-void tst_connectionstring::providers_data()
+void tst_connectionstring::failedLogin()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("odbc");
-    QTest::addColumn<int>("error");
-    QTest::newRow("none") << u"DSN=x;ChunkSize=65535;Uid=a;Pwd=b c"_s
-                          << u"DSN=x;ChunkSize=65535;Uid=a;Pwd=b c"_s << 0;
-    QTest::newRow("ODBC") << u"provider = MSDASQL;DSN=x;Uid=a"_s << u"DSN=x;Uid=a"_s << 0;
-    QTest::newRow("ODBC, the name in a value")
-        << u"Provider=MSDASQL;Pwd={a;provider=b};DSN=x"_s << u"Pwd={a;provider=b};DSN=x"_s << 0;
-    QTest::newRow("unknown") << u"Provider=nobody;Data Source=x"_s << QString() << 3706;
-}
+    QStringList shown;
+    setMessagePresenter({[&](const Message &message) {
+                             shown.append(message.text);
+                             return MessageAnswer::Ok;
+                         },
+                         {}});
+    gConnectString = u"the last good one"_s;
+    QString connectionString = u"untouched"_s;
+    const auto before = std::make_shared<Connection>();
+    std::shared_ptr<Connection> conn = before;
+    bool connected = true;
+    connectDb(u"scott"_s, u"tiger"_s, u"x;Provider=NoSuchProvider"_s, connected, conn,
+              LoginDriver::OdbcDataSource, LoginPrivilege::Normal, connectionString);
+    setMessagePresenter({});
 
-void tst_connectionstring::providers()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, odbc);
-    QFETCH(int, error);
-    QString result;
-    QCOMPARE(raisedError([&] { result = openProvider(text).odbcConnectionString; }), error);
-    QCOMPARE(result, odbc);
+    QVERIFY(!connected);
+    QCOMPARE(shown, QStringList{errorDescription(ErrorNumber::ProviderNotFound)});
+    QVERIFY(conn && conn != before);
+    QCOMPARE(conn->State(), adStateClosed);
+    QCOMPARE(conn->CursorLocation(), adUseClient);
+    QCOMPARE(connectionString, u"untouched"_s);
+    QCOMPARE(gConnectString, u"the last good one"_s);
 }
 
 // Reading takes no longer for an item that has many before it.
@@ -94,24 +168,6 @@ void tst_connectionstring::manyItems()
     QCOMPARE(ConnectionString(text).value(u"last"), u"x"_s);
 }
 
-void tst_connectionstring::tooLong_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("as a whole") << u"DSN=x;UID="_s + QString(100'000, u'x');
-    QTest::newRow("driver") << u"driver="_s + QString(1001, u'x');
-    QTest::newRow("driver in UTF-8") << u"DRIVER="_s + QString(501, u'\u00e4');
-    QTest::newRow("driver in braces") << u"Driver={a;"_s + QString(1000, u'x') + u'}';
-    QTest::newRow("second driver") << u"DRIVER=x; DRIVER="_s + QString(1001, u'x');
-}
-
-// The driver manager would end the process.
-void tst_connectionstring::tooLong()
-{
-    QFETCH(QString, text);
-    Connection connection;
-    QCOMPARE(raisedError([&] { connection.Open(text); }), ErrorNumber::InvalidArgument);
-}
-
 void tst_connectionstring::missingOracleDriverIsNamed()
 {
     if (!installedDrivers().filter(u"Oracle"_s, Qt::CaseInsensitive).isEmpty())
@@ -121,58 +177,6 @@ void tst_connectionstring::missingOracleDriverIsNamed()
     QCOMPARE(error.number, 3706);
     QVERIFY(error.description.contains(u"ODBC driver for Oracle"_s));
     QVERIFY(!error.description.contains(u"tiger"_s));
-}
-
-void tst_connectionstring::procedureReferences_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("call"); // empty: sent as it stands
-    const auto row = [](const QString &text, const QString &call) {
-        QTest::newRow(qPrintable(text)) << text << call;
-    };
-    row(u"dbms_output.disable"_s, u"{call dbms_output.disable}"_s);
-    row(u"dbms_output.enable(20000)"_s, u"{call dbms_output.enable(20000)}"_s);
-    row(u"dbms_output.enable(abc)"_s, u"{call dbms_output.enable(abc)}"_s);
-    row(u"  refresh_all ;\r\n"_s, u"{call refresh_all}"_s);
-    row(u"scott.pack.proc (1, ')', f(2))"_s, u"{call scott.pack.proc (1, ')', f(2))}"_s);
-    row(u"\"Odd name\".p"_s, u"{call \"Odd name\".p}"_s);
-    for (const auto &text :
-         {u"commit"_s, u"ROLLBACK;"_s, u"begin"_s, u"values (1)"_s, u"select(1)"_s, u""_s, u";"_s,
-          u"select 1"_s, u"p(1) q"_s, u"p(1)(2)"_s, u"p(1"_s, u"p(')"_s, u"a.b.c.d"_s, u"1p"_s,
-          u"p."_s, u"{call p}"_s, u"begin p; end;"_s, u"p -- comment"_s})
-        row(text, QString());
-}
-
-void tst_connectionstring::procedureReferences()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, call);
-    QCOMPARE(asProcedureCall(text), call.isEmpty() ? text : call);
-}
-
-void tst_connectionstring::escapes_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("has");
-    QTest::newRow("call") << u"{call p(?, ?)}"_s << true;
-    QTest::newRow("function result") << u"{ ? = call p }"_s << true;
-    QTest::newRow("inside") << u"select {fn now()} from t"_s << true;
-    QTest::newRow("date") << u"select {d '2020-01-01'}"_s << true;
-    QTest::newRow("after a literal") << u"select 'it''s', {ts '2020-01-01 00:00:00'}"_s << true;
-    QTest::newRow("in a literal") << u"select '{call p}'"_s << false;
-    QTest::newRow("in a comment") << u"select 1 -- {fn now()}"_s << false;
-    QTest::newRow("in a block comment") << u"/* {d '1'} */ select 1"_s << false;
-    QTest::newRow("other braces") << u"select {x} from t"_s << false;
-    QTest::newRow("longer word") << u"select {date}"_s << false;
-    QTest::newRow("never closed literal") << u"select '{d"_s << false;
-    QTest::newRow("none") << u""_s << false;
-}
-
-void tst_connectionstring::escapes()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, has);
-    QCOMPARE(hasOdbcEscape(text), has);
 }
 
 QTEST_GUILESS_MAIN(tst_connectionstring)

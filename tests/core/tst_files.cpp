@@ -2,14 +2,21 @@
 #include "platform/LineReader.h"
 #include "platform/TextFileWriter.h"
 #include "platform/replaceFile.h"
+#include "sqltext/textFile.h"
+#include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
+#include "support/textRows.h"
 
+#include <QFile>
+#include <QStringConverter>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <cerrno>
 #include <functional>
+#include <utility>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -24,8 +31,15 @@ void writeFile(const QString &path, TextFileWriter::Mode mode, const QByteArray 
     file.close();
 }
 
+/// What the editor makes of a file's bytes, each of which is given as a character.
+QString editorText(const QString &bytes)
+{
+    return QString::fromUtf8(editorUtf8FromFile(bytes.toLatin1()));
+}
+
 } // namespace
 
+/// Writing files and reading them, in every form that SQL text is kept in.
 class tst_Files : public QObject
 {
     Q_OBJECT
@@ -39,6 +53,9 @@ private slots:
     void failures_data();
     void failures();
     void failuresOfTheSystem();
+    void texts_data();
+    void texts() { compareTextRow(); }
+    void lineEndsInEveryEncoding();
 
 private:
     QString path(const QString &name) const { return m_folder.filePath(name); }
@@ -70,7 +87,7 @@ void tst_Files::buffering()
         file.write(piece);
     }
     file.close();
-    QCOMPARE(contentOf(path(u"pieces"_s)), written);
+    QCOMPARE(readWholeFile(path(u"pieces"_s)), written);
 }
 
 void tst_Files::failureKeepsWhatWasWritten()
@@ -86,20 +103,15 @@ void tst_Files::failureKeepsWhatWasWritten()
 
 void tst_Files::lines_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QByteArrayList>("lines");
+    const DataRows<QByteArray, QByteArrayList> row("content", "lines");
     const QByteArray block(64 * 1024, 'x');
-    QTest::newRow("empty") << QByteArray() << QByteArrayList{};
-    QTest::newRow("line ends") << QByteArray("a\r\nb\n\r\n\nc\rd\r\n")
-                               << QByteArrayList{"a", "b", "", "", "c\rd"};
-    QTest::newRow("last line without end") << QByteArray("a\nb") << QByteArrayList{"a", "b"};
-    QTest::newRow("any bytes") << QByteArray("\0\xff\n\x80", 4)
-                               << QByteArrayList{QByteArray("\0\xff", 2), "\x80"};
-    QTest::newRow("line of a block") << QByteArray(block + "\na\n") << QByteArrayList{block, "a"};
-    QTest::newRow("pair across blocks")
-        << QByteArray(block.chopped(1) + "\r\na") << QByteArrayList{block.chopped(1), "a"};
-    QTest::newRow("many blocks") << QByteArray(block.repeated(5) + "\n" + block + "\n")
-                                 << QByteArrayList{block.repeated(5), block};
+    row("empty", {}, {});
+    row("line ends", "a\r\nb\n\r\n\nc\rd\r\n", {"a", "b", "", "", "c\rd"});
+    row("last line without end", "a\nb", {"a", "b"});
+    row("any bytes", QByteArray("\0\xff\n\x80", 4), {QByteArray("\0\xff", 2), "\x80"});
+    row("line of a block", block + "\na\n", {block, "a"});
+    row("pair across blocks", block.chopped(1) + "\r\na", {block.chopped(1), "a"});
+    row("many blocks", block.repeated(5) + "\n" + block + "\n", {block.repeated(5), block});
 }
 
 void tst_Files::lines()
@@ -115,11 +127,7 @@ void tst_Files::lines()
 
 void tst_Files::failures_data()
 {
-    QTest::addColumn<Work>("work");
-    QTest::addColumn<int>("error");
-    const auto row = [](const char *name, Work work, int error) {
-        QTest::newRow(name) << std::move(work) << error;
-    };
+    const DataRows<Work, int> row("work", "error");
     const auto write = [](const QString &path, const QByteArray &content) {
         return [=] { writeFile(path, TextFileWriter::Mode::Append, content); };
     };
@@ -135,6 +143,15 @@ void tst_Files::failures_data()
     row("no room to save to", save(u"/dev/full"_s), ErrorNumber::DiskFull);
     row("no room, told when closing", write(u"/dev/full"_s, "a"), ErrorNumber::DiskFull);
     row("no room", write(u"/dev/full"_s, QByteArray(1'000'000, 'a')), ErrorNumber::DiskFull);
+
+    const auto readWhole = [](const QString &path) { return [=] { readWholeFile(path); }; };
+    QCOMPARE(mkfifo(QFile::encodeName(path(u"pipe"_s)).constData(), 0600), 0);
+    QFile huge(path(u"huge"_s));
+    QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{3} << 30));
+    row("whole missing file", readWhole(path(u"missing"_s)), ErrorNumber::FileNotFound);
+    row("whole folder", readWhole(m_folder.path()), ErrorNumber::PathFileAccessError);
+    row("whole pipe", readWhole(path(u"pipe"_s)), ErrorNumber::PathFileAccessError);
+    row("whole huge file", readWhole(huge.fileName()), ErrorNumber::OutOfMemory);
 }
 
 void tst_Files::failures()
@@ -155,6 +172,50 @@ void tst_Files::failuresOfTheSystem()
     QCOMPARE(number(ETXTBSY, FileUse::Write), ErrorNumber::PermissionDenied);
     QCOMPARE(number(EDQUOT, FileUse::Write), ErrorNumber::DiskFull);
     QCOMPARE(number(EIO, FileUse::Read), ErrorNumber::DeviceIoError);
+}
+
+void tst_Files::texts_data()
+{
+    addTextColumns();
+    addTextRows("UTF-8", editorText,
+                u"→|select 1→select 1|\xC3\xA4 \xF0\x9F\x98\x80→ä 😀|"
+                // With a mark.
+                "\xEF\xBB\xBF\xC3\xA4→ä|\xEF\xBB\xBF→|\xEF\xBB\xBFz\xFF→z\uFFFD"_s);
+    addTextRows("Latin-1, being no UTF-8", editorText,
+                u"gr\xFC\xDF→grüß|\xC3\xA4\xC3→Ã¤Ã|\xED\xA0\x80→í\u00A0\u0080"_s);
+    addTextRows("UTF-16", editorText,
+                u"\xFF\xFEz\0\xE4\0\n\0|\xFE\xFF\0z\0\xE4\0\n→zä\r\n|\xFF\xFE\x3D\xD8\0\xDE→😀|"
+                "\xFF\xFEz\0y→z\uFFFD|"
+                // Without a mark, and what only looks a little like it.
+                "s\0e\0l\0 \0\xE4\0|\0s\0e\0l\0 \0\xE4→sel ä|z\0ycdef\0→z\0ycdef\0"_s);
+    const QString lineEnds = u"a\nb\n|a\rb\r|a\r\nb\r\n→a\r\nb\r\n|a\nb\rc\r\nd→a\r\nb\r\nc\r\nd|"
+                             "\n\r|\r\r\n|\n\n→\r\n\r\n|a→a"_s;
+    addTextRows("line ends in a file", editorText, lineEnds);
+    const auto fromText = [](const QString &text) { return QString::fromUtf8(editorUtf8(text)); };
+    addTextRows("line ends", fromText, lineEnds);
+    addTextRows("unpaired surrogates", fromText,
+                u"z\xD83Dz\xDE00\xD83D→z\uFFFDz\uFFFD\uFFFD|\xD83D😀→\uFFFD😀"_s);
+}
+
+void tst_Files::lineEndsInEveryEncoding()
+{
+    using Encode = QStringConverter;
+    for (const auto &[encoding, marked] : {std::pair{Encode::Utf8, false},
+                                           {Encode::Utf8, true},
+                                           {Encode::Utf16LE, true},
+                                           {Encode::Utf16LE, false},
+                                           {Encode::Utf16BE, true},
+                                           {Encode::Utf16BE, false},
+                                           {Encode::Latin1, false}}) {
+        // In UTF-16 these letters have the bytes of line ends.
+        const QString letters = encoding == Encode::Latin1 ? u"äÿ"_s : u"\u0D0A\u0A0D"_s;
+        const QString text =
+            u"select 'grüß'\r\n-- %1\r\rfrom dual\n\nwhere 1 = 1\n\r"_s.arg(letters);
+        QStringEncoder encode(encoding, marked ? Encode::Flag::WriteBom : Encode::Flag::Default);
+        QCOMPARE(
+            QString::fromUtf8(editorUtf8FromFile(encode(text))),
+            u"select 'grüß'\r\n-- %1\r\n\r\nfrom dual\r\n\r\nwhere 1 = 1\r\n\r\n"_s.arg(letters));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_Files)

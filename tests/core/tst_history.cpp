@@ -2,12 +2,12 @@
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"
 #include "platform/systemClock.h"
+#include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
 
@@ -49,8 +49,6 @@ private slots:
     void loading();
     void loadingFails_data();
     void loadingFails();
-    void newestTextFirst();
-    void sizeLimit();
     void oneHugeLine();
 
 private:
@@ -105,34 +103,44 @@ void tst_History::missingFileIsCreated()
 
 void tst_History::loading_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QStringList>("rows");
-    const auto row = [](const char *name, const QByteArray &content, const QStringList &rows) {
-        QTest::newRow(name) << content << rows;
-    };
+    const DataRows<QByteArray, QStringList> row("content", "rows");
     const QString time = u"3/5/2024"_s;
-    row("one record", "select 1\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n", {u"select 1\r\n"_s, time});
+    const auto record = [](const QByteArray &statement, const QByteArray &when = "3/5/2024") {
+        return statement + "\r\nSQLTIME\r\n" + when + "\r\nSQLEND\r\n";
+    };
+    row("one record", record("select 1"), {u"select 1\r\n"_s, time});
     row("markers in any case, with blanks", "a\r\n  sqlTime \r\n3/5/2024\r\n sqlend  \r\n",
         {u"a\r\n"_s, time});
-    row("no marker with a tab", "a\r\n\tSQLTIME\r\nSQLTIME\r\n3/5/2024\r\nSQLEND",
-        {u"a\r\n\tSQLTIME\r\n"_s, time});
-    row("lone line feeds", "a\nb\nSQLTIME\n3/5/2024\nSQLEND\n", {u"a\r\nb\r\n"_s, time});
+    row("no marker with a tab", record("a\r\n\tSQLTIME"), {u"a\r\n\tSQLTIME\r\n"_s, time});
+    row("lone line feeds", "a\nb\nSQLTIME\n3/5/2024\nSQLEND", {u"a\r\nb\r\n"_s, time});
     row("no statement", "SQLTIME\r\n3/5/2024\r\nSQLEND\r\n", {QString(), time});
-    row("time with blanks", "a\r\nSQLTIME\r\n  3/5/2024 \r\nSQLEND\r\n", {u"a\r\n"_s, time});
-    row("last of two time lines", "a\r\nSQLTIME\r\n1/1/2000\r\n3/5/2024\r\nSQLEND\r\n",
-        {u"a\r\n"_s, time});
-    row("record without a time", "a\r\nSQLTIME\r\nb\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n",
+    row("time with blanks", record("a", "  3/5/2024 "), {u"a\r\n"_s, time});
+    row("last of two time lines", record("a", "1/1/2000\r\n3/5/2024"), {u"a\r\n"_s, time});
+    row("record without a time", "a\r\nSQLTIME\r\n" + record("b"),
         {u"b\r\n"_s, time, u"a\r\n"_s, QString()});
-    row("end without a statement", "a\r\nSQLTIME\r\n1/1/2000\r\nSQLEND\r\n3/5/2024\r\nSQLEND\r\n",
+    row("end without a statement", record("a", "1/1/2000\r\nSQLEND\r\n3/5/2024"),
         {u"a\r\n"_s, time});
-    row("statement that reads like a marker", "a\r\nSQLEND x\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n",
+    row("statement that reads like a marker", record("a\r\nSQLEND x"),
         {u"a\r\nSQLEND x\r\n"_s, time});
-    row("unfinished record", "a\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\nb\r\n", {u"a\r\n"_s, time});
-    row("UTF-8 with a mark", "\xef\xbb\xbf\xc3\xa4\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n",
-        {u"ä\r\n"_s, time});
+    row("unfinished record", record("a") + "b\r\n", {u"a\r\n"_s, time});
+    row("UTF-8 with a mark", "\xef\xbb\xbf" + record("\xc3\xa4"), {u"ä\r\n"_s, time});
     row("UTF-16", QByteArray("\xff\xfes\0Q\0L\0T\0I\0M\0E\0\r\0\n\0", 20), {});
-    row("invalid bytes", QByteArray("a\xff\0\x80z\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n", 34),
-        {u"a\ufffd\0\ufffdz\r\n"_s, time});
+    row("invalid bytes", record(QByteArray("a\xff\0\x80z", 5)), {u"a\ufffd\0\ufffdz\r\n"_s, time});
+    row("newest text first",
+        record("a", "12/1/2026") + record("b", "9/1/2026") + record("c", "9/1/2026 10:00:00"),
+        {u"c\r\n"_s, u"9/1/2026 10:00:00"_s, u"b\r\n"_s, u"9/1/2026"_s, u"a\r\n"_s,
+         u"12/1/2026"_s});
+
+    // The size limit counts characters, the line end among them, and not bytes. The time of a
+    // record passed over belongs to no other.
+    const QByteArray longest(998, 'x');
+    const QByteArray accents = QByteArray("\xc3\xa4").repeated(998);
+    row("too long",
+        record(longest, "1/4/2024") + record(longest + 'x', "1/5/2024") +
+            record(accents + "\xc3\xa4", "1/5/2024") + record(accents, "1/3/2024") +
+            record(QByteArray("y\r\n").repeated(20'000), "1/5/2024") + record("z", "1/2/2024"),
+        {QString::fromUtf8(longest) + u"\r\n"_s, u"1/4/2024"_s,
+         QString::fromUtf8(accents) + u"\r\n"_s, u"1/3/2024"_s, u"z\r\n"_s, u"1/2/2024"_s});
 }
 
 void tst_History::loading()
@@ -146,18 +154,13 @@ void tst_History::loading()
 
 void tst_History::loadingFails_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<int>("error");
-    QTest::addColumn<int>("rowsBefore");
+    const DataRows<QByteArray, int, int> row("content", "error", "rowsBefore");
     const QByteArray record = "a\r\nSQLTIME\r\n3/5/2024\r\nSQLEND\r\n";
-    QTest::newRow("time that is none") << record + "b\r\nSQLTIME\r\nyesterday\r\nSQLEND\r\n"
-                                       << ErrorNumber::TypeMismatch << 2;
-    QTest::newRow("no time line") << record + "b\r\nSQLTIME\r\nSQLEND\r\n"
-                                  << ErrorNumber::TypeMismatch << 2;
-    QTest::newRow("end before any record")
-        << QByteArray("3/5/2024\r\nSQLEND\r\n") << ErrorNumber::NoCurrentRecord << 0;
-    QTest::newRow("too many lines")
-        << record + QByteArray("x\r\n").repeated(32768) << ErrorNumber::Overflow << 1;
+    row("time that is none", record + "b\r\nSQLTIME\r\nyesterday\r\nSQLEND\r\n",
+        ErrorNumber::TypeMismatch, 2);
+    row("no time line", record + "b\r\nSQLTIME\r\nSQLEND\r\n", ErrorNumber::TypeMismatch, 2);
+    row("end before any record", "3/5/2024\r\nSQLEND\r\n", ErrorNumber::NoCurrentRecord, 0);
+    row("too many lines", record + QByteArray("x\r\n").repeated(32768), ErrorNumber::Overflow, 1);
 }
 
 void tst_History::loadingFails()
@@ -167,38 +170,6 @@ void tst_History::loadingFails()
     Recordset history;
     QTEST(raisedError([&] { load(history); }), "error");
     QTEST(int(history.RecordCount()), "rowsBefore");
-}
-
-void tst_History::newestTextFirst()
-{
-    for (const QByteArray time : {"12/1/2026", "9/1/2026", "9/1/2026 10:00:00", "10/1/2027"})
-        writeFile(fileContent().replace("(not there)", "") + "a\r\nSQLTIME\r\n" + time +
-                  "\r\nSQLEND\r\n");
-    Recordset history;
-    load(history);
-    QStringList times;
-    for (history.MoveFirst(); !history.Eof(); history.MoveNext())
-        times << history.value(u"sql_time"_s).toText();
-    QCOMPARE(times,
-             (QStringList{u"9/1/2026 10:00:00"_s, u"9/1/2026"_s, u"12/1/2026"_s, u"10/1/2027"_s}));
-}
-
-void tst_History::sizeLimit()
-{
-    const QByteArray longest(998, 'x'); // and its line end
-    // Characters count, not bytes, and the time of a record passed over belongs to no other.
-    const QByteArray accents = QByteArray("\xc3\xa4").repeated(998);
-    const auto record = [](const QByteArray &statement, const QByteArray &time) {
-        return statement + "\r\nSQLTIME\r\n" + time + "\r\nSQLEND\r\n";
-    };
-    writeFile(record(longest, "1/4/2024") + record(longest + 'x', "1/5/2024") +
-              record(accents + "\xc3\xa4", "1/5/2024") + record(accents, "1/3/2024") +
-              record(QByteArray("y\r\n").repeated(20'000), "1/5/2024") + record("z", "1/2/2024"));
-    Recordset history;
-    load(history);
-    QCOMPARE(rowsOf(history), (QStringList{QString::fromUtf8(longest) + u"\r\n"_s, u"1/4/2024"_s,
-                                           QString::fromUtf8(accents) + u"\r\n"_s, u"1/3/2024"_s,
-                                           u"z\r\n"_s, u"1/2/2024"_s}));
 }
 
 void tst_History::oneHugeLine()

@@ -1,7 +1,7 @@
 #include "sqltext/ReplaceAll.h"
+#include "support/DataRows.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -53,14 +53,12 @@ private slots:
 
 void tst_replaceall::namedCases_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("find");
-    QTest::addColumn<QString>("replacement");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("each letter") << u"banana"_s << u"a"_s << u"b"_s << u"bbnbnb"_s;
-    QTest::newRow("across the border, backwards") << u"aabb"_s << u"ab"_s << u"a"_s << u"aa"_s;
-    QTest::newRow("letter case counts") << u"Aa"_s << u"a"_s << u"b"_s << u"Ab"_s;
-    QTest::newRow("beyond the basic plane") << u"x😀y😀"_s << u"😀"_s << u"z"_s << u"xzyz"_s;
+    const DataRows<QString, QString, QString, QString> row("text", "find", "replacement",
+                                                           "expected");
+    row("each letter", u"banana"_s, u"a"_s, u"b"_s, u"bbnbnb"_s);
+    row("across the border, backwards", u"aabb"_s, u"ab"_s, u"a"_s, u"aa"_s);
+    row("letter case counts", u"Aa"_s, u"a"_s, u"b"_s, u"Ab"_s);
+    row("beyond the basic plane", u"x😀y😀"_s, u"😀"_s, u"z"_s, u"xzyz"_s);
 }
 
 void tst_replaceall::namedCases()
@@ -106,15 +104,12 @@ void tst_replaceall::endlessOneGoesOn()
 
 void tst_replaceall::largeTexts_data()
 {
-    QTest::addColumn<QString>("unit");
-    QTest::addColumn<QString>("find");
-    QTest::addColumn<QString>("replacement");
-    QTest::newRow("plain hits") << u"select ename from employees where empno = :value_number "_s
-                                << u"empno"_s << u"number"_s;
-    QTest::newRow("hits across borders") << u"ab"_s << u"ab"_s << u"a"_s;
-    QTest::newRow("run shrinking") << u"a"_s << u"aa"_s << u"a"_s;
-    QTest::newRow("near misses") << u"aaaaaaaaaaaaaaaaaaaaaaab"_s << u"aaaaaaaaaaaaaaaab"_s
-                                 << u"b"_s;
+    const DataRows<QString, QString, QString> row("unit", "find", "replacement");
+    row("plain hits", u"select ename from employees where empno = :value_number "_s, u"empno"_s,
+        u"number"_s);
+    row("hits across borders", u"ab"_s, u"ab"_s, u"a"_s);
+    row("run shrinking", u"a"_s, u"aa"_s, u"a"_s);
+    row("near misses", u"aaaaaaaaaaaaaaaaaaaaaaab"_s, u"aaaaaaaaaaaaaaaab"_s, u"b"_s);
 }
 
 // 5 million characters: a search from the beginning each time would take minutes to hours.

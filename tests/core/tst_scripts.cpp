@@ -2,69 +2,81 @@
 #include "sqltext/dynamicStatements.h"
 #include "sqltext/elapsedTime.h"
 #include "sqltext/scriptRunner.h"
-#include "support/raisedError.h"
+#include "support/textRows.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What stands within the blocks that @p script is sent in, separated by `~`.
+QString sentPieces(const QString &script)
+{
+    const QString frame = scriptBlock(u"~"_s);
+    QStringList sent;
+    QString errors = u"kept"_s;
+    runScript(script, errors, [&](const QString &command) {
+        const QString piece = command.mid(frame.indexOf(u'~'), command.size() - frame.size() + 1);
+        if (command == QString(frame).replace(u'~', piece))
+            sent.append(piece);
+    });
+    return errors == u"kept"_s ? sent.join(u'~') : errors;
+}
+
+SystemTime systemTimeOf(const QString &text)
+{
+    const QTime time = QTime::fromString(text, Qt::ISODateWithMs);
+    SystemTime result;
+    result.hour = static_cast<qint16>(time.hour());
+    result.minute = static_cast<qint16>(time.minute());
+    result.second = static_cast<qint16>(time.second());
+    result.millisecond = static_cast<qint16>(time.msec());
+    return result;
+}
+
+QString elapsed(const QString &startAndEnd)
+{
+    return elapsedText(elapsedSeconds(systemTimeOf(startAndEnd.section(u' ', 0, 0)),
+                                      systemTimeOf(startAndEnd.section(u' ', 1, 1))));
+}
+
+} // namespace
 
 class tst_Scripts : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void blocks();
-    void scripts_data();
-    void scripts();
+    void texts_data();
+    void texts() { compareTextRow(); }
     void failuresAreCollected();
     void largeScript();
-    void elapsed_data();
-    void elapsed();
-    void elapsedOverflows();
 };
 
-void tst_Scripts::blocks()
+void tst_Scripts::texts_data()
 {
-    QCOMPARE(dmlBlock(u" insert into t\r\nvalues ('a''b'); -- c\n"_s),
-             u"begin \r\n execute immediate ' insert into t\nvalues (''a''''b''); -- c\n'; end;"_s);
-    QCOMPARE(scriptBlock(u"\r\nupdate t\rset c = ''"_s),
-             u"Begin \r\nexecute immediate ('\nupdate t\rset c = ''''');\r\nend;"_s);
-}
-
-void tst_Scripts::scripts_data()
-{
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QStringList>("pieces");
-    const auto row = [](const char *name, const QString &script, const QStringList &pieces) {
-        QTest::newRow(name) << script << pieces;
-    };
-    row("empty", QString(), {});
-    row("blank", u"   "_s, {});
-    row("without an end", u"drop table x"_s, {});
-    row("text behind the last end", u"drop table x; create table x (a number)"_s,
-        {u"drop table x"_s});
-    row("two statements", u"a;\r\nb;\r\n"_s, {u"a"_s, u"\r\nb"_s});
-    row("end in a literal", u"insert into t values ('a;b');"_s,
-        {u"insert into t values ('a"_s, u"b')"_s});
-    row("end in a comment", u"-- only a comment;"_s, {});
-    row("comment in front", u"-- c\r\nb;"_s, {u"-- c\r\nb"_s});
-    row("nothing in the pieces", u"; ;\r\n;\n -- x\n;;"_s, {});
-    row("a tab is a statement", u"\t;"_s, {u"\t"_s});
-    row("block comments are statements", u"/* c */;"_s, {u"/* c */"_s});
-}
-
-void tst_Scripts::scripts()
-{
-    QFETCH(QString, script);
-    QFETCH(QStringList, pieces);
-    QStringList expected;
-    for (const QString &piece : pieces)
-        expected.append(scriptBlock(piece));
-    QStringList sent;
-    QString errors = u"kept"_s;
-    runScript(script, errors, [&](const QString &command) { sent.append(command); });
-    QCOMPARE(sent, expected);
-    QCOMPARE(errors, u"kept"_s);
+    addTextColumns();
+    addTextRows(
+        "block", dmlBlock,
+        u" insert into t\r\nvalues ('a''b'); -- c\n→"
+        "begin \r\n execute immediate ' insert into t\nvalues (''a''''b''); -- c\n'; end;"_s);
+    addTextRows("block of a script", scriptBlock,
+                u"\r\nupdate t\rset c = ''→"
+                "Begin \r\nexecute immediate ('\nupdate t\rset c = ''''');\r\nend;"_s);
+    addTextRows("script", sentPieces,
+                // Without an end, or with nothing before it.
+                u"|   |drop table x|-- only a comment;→|; ;\r\n;\n -- x\n;;→|"
+                "drop table x; create table x (a number)→drop table x|a;\r\nb;\r\n→a~\nb|"
+                // Literals hold no end back, and comments are not statements, blocks of them are.
+                "insert into t values ('a;b');→insert into t values (''a~b'')|-- c\r\nb;→-- c\nb|"
+                "\t;→\t|/* c */;→/* c */"_s);
+    addTextRows("elapsed", elapsed,
+                u"12:00:00 12:00:00→0 msec|12:00:00 12:00:00.250→250 msec|"
+                "11:59:59.900 12:00:00.300→400 msec|12:00:00 12:00:00.999→999 msec|"
+                "12:00:00 12:00:01→1 sec|12:00:00 12:00:01.500→1.5 sec|"
+                "12:00:00 21:05:59.007→32759.007 sec|23:59:59.900 00:00:00.100→-86399800 msec|"
+                "00:00:00 09:06:07.999→32767.999 sec|00:00:00 10:00:00→error 6"_s);
 }
 
 void tst_Scripts::failuresAreCollected()
@@ -91,51 +103,6 @@ void tst_Scripts::largeScript()
     characters = 0;
     runScript(u"x'\r\n"_s.repeated(2'000'000) + u';', errors, count);
     QCOMPARE(characters, frame + 4 * 2'000'000);
-}
-
-void tst_Scripts::elapsed_data()
-{
-    QTest::addColumn<QTime>("start");
-    QTest::addColumn<QTime>("end");
-    QTest::addColumn<QString>("text");
-    const auto row = [](const char *name, QTime start, QTime end, const QString &text) {
-        QTest::newRow(name) << start << end << text;
-    };
-    const QTime noon(12, 0);
-    row("nothing", noon, noon, u"0 msec"_s);
-    row("milliseconds", noon, QTime(12, 0, 0, 250), u"250 msec"_s);
-    row("across a second", QTime(11, 59, 59, 900), QTime(12, 0, 0, 300), u"400 msec"_s);
-    row("just below a second", noon, QTime(12, 0, 0, 999), u"999 msec"_s);
-    row("one second", noon, QTime(12, 0, 1), u"1 sec"_s);
-    row("seconds", noon, QTime(12, 0, 1, 500), u"1.5 sec"_s);
-    row("hours", noon, QTime(21, 5, 59, 7), u"32759.007 sec"_s);
-    row("across midnight", QTime(23, 59, 59, 900), QTime(0, 0, 0, 100), u"-86399800 msec"_s);
-}
-
-static SystemTime systemTimeOf(QTime time)
-{
-    SystemTime result;
-    result.hour = static_cast<qint16>(time.hour());
-    result.minute = static_cast<qint16>(time.minute());
-    result.second = static_cast<qint16>(time.second());
-    result.millisecond = static_cast<qint16>(time.msec());
-    return result;
-}
-
-void tst_Scripts::elapsed()
-{
-    QFETCH(QTime, start);
-    QFETCH(QTime, end);
-    QTEST(elapsedText(elapsedSeconds(systemTimeOf(start), systemTimeOf(end))), "text");
-}
-
-void tst_Scripts::elapsedOverflows()
-{
-    const auto run = [](QTime end) {
-        return raisedError([=] { elapsedSeconds(systemTimeOf(QTime(0, 0)), systemTimeOf(end)); });
-    };
-    QCOMPARE(run(QTime(9, 6, 7, 999)), 0);
-    QCOMPARE(run(QTime(10, 0)), ErrorNumber::Overflow);
 }
 
 QTEST_GUILESS_MAIN(tst_Scripts)

@@ -1,8 +1,13 @@
+#include "sqltext/explainStatements.h"
+#include "sqltext/selectionEdits.h"
 #include "sqltext/sqlFilters.h"
+#include "support/DataRows.h"
 #include "support/LiteralCommentFilter.h"
+#include "support/textRows.h"
 
 #include <QRandomGenerator>
-#include <QTest>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,8 +32,18 @@ QString randomText(QRandomGenerator &random, int length)
     return text;
 }
 
+/// What becomes of each of a million such lines. A search that starts over for every comment would
+/// take hours on them.
+QString strippedLine(const QString &line)
+{
+    constexpr qsizetype lines = 1'000'000;
+    const QString result = stripComments(line.repeated(lines));
+    return result.size() % lines == 0 ? result.last(result.size() / lines) : u"uneven"_s;
+}
+
 } // namespace
 
+/// Texts made of statements: for the server, and for the editor's selection.
 class tst_SqlFilters : public QObject
 {
     Q_OBJECT
@@ -36,25 +51,15 @@ class tst_SqlFilters : public QObject
 private slots:
     void comments_data();
     void comments();
-    void commentsOfRandomTexts_data();
     void commentsOfRandomTexts();
-    void commentsInLargeTexts_data();
-    void commentsInLargeTexts();
-    void dmlStatements_data();
-    void dmlStatements();
-    void quotes();
-    void lineFeeds();
-    void words_data();
-    void words();
+    void texts_data();
+    void texts() { compareTextRow(); }
+    void statementIdFitsThePlanTable();
 };
 
 void tst_SqlFilters::comments_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("stripped");
-    const auto row = [](const char *name, const QString &text, const QString &stripped) {
-        QTest::newRow(name) << text << stripped;
-    };
+    const DataRows<QString, QString> row("text", "stripped");
     row("empty", u""_s, u""_s);
     row("no comment", u"select 'a' /* b */\r\nfrom dual"_s, u"select 'a' /* b */\r\nfrom dual"_s);
     row("to the end of the text", u"select 1 from dual -- note"_s, u"select 1 from dual "_s);
@@ -86,122 +91,54 @@ void tst_SqlFilters::comments()
     QTEST(LiteralCommentFilter(text).filtered(), "stripped");
 }
 
-void tst_SqlFilters::commentsOfRandomTexts_data()
-{
-    QTest::addColumn<int>("texts");
-    QTest::addColumn<int>("longest");
-    QTest::newRow("short") << 300'000 << 24;
-    QTest::newRow("longer") << 5'000 << 300;
-    QTest::newRow("long") << 40 << 5'000;
-}
-
 void tst_SqlFilters::commentsOfRandomTexts()
 {
-    QFETCH(int, texts);
-    QFETCH(int, longest);
     QRandomGenerator random(20240305);
-    for (int i = 0; i < texts; ++i) {
-        const QString text = randomText(random, random.bounded(longest + 1));
-        if (stripComments(text) != LiteralCommentFilter(text).filtered())
-            QCOMPARE(stripComments(text), LiteralCommentFilter(text).filtered());
+    for (const auto &[texts, longest] : {std::pair{300'000, 24}, {5'000, 300}, {40, 5'000}}) {
+        for (int i = 0; i < texts; ++i) {
+            const QString text = randomText(random, random.bounded(longest + 1));
+            if (stripComments(text) != LiteralCommentFilter(text).filtered())
+                QCOMPARE(stripComments(text), LiteralCommentFilter(text).filtered());
+        }
     }
 }
 
-// A search that starts over for every comment would take hours on these.
-void tst_SqlFilters::commentsInLargeTexts_data()
+void tst_SqlFilters::texts_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("stripped");
-    QTest::newRow("pairs") << u"a --b\r\n"_s << u"a \n"_s;
-    QTest::newRow("line feeds alone") << u"a --b\n"_s << u"a "_s;
-    QTest::newRow("open blocks") << u"/* --b\n"_s << u"/* "_s;
-    QTest::newRow("closed blocks") << u"/*--*/"_s << u"/*--*/"_s;
-    QTest::newRow("literals") << u"\n'--'"_s << u"\n'--'"_s;
-    QTest::newRow("quotes on two lines") << u"'--\r\n"_s << u"'\n"_s;
+    addTextColumns();
+    addTextRows("a million lines", strippedLine,
+                u"a --b\r\n→a \n|a --b\n→a |/* --b\n→/* |/*--*/→/*--*/|\n'--'→\n'--'|"
+                "'--\r\n→'\n"_s);
+    addTextRows(
+        "DML", [](const QString &text) { return isDmlStatement(text) ? u"yes"_s : u"no"_s; },
+        u"INSERT| \r\n insert into t values (1)|i n s\re\nr\r\nt|DELETE FROM t|"
+        "create table t (a number)|UPDATED_ROWS|Update t set a = 1→yes|"
+        "|updat|\tINSERT into t|select 1 from dual|merge into t|alter table t|"
+        "begin insert into t values (1); end;|/* c */ insert→no"_s);
+    addTextRows("doubled quotes", doubleQuotes, u"→|it's→it''s|''→''''|'a' \"b\"→''a'' \"b\""_s);
+    addTextRows("line feeds", lineFeedsOnly, u"→|\r\na\r\r\nb\rc\nd\r\n→\na\r\nb\rc\nd\n"_s);
+    addTextRows(
+        "word after FROM", [](const QString &text) { return wordAfter(text, u"FROM"_s); },
+        u"select * from emp\n→emp|select * From \t\r\n--/*( scott.emp), x→scott.emp),|"
+        "a from from b →from|from/b*→b|select * from emp|a from, b |x y |→"_s);
+    addTextRows(
+        "word after a keyword in lower case",
+        [](const QString &text) { return wordAfter(text, u"from"_s); }, u"from a →"_s);
+    addTextRows(
+        "first word", [](const QString &text) { return wordAfter(text, {}); }, u" a →a"_s);
+    addTextRows("commented lines", commentLines,
+                u"a\r\nb→--a\r\n--b|a\r\n→--a\r\n--|--a→----a|a\nb→--a\nb"_s);
+    addTextRows("uncommented", uncommentText, u"x -- y→x  y|----a\r\n--b - c---d→a\r\nb - c-d"_s);
 }
 
-void tst_SqlFilters::commentsInLargeTexts()
+void tst_SqlFilters::statementIdFitsThePlanTable()
 {
-    QFETCH(QString, line);
-    QFETCH(QString, stripped);
-    constexpr int lines = 1'000'000;
-    const QString result = stripComments(line.repeated(lines));
-    QCOMPARE(result.size(), stripped.size() * lines);
-    QCOMPARE(result.last(stripped.size()), stripped);
-}
-
-void tst_SqlFilters::dmlStatements_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("dml");
-    const auto row = [](const char *text, bool dml) {
-        QTest::newRow(text) << QString::fromUtf8(text) << dml;
-    };
-    row("", false);
-    row("INSERT", true);
-    row("insert into t values (1)", true);
-    row(" \r\n insert into t values (1)", true);
-    row("i n s\re\nr\r\nt", true);
-    row("DELETE FROM t", true);
-    row("create table t (a number)", true);
-    row("UPDATED_ROWS", true);
-    row("Update t set a = 1", true);
-    row("updat", false);
-    row("\tINSERT into t", false);
-    row("select 1 from dual", false);
-    row("merge into t", false);
-    row("alter table t", false);
-    row("begin insert into t values (1); end;", false);
-    row("/* c */ insert", false);
-}
-
-void tst_SqlFilters::dmlStatements()
-{
-    QFETCH(QString, text);
-    QTEST(isDmlStatement(text), "dml");
-}
-
-void tst_SqlFilters::quotes()
-{
-    QCOMPARE(doubleQuotes(u""_s), u""_s);
-    QCOMPARE(doubleQuotes(u"it's"_s), u"it''s"_s);
-    QCOMPARE(doubleQuotes(u"''"_s), u"''''"_s);
-    QCOMPARE(doubleQuotes(u"'a' \"b\""_s), u"''a'' \"b\""_s);
-}
-
-void tst_SqlFilters::lineFeeds()
-{
-    QCOMPARE(lineFeedsOnly(u""_s), u""_s);
-    QCOMPARE(lineFeedsOnly(u"\r\na\r\r\nb\rc\nd\r\n"_s), u"\na\r\nb\rc\nd\n"_s);
-}
-
-void tst_SqlFilters::words_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("keyword");
-    QTest::addColumn<QString>("word");
-    const auto row = [](const char *text, const char *keyword, const char *word) {
-        QTest::newRow(text) << QString::fromUtf8(text) << QString::fromUtf8(keyword)
-                            << QString::fromUtf8(word);
-    };
-    row("insert into emp(a) values (1)", "INTO", "emp");
-    row("select * from emp", "FROM", "");
-    row("select * from emp\n", "FROM", "emp");
-    row("select * From \t\r\n--/*( scott.emp), x", "FROM", "scott.emp),");
-    row("a from from b ", "FROM", "from");
-    row("a from, b ", "FROM", "");
-    row("from/b*", "FROM", "b");
-    row("x y ", "FROM", "");
-    row("", "FROM", "");
-    row("from a ", "from", "");
-    row(" a ", "", "a");
-}
-
-void tst_SqlFilters::words()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, keyword);
-    QTEST(wordAfter(text, keyword), "word");
+    const QDateTime time(QDate(2026, 12, 31), QTime(23, 59, 58));
+    const QString id = explainStatementId(u"averylongusername"_s, time);
+    QCOMPARE(id, u"averylong12/31/2026 23:59:58"_s);
+    QVERIFY(id.size() <= 30);
+    QCOMPARE(explainStatementId(u"scott"_s, QDateTime(QDate(2026, 1, 2), QTime(0, 0))),
+             u"scott1/2/2026"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_SqlFilters)

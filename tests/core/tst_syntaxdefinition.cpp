@@ -4,6 +4,7 @@
 
 #include "platform/RuntimeError.h"
 #include "support/raisedError.h"
+#include "support/textRows.h"
 
 #include <QTest>
 
@@ -40,6 +41,23 @@ QString kinds(const SqlTokenizer &tokenizer, const QByteArray &text)
     return result;
 }
 
+QString kindsInShippedDefinition(const QString &text)
+{
+    SqlTokenizer tokenizer;
+    tokenizer.setDefinition(shippedDefinition());
+    tokenizer.setWordClasses(sqlWordClasses().keywordTable);
+    return kinds(tokenizer, text.toUtf8());
+}
+
+/// The line that a definition is refused for.
+QString refusedLine(const QString &definition)
+{
+    const RuntimeError error = raised([&] { parseSyntaxDefinition(definition); });
+    return error.number == ErrorNumber::TypeMismatch
+               ? error.description.section(u"line "_s, 1).section(u':', 0, 0)
+               : error.description;
+}
+
 } // namespace
 
 /// The syntax definition's reader, and the cutting of text by what it says.
@@ -48,10 +66,8 @@ class tst_SyntaxDefinition : public QObject
     Q_OBJECT
 private slots:
     void shippedFileIsOne();
-    void refused_data();
-    void refused();
-    void cutsText_data();
-    void cutsText();
+    void texts_data();
+    void texts() { compareTextRow(); }
     void anythingIsCutToItsEnd();
 };
 
@@ -62,93 +78,37 @@ void tst_SyntaxDefinition::shippedFileIsOne()
     for (const TextKind kind : {TextKind::Comment, TextKind::Literal, TextKind::Number,
                                 TextKind::Operator, TextKind::QuotedName})
         QVERIFY(definition.looks[static_cast<std::size_t>(kind)].has_value());
+    QCOMPARE(kindsInShippedDefinition(u"a<=b||c"_s), u"n++n++n"_s);
 }
 
-void tst_SyntaxDefinition::refused_data()
+void tst_SyntaxDefinition::texts_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("line");
-
-    QTest::newRow("empty") << u""_s << 1;
-    QTest::newRow("notes only") << u"# a\n\n# b"_s << 3;
-    QTest::newRow("no name first") << u"# a\nline-comment --"_s << 2;
-    QTest::newRow("two names") << u"syntax a b"_s << 1;
-    QTest::newRow("unknown keyword") << u"syntax a\n\ncolor x"_s << 3;
-    QTest::newRow("missing end") << u"syntax a\nliteral '"_s << 2;
-    QTest::newRow("no value") << u"syntax a\nline-comment"_s << 2;
-    QTest::newRow("unknown kind") << u"syntax a\nlook keyword 0000FF"_s << 2;
-    QTest::newRow("short colour") << u"syntax a\nlook comment 00FF"_s << 2;
-    QTest::newRow("signed colour") << u"syntax a\nlook comment -00FF0"_s << 2;
-    QTest::newRow("prefixed colour") << u"syntax a\nlook comment 0x00FF"_s << 2;
-    QTest::newRow("no colour") << u"syntax a\nlook comment green1"_s << 2;
-    QTest::newRow("unknown style") << u"syntax a\nlook comment 00FF00 huge"_s << 2;
-    QTest::newRow("long mark") << u"syntax a\nline-comment "_s + QString(17, u'-') << 2;
-    QTest::newRow("too many delimiters")
-        << u"syntax a\n"_s + u"line-comment --\n"_s.repeated(65) << 66;
-    QTest::newRow("binary") << QString::fromLatin1("\x7F"
-                                                   "ELF\0\1\2\n\0\xFF",
-                                                   10)
-                            << 1;
+    addTextColumns();
+    addTextRows("refused", refusedLine,
+                u"|syntax a b→1|# a\nline-comment --→2|# a\n\n# b|syntax a\n\ncolor x→3|"
+                "syntax a\nliteral '|syntax a\nline-comment|syntax a\nlook keyword 0000FF|"
+                "syntax a\nlook comment 00FF|syntax a\nlook comment -00FF0|"
+                "syntax a\nlook comment 0x00FF|syntax a\nlook comment green1|"
+                "syntax a\nlook comment 00FF00 huge|"
+                "syntax a\nline-comment 12345678901234567→2|\u007FELF\0\1\2\n\0\u00FF→1"_s);
+    // One delimiter too many.
+    addTextRows("refused", refusedLine,
+                u"syntax a\n"_s + u"line-comment --\n"_s.repeated(65) + u"→66"_s);
+    addTextRows(
+        "words", kindsInShippedDefinition,
+        u"select x from t;→kkkkkk_n_kkkk_nk|SeLeCt Date→kkkkkk_tttt|"
+        "selects date_x char2→nnnnnnn_nnnnnn_nnnnn|f(1.5e-3)→nk######k|a-b→n+n|"
+        "java class→kkkkkkkkkk|java  class→kkkk__nnnnn|java classes→kkkk_nnnnnnn|é in→nn_kk"_s);
+    addTextRows("comments and literals", kindsInShippedDefinition,
+                u"-- a 'b\nend→cccccccckkk|/* a\nif */if→cccccccccckk|a /* '→n_cccc|"
+                "'it''s'x→llllllln|'a\n-- b'in→llllllllkk|--'\nx→ccccn|'/*'in→llllkk|"
+                "q'[it's]'in→lllllllllkk|Q'{'}'in→llllllkk|xq'a'→nnlll|"
+                "\"a b\"in→qqqqqkk|\"a\nin→qqqkk"_s);
 }
 
-void tst_SyntaxDefinition::refused()
-{
-    QFETCH(QString, text);
-    QFETCH(int, line);
-    try {
-        parseSyntaxDefinition(text);
-    } catch (const RuntimeError &error) {
-        QCOMPARE(error.number, ErrorNumber::TypeMismatch);
-        QVERIFY2(error.description.contains(u"line %1:"_s.arg(line)), error.what());
-        return;
-    }
-    QFAIL("taken for a definition");
-}
-
-void tst_SyntaxDefinition::cutsText_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-
-    const auto row = [](const char *name, const QString &text, const QString &expected) {
-        QTest::newRow(name) << text << expected;
-    };
-    row("query", u"select x from t;"_s, u"kkkkkk_n_kkkk_nk"_s);
-    row("letter case", u"SeLeCt Date"_s, u"kkkkkk_tttt"_s);
-    row("part of a word", u"selects date_x char2"_s, u"nnnnnnn_nnnnnn_nnnnn"_s);
-    row("parentheses", u"f(1.5e-3)"_s, u"nk######k"_s);
-    row("operators", u"a<=b||c"_s, u"n++n++n"_s);
-    row("listed with a blank", u"java class"_s, u"kkkkkkkkkk"_s);
-    row("the same with two", u"java  class"_s, u"kkkk__nnnnn"_s);
-    row("the same in a longer word", u"java classes"_s, u"kkkk_nnnnnnn"_s);
-    row("line comment", u"-- a 'b\nend"_s, u"cccccccckkk"_s);
-    row("block comment", u"/* a\nif */if"_s, u"cccccccccckk"_s);
-    row("open comment", u"a /* '"_s, u"n_cccc"_s);
-    row("literal", u"'it''s'x"_s, u"llllllln"_s);
-    row("literal over lines", u"'a\n-- b'in"_s, u"llllllllkk"_s);
-    row("literal in a comment", u"--'\nx"_s, u"ccccn"_s);
-    row("comment in a literal", u"'/*'in"_s, u"llllkk"_s);
-    row("alternative literal", u"q'[it's]'in"_s, u"lllllllllkk"_s);
-    row("the same in capitals", u"Q'{'}'in"_s, u"llllllkk"_s);
-    row("a name that ends in q", u"xq'a'"_s, u"nnlll"_s);
-    row("quoted name", u"\"a b\"in"_s, u"qqqqqkk"_s);
-    row("quoted name ends with its line", u"\"a\nin"_s, u"qqqkk"_s);
-    row("minus is no comment", u"a-b"_s, u"n+n"_s);
-    row("letters beyond ASCII", u"é in"_s, u"nn_kk"_s);
-}
-
-void tst_SyntaxDefinition::cutsText()
-{
-    QFETCH(QString, text);
-    SqlTokenizer tokenizer;
-    tokenizer.setDefinition(shippedDefinition());
-    tokenizer.setWordClasses(sqlWordClasses().keywordTable);
-    QTEST(kinds(tokenizer, text.toUtf8()), "expected");
-}
-
+// Whatever the bytes and the definition: every stretch takes something and none too much.
 void tst_SyntaxDefinition::anythingIsCutToItsEnd()
 {
-    // Whatever the bytes and the definition: every stretch takes something and none too much.
     const auto definition = parseSyntaxDefinition(
         u"syntax x\nliteral a ba\nblock-comment aa ab\nline-comment b\nquoted-name é é"_s);
     SqlTokenizer tokenizer;
