@@ -1,11 +1,11 @@
-#include "dataaccess/Recordset.h"
 #include "export/exportFormats.h"
+#include "support/DataRows.h"
 #include "support/raisedError.h"
+#include "support/tables.h"
 #include "support/testFiles.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <functional>
 #include <memory>
@@ -14,36 +14,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Column
-{
-    QString name;
-    DataTypeEnum type = adVariant;
-};
-
-/// An open table of @p columns with @p rows.
-std::shared_ptr<Recordset> makeTable(const QList<Column> &columns, const QList<QList<Value>> &rows)
-{
-    auto table = std::make_shared<Recordset>();
-    for (const Column &column : columns)
-        table->appendField(column.name, column.type);
-    table->Open();
-    for (const QList<Value> &row : rows) {
-        table->AddNew();
-        for (int field = 0; field < row.size(); ++field)
-            table->setValue(field, row[field]);
-    }
-    return table;
-}
-
 using Writer = std::function<void(Recordset &, const QString &path)>;
 
 const Writer comma = writeCommaDelimited;
-const Writer tab = [](Recordset &rs, const QString &path) { writeDelimited(rs, path, u"\t"_s); };
 
-Writer other(const QString &separator)
+Writer separated(const QString &separator)
 {
     return [separator](Recordset &rs, const QString &path) { writeDelimited(rs, path, separator); };
 }
+
+const Writer tab = separated(u"\t"_s);
 
 Writer insert(const QString &table)
 {
@@ -59,7 +39,6 @@ class tst_Export : public QObject
 private slots:
     void lines_data();
     void lines();
-    void textFormsAreThoseOfValues();
     void startsFromTheFirstRecordAgain();
     void countsInSixteenBits();
     void failures();
@@ -73,21 +52,15 @@ private:
 
 void tst_Export::lines_data()
 {
-    QTest::addColumn<Writer>("write");
-    QTest::addColumn<std::shared_ptr<Recordset>>("table");
-    QTest::addColumn<QByteArray>("content");
-    const auto row = [](const char *name, const Writer &write,
-                        const std::shared_ptr<Recordset> &table, const QByteArray &content) {
-        QTest::newRow(name) << write << table << content;
-    };
-    const QList<Column> two = {{u"A"_s}, {u"B"_s}};
+    const DataRows<Writer, std::shared_ptr<Recordset>, QByteArray> row("write", "table", "content");
+    const QList<TableColumn> two = {{u"A"_s}, {u"B"_s}};
     const Timestamp hired{2024, 3, 5, 17, 8, 9, 0};
 
     const auto trimmed = makeTable(two, {{u"  a b "_s, 1}, {u" \tx\t "_s, u"   "_s}});
     row("comma, trimmed", comma, trimmed, "a b,1\r\n\tx\t,\r\n");
     row("tab, trimmed", tab, trimmed, "a b\t1\r\n\tx\t\t\r\n");
-    row("other, trimmed", other(u" || "_s), trimmed, "a b || 1\r\n\tx\t || \r\n");
-    row("other, no separator", other(QString()), trimmed, "a b1\r\n\tx\t\r\n");
+    row("other, trimmed", separated(u" || "_s), trimmed, "a b || 1\r\n\tx\t || \r\n");
+    row("other, no separator", separated(QString()), trimmed, "a b1\r\n\tx\t\r\n");
     row("insert, as it stands", insert(u"t"_s), trimmed,
         "Insert into t (A,B) VALUES ('  a b ' ,'1' );\r\n"
         "Insert into t (A,B) VALUES (' \tx\t ' ,'   ' );\r\n");
@@ -96,8 +69,8 @@ void tst_Export::lines_data()
         makeTable(two, {{NullValue{}, 1}, {1, NullValue{}}, {NullValue{}, NullValue{}}});
     row("comma, nulls", comma, nulls, ",1\r\n1,,\r\n,,\r\n");
     row("tab, nulls", tab, nulls, "\t1\r\n1\t\t\r\n\t\t\r\n");
-    row("other, nulls are tabs", other(u";"_s), nulls, "\t1\r\n1;\t\r\n\t\t\r\n");
-    row("other, nulls without a separator", other(QString()), nulls, "\t1\r\n1\t\r\n\t\t\r\n");
+    row("other, nulls are tabs", separated(u";"_s), nulls, "\t1\r\n1;\t\r\n\t\t\r\n");
+    row("other, nulls without a separator", separated(QString()), nulls, "\t1\r\n1\t\r\n\t\t\r\n");
     row("insert, nulls", insert(u"t"_s), makeTable(two, {{NullValue{}, 1}}),
         "Insert into t (A,B) VALUES ('' ,'1' );\r\n");
 
@@ -125,40 +98,6 @@ void tst_Export::lines()
     QFETCH(std::shared_ptr<Recordset>, table);
     write(*table, m_path);
     QTEST(content(), "content");
-}
-
-// The export writes packed cells, without making values of them.
-void tst_Export::textFormsAreThoseOfValues()
-{
-    QList<QList<Value>> rows;
-    QByteArray expected;
-    for (const Value &value :
-         {Value(u"äöü ß \u00ff"_s),
-          Value(u"\u4e2d\U0001F600"_s),
-          Value(QString(300, u'x')),
-          Value(QString(u"\0z"_s)),
-          Value(true),
-          Value(false),
-          Value(0),
-          Value(-1),
-          Value(std::int64_t{-9'000'000'000}),
-          Value(1.0 / 3),
-          Value(-2.5e-20),
-          Value(0.0),
-          Value(ExactNumber{u".50"_s}),
-          Value(ExactNumber{u"-12.3400"_s}),
-          Value(ExactNumber{u"123456789012345678901234567890123456789012345678901234567890.10"_s}),
-          Value(ExactNumber{u"1E+40"_s}),
-          Value(ExactNumber{u"odd"_s}),
-          Value(Timestamp{2024, 12, 31, 0, 0, 0, 5}),
-          Value(Timestamp{2024, 1, 2, 3, 4, 5, 6}),
-          Value(Timestamp{0, 0, 0, 7, 8, 9, 0}),
-          Value(QByteArray("\x00\xab", 2))}) {
-        rows.append({value});
-        expected += value.toText().toUtf8() + "\r\n";
-    }
-    writeCommaDelimited(*makeTable({{u"A"_s}}, rows), m_path);
-    QCOMPARE(content(), expected);
 }
 
 void tst_Export::startsFromTheFirstRecordAgain()

@@ -1,11 +1,12 @@
 // Recordsets in memory: fabricated tables, their cells, their order and their packing.
 
-#include "dataaccess/Recordset.h"
+#include "dataaccess/RowCells.h"
+#include "support/DataRows.h"
 #include "support/raisedError.h"
-
-#include <QTest>
+#include "support/tables.h"
 
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -31,10 +32,12 @@ private slots:
 namespace {
 
 /// A table with one field that takes anything.
-void openSingle(Recordset &table)
+std::shared_ptr<Recordset> makeSingle(const QList<Value> &values = {})
 {
-    table.appendField(u"V"_s, adVariant);
-    table.Open();
+    QList<QList<Value>> rows;
+    for (const Value &value : values)
+        rows.append({value});
+    return makeTable({{u"V"_s}}, rows);
 }
 
 void add(Recordset &table, const Value &value)
@@ -43,12 +46,10 @@ void add(Recordset &table, const Value &value)
     table.setValue(0, value);
 }
 
-QStringList texts(Recordset &table)
+QString texts(Recordset &table)
 {
-    QStringList all;
-    for (table.MoveFirst(); !table.Eof(); table.MoveNext())
-        all.append(table.value(0).toText());
-    return all;
+    table.MoveFirst();
+    return remainingRows(table).join(u' ');
 }
 
 } // namespace
@@ -97,51 +98,52 @@ void tst_recordset::fieldsAreAppendedWhileClosed()
 
 void tst_recordset::movesThroughRows()
 {
-    Recordset table;
-    openSingle(table);
-    QVERIFY(table.Bof() && table.Eof());
-    QCOMPARE(raisedError([&] { table.MoveNext(); }), 3021);
-    QCOMPARE(raisedError([&] { table.MoveFirst(); }), 3021);
-    QCOMPARE(raisedError([&] { table.value(0); }), 3021);
+    const auto table = makeSingle();
+    QVERIFY(table->Bof() && table->Eof());
+    QCOMPARE(raisedError([&] { table->MoveNext(); }), 3021);
+    QCOMPARE(raisedError([&] { table->MoveFirst(); }), 3021);
+    QCOMPARE(raisedError([&] { table->value(0); }), 3021);
 
-    table.AddNew();
-    QVERIFY(!table.Eof());
-    QVERIFY(table.value(0).isEmpty());
-    table.setValue(u"v"_s, 1);
-    QCOMPARE(table.RecordCount(), 1);
-    add(table, 2);
-    QCOMPARE(table.value(0), Value(2));
-    table.MoveNext();
-    QVERIFY(table.Eof());
-    QVERIFY(!table.Bof());
-    QCOMPARE(raisedError([&] { table.MoveNext(); }), 3021);
-    table.MoveFirst();
-    QCOMPARE(raisedError([&] { table.setValue(0, 3); }), 3251); // it was left
-    QCOMPARE(texts(table), QStringList({u"1"_s, u"2"_s}));
-    QCOMPARE(raisedError([&] { table.textAt(2, 0); }), 3021);
-    QCOMPARE(raisedError([&] { table.textAt(0, 1); }), 3265);
+    table->AddNew();
+    QVERIFY(!table->Eof());
+    QVERIFY(table->value(0).isEmpty());
+    table->setValue(u"v"_s, 1);
+    QCOMPARE(table->RecordCount(), 1);
+    add(*table, 2);
+    QCOMPARE(table->value(0), Value(2));
+    table->MoveNext();
+    QVERIFY(table->Eof());
+    QVERIFY(!table->Bof());
+    QCOMPARE(raisedError([&] { table->MoveNext(); }), 3021);
+    table->MoveFirst();
+    QCOMPARE(raisedError([&] { table->setValue(0, 3); }), 3251); // it was left
+    QCOMPARE(texts(*table), u"1 2"_s);
+    QCOMPARE(raisedError([&] { table->textAt(2, 0); }), 3021);
+    QCOMPARE(raisedError([&] { table->textAt(0, 1); }), 3265);
 }
 
 void tst_recordset::keepsEveryValue_data()
 {
-    QTest::addColumn<Value>("value");
-    const auto row = [](const char *name, const Value &value) { QTest::newRow(name) << value; };
+    const DataRows<Value> row("value");
     const auto units = [](std::u16string_view text) {
         return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
     };
     row("empty", EmptyValue{});
     row("null", NullValue{});
     row("true", true);
+    row("false", false);
     for (const std::int64_t number :
          {std::int64_t{0}, std::int64_t{1}, std::int64_t{-1}, std::int64_t{127}, std::int64_t{128},
           std::int64_t{-128}, std::int64_t{-129}, std::int64_t{0x7FFFFF}, std::int64_t{0x800000},
           std::numeric_limits<std::int64_t>::max(), std::numeric_limits<std::int64_t>::min()})
         row(qPrintable(u"integer %1"_s.arg(number)), number);
-    row("double", 0.1);
+    row("double", 1.0 / 3);
+    row("small double", -2.5e-20);
     row("smallest double", std::numeric_limits<double>::denorm_min());
     row("38 digits", ExactNumber{u"-12345678901234567890123456789012345.678"_s});
     row("no digits", ExactNumber{QString()});
     row("odd number of digits", ExactNumber{u"125"_s});
+    row("zeros to drop and to add", ExactNumber{u"-.1400"_s});
     row("exponent", ExactNumber{u"1.5E+125"_s});
     row("200 digits", ExactNumber{QString(200, u'7')});
     row("not a number", ExactNumber{u"Infinity"_s});
@@ -167,124 +169,96 @@ void tst_recordset::keepsEveryValue_data()
 void tst_recordset::keepsEveryValue()
 {
     QFETCH(Value, value);
-    Recordset table;
-    table.appendField(u"A"_s, adVariant);
-    table.appendField(u"V"_s, adVariant);
-    table.appendField(u"Z"_s, adVariant);
-    table.Open();
+    const auto table = makeTable({{u"A"_s}, {u"V"_s}, {u"Z"_s}}, {});
     for (int i = 0; i < 3; ++i) {
-        table.AddNew();
-        table.setValue(0, i);
-        table.setValue(1, value);
-        table.setValue(2, u"end"_s);
-        QCOMPARE(table.value(1), value); // while it is being edited
+        table->AddNew();
+        table->setValue(0, i);
+        table->setValue(1, value);
+        table->setValue(2, u"end"_s);
+        QCOMPARE(table->value(1), value); // while it is being edited
     }
     const QString text = value.toText();
-    table.MoveFirst();
-    for (int row = 0; row < 3; ++row, table.MoveNext()) {
-        QCOMPARE(table.value(2), Value(u"end"_s));
-        QCOMPARE(table.value(1), value);
-        QCOMPARE(table.textAt(row, 1), text);
-        QCOMPARE(table.textStartAt(row, 1, 3), text.left(3));
-        QCOMPARE(table.isNumberAt(row, 1), value.isNumber());
+    table->MoveFirst();
+    for (int row = 0; row < 3; ++row, table->MoveNext()) {
+        QCOMPARE(table->value(2), Value(u"end"_s));
+        QCOMPARE(table->value(1), value);
+        QCOMPARE(table->textAt(row, 1), text);
+        QCOMPARE(table->textStartAt(row, 1, 3), text.left(3));
+        QCOMPARE(table->isNumberAt(row, 1), value.isNumber());
+        RowCells cells; // what the export writes
+        ByteBuffer utf8;
+        cells.takeRow(*table);
+        cells.skip();
+        cells.takeText(utf8);
+        QCOMPARE(utf8.view().toByteArray(), text.toUtf8());
     }
 }
 
 void tst_recordset::copiesRowsWithNullsAsEmptyTexts()
 {
-    Recordset source;
-    source.appendField(u"A"_s, adVariant);
-    source.appendField(u"B"_s, adVariant);
-    source.Open();
-    source.AddNew();
-    source.setValue(0, NullValue{});
-    source.setValue(1, ExactNumber{u"1.50"_s});
-
-    const auto copyTo = [&](DataTypeEnum type) {
-        Recordset copy;
-        copy.appendField(u"A"_s, type);
-        copy.appendField(u"B"_s, type);
-        copy.Open();
-        copy.addNewFrom(source);
-        copy.addNewFrom(source);
-        QCOMPARE(copy.RecordCount(), 2);
-        QCOMPARE(copy.value(0), Value(QString(u""_s)));
-        QCOMPARE(copy.value(1).toText(), u"1.5"_s);
-    };
-    copyTo(adVariant);
-    copyTo(adVarChar);
-
-    Recordset narrow;
-    openSingle(narrow);
-    QCOMPARE(raisedError([&] { narrow.addNewFrom(source); }), 3001);
-    source.MoveNext();
-    QCOMPARE(raisedError([&] { source.addNewFrom(source); }), 3021);
+    const QList<TableColumn> two = {{u"A"_s}, {u"B"_s}};
+    const auto source = makeTable(two, {{NullValue{}, ExactNumber{u"1.50"_s}}});
+    for (const auto &copy :
+         {makeTable(two, {}), makeTable({{u"A"_s, adVarChar}, {u"B"_s, adVarChar}}, {})}) {
+        copy->addNewFrom(*source);
+        copy->addNewFrom(*source);
+        QCOMPARE(copy->RecordCount(), 2);
+        QCOMPARE(copy->value(0), Value(QString(u""_s)));
+        QCOMPARE(copy->value(1).toText(), u"1.5"_s);
+    }
+    QCOMPARE(raisedError([&] { makeSingle()->addNewFrom(*source); }), 3001);
+    source->MoveNext();
+    QCOMPARE(raisedError([&] { source->addNewFrom(*source); }), 3021);
 }
 
 void tst_recordset::rowsThatFillManyBlocks()
 {
     constexpr int rows = 60'000;
-    Recordset table;
-    openSingle(table);
+    const auto table = makeSingle();
     qint64 textLength = 0;
     const auto textOf = [](int row) { return QString(row % 300, u'a') + QString::number(row); };
     for (int row = 0; row < rows; ++row) {
-        add(table, textOf(row));
+        add(*table, textOf(row));
         textLength += textOf(row).size();
     }
-    QCOMPARE(table.RecordCount(), rows);
+    QCOMPARE(table->RecordCount(), rows);
     for (int row = rows - 1; row >= 0; row -= 7)
-        QCOMPARE(table.textAt(row, 0), textOf(row));
-    QVERIFY(table.storedBytes() < textLength * 13 / 10);
+        QCOMPARE(table->textAt(row, 0), textOf(row));
+    QVERIFY(table->storedBytes() < textLength * 13 / 10);
 }
 
 void tst_recordset::textsAreLimitedByTheirField()
 {
-    Recordset table;
-    table.appendField(u"T"_s, adVarChar, 5);
-    table.appendField(u"D"_s, adVarChar, 1000);
-    table.Open();
-    table.AddNew();
-    table.setValue(0, u"12345"_s);
-    QCOMPARE(raisedError([&] { table.setValue(0, u"123456"_s); }), -2147217887);
-    QCOMPARE(table.value(0), Value(u"12345"_s));
-    // A date becomes the field's text.
-    table.setValue(1, Timestamp{2026, 9, 1, 13, 5, 9, 0});
-    QCOMPARE(table.value(1), Value(u"9/1/2026 13:05:09"_s));
+    const auto table = makeTable({{u"T"_s, adVarChar, 5}, {u"D"_s, adVarChar, 1000}},
+                                 // A date becomes the field's text.
+                                 {{u"12345"_s, Timestamp{2026, 9, 1, 13, 5, 9, 0}}});
+    QCOMPARE(raisedError([&] { table->setValue(0, u"123456"_s); }), -2147217887);
+    QCOMPARE(table->value(0), Value(u"12345"_s));
+    QCOMPARE(table->value(1), Value(u"9/1/2026 13:05:09"_s));
 }
 
 void tst_recordset::sorts_data()
 {
-    QTest::addColumn<QList<Value>>("values");
-    QTest::addColumn<QString>("order");
-    QTest::addColumn<QStringList>("expected");
+    const DataRows<QList<Value>, QString, QString> row("values", "order", "expected");
     const QList<Value> dates = {u"12/1/2026"_s, u"9/1/2026"_s, u"1/1/2026"_s};
-    QTest::newRow("text, descending")
-        << dates << u"V DESC"_s << QStringList({u"9/1/2026"_s, u"12/1/2026"_s, u"1/1/2026"_s});
-    QTest::newRow("text, ascending by default, name in any case and brackets")
-        << dates << u" [v] "_s << QStringList({u"1/1/2026"_s, u"12/1/2026"_s, u"9/1/2026"_s});
-    QTest::newRow("no order") << dates << u""_s
-                              << QStringList({u"12/1/2026"_s, u"9/1/2026"_s, u"1/1/2026"_s});
-    QTest::newRow("numbers by value") << QList<Value>({10, 9.5, ExactNumber{u"9.75"_s}})
-                                      << u"V asc"_s << QStringList({u"9.5"_s, u"9.75"_s, u"10"_s});
-    QTest::newRow("nulls first") << QList<Value>({u"b"_s, NullValue{}, 3}) << u"V"_s
-                                 << QStringList({u""_s, u"3"_s, u"b"_s});
+    row("text, descending", dates, u"V DESC"_s, u"9/1/2026 12/1/2026 1/1/2026"_s);
+    row("text, ascending by default, name in any case and brackets", dates, u" [v] "_s,
+        u"1/1/2026 12/1/2026 9/1/2026"_s);
+    row("no order", dates, {}, u"12/1/2026 9/1/2026 1/1/2026"_s);
+    row("numbers by value", {10, 9.5, ExactNumber{u"9.75"_s}}, u"V asc"_s, u"9.5 9.75 10"_s);
+    row("nulls first", {u"b"_s, NullValue{}, 3}, u"V"_s, u"(null) 3 b"_s);
 }
 
 void tst_recordset::sorts()
 {
     QFETCH(QList<Value>, values);
     QFETCH(QString, order);
-    QFETCH(QStringList, expected);
-    Recordset table;
-    openSingle(table);
-    for (const Value &value : values)
-        add(table, value);
-    table.setSort(order);
-    QCOMPARE(texts(table), expected);
-    QCOMPARE(raisedError([&] { table.setSort(u"W"_s); }), 3265);
-    table.setSort(QString());
-    QCOMPARE(table.value(0), values.first());
+    const auto table = makeSingle(values);
+    table->setSort(order);
+    QTEST(texts(*table), "expected");
+    QCOMPARE(raisedError([&] { table->setSort(u"W"_s); }), 3265);
+    table->setSort(QString());
+    QCOMPARE(table->value(0), values.first());
 }
 
 void tst_recordset::sortIsKeptForLaterRows()
@@ -294,30 +268,22 @@ void tst_recordset::sortIsKeptForLaterRows()
     table.appendField(u"N"_s, adVariant);
     table.appendField(u"V"_s, adVariant);
     table.Open();
-    const QList<std::pair<int, QString>> rows = {
-        {1, u"m"_s}, {2, u"a"_s}, {3, u"z"_s}, {4, u"m"_s}};
-    for (const auto &[number, text] : rows) {
-        table.AddNew();
-        table.setValue(0, number);
+    for (const auto &[number, text] :
+         {std::pair{1, u"m"_s}, {2, u"a"_s}, {3, u"z"_s}, {4, u"m"_s}}) {
+        add(table, number);
         table.setValue(1, text);
     }
-    QCOMPARE(texts(table), QStringList({u"2"_s, u"4"_s, u"1"_s, u"3"_s}));
+    QCOMPARE(texts(table), u"2,a 4,m 1,m 3,z"_s);
 }
 
 void tst_recordset::appendsRowText()
 {
-    Recordset table;
-    for (const auto &name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s})
-        table.appendField(name, adVariant);
-    table.Open();
-    table.AddNew();
-    table.setValue(0, 1);
-    table.setValue(1, u"€"_s);
-    table.setValue(2, ExactNumber{u"2.500"_s});
+    const auto table =
+        makeTable({{u"A"_s}, {u"B"_s}, {u"C"_s}, {u"D"_s}}, {{1, u"€"_s, ExactNumber{u"2.500"_s}}});
     QString text = u">"_s;
-    table.appendRowText(0, 0, 3, u',', text); // while it is being edited
-    table.MoveNext();
-    table.appendRowText(0, 1, 2, u'\t', text);
+    table->appendRowText(0, 0, 3, u',', text); // while it is being edited
+    table->MoveNext();
+    table->appendRowText(0, 1, 2, u'\t', text);
     QCOMPARE(text, u">1,€,2.5,€\t2.5"_s);
 }
 

@@ -1,7 +1,8 @@
 #include "dataaccess/Connection.h"
-#include "dataaccess/Recordset.h"
 #include "sqltext/ResultPaging.h"
 #include "support/raisedError.h"
+#include "support/tables.h"
+#include "support/textRows.h"
 
 #include <QTest>
 
@@ -32,8 +33,7 @@ private slots:
     void queryWithoutRows();
     void texts();
     void fieldNames_data();
-    void fieldNames();
-    void nullsBecomeEmptyTexts();
+    void fieldNames() { compareTextRow(); }
     void retrievingAllYieldsAfterEveryRow();
     void whatHappensDuringAYield_data();
     void whatHappensDuringAYield();
@@ -73,9 +73,12 @@ void tst_ResultPaging::setsOfRows()
     }
     QCOMPARE(m_paging->result()->textAt(29, 0), u"30"_s);
 
-    open(numbers(3));
-    QCOMPARE(m_paging->recordsFetched(), 3);
-    QCOMPARE(m_paging->result()->RecordCount(), 3);
+    open(u"select null as a, 'x' as b"_s);
+    QCOMPARE(m_paging->recordsFetched(), 1);
+    QCOMPARE(m_paging->result()->RecordCount(), 1);
+    QCOMPARE(m_paging->result()->value(0), Value(QString()));
+    QCOMPARE(m_paging->result()->textAt(0, 1), u"x"_s);
+    QCOMPARE(m_paging->result()->fieldType(1), adVariant);
 }
 
 void tst_ResultPaging::queryWithoutRows()
@@ -107,36 +110,15 @@ void tst_ResultPaging::texts()
 
 void tst_ResultPaging::fieldNames_data()
 {
-    QTest::addColumn<QString>("sql");
-    QTest::addColumn<QStringList>("names");
-    QTest::newRow("different") << u"select 1 as ID, 2 as NAME"_s << QStringList{u"ID"_s, u"NAME"_s};
-    QTest::newRow("twice") << u"select 1 as ID, 2 as B, 3 as ID"_s
-                           << QStringList{u"ID"_s, u"B"_s, u"ID_1"_s};
-    QTest::newRow("different letter case")
-        << u"select 1 as id, 2 as ID"_s << QStringList{u"id"_s, u"ID"_s};
-    QTest::newRow("three times") << u"select 1 as A, 2 as A, 3 as A"_s
-                                 << QStringList{u"A"_s, u"A_1"_s, u"A_1_1"_s};
-    QTest::newRow("new name taken already")
-        << u"select 1 as A, 2 as A, 3 as A_1"_s << QStringList{u"A"_s, u"A_1"_s, u"A_1_1"_s};
-}
-
-void tst_ResultPaging::fieldNames()
-{
-    QFETCH(QString, sql);
-    open(sql);
-    QStringList names;
-    for (int field = 0; field < m_paging->result()->fieldCount(); ++field) {
-        names.append(m_paging->result()->fieldName(field));
-        QCOMPARE(m_paging->result()->fieldType(field), adVariant);
-    }
-    QTEST(names, "names");
-}
-
-void tst_ResultPaging::nullsBecomeEmptyTexts()
-{
-    open(u"select null as a, 'x' as b"_s);
-    QCOMPARE(m_paging->result()->value(0), Value(QString()));
-    QCOMPARE(m_paging->result()->textAt(0, 1), u"x"_s);
+    addTextColumns();
+    const auto namesOf = [this](const QString &sql) {
+        open(sql);
+        return ::fieldNames(*m_paging->result()).join(u' ');
+    };
+    addTextRows("names", namesOf,
+                u"select 1 as ID, 2 as NAME→ID NAME|select 1 as ID, 2 as B, 3 as ID→ID B ID_1|"
+                "select 1 as id, 2 as ID→id ID|select 1 as A, 2 as A, 3 as A→A A_1 A_1_1|"
+                "select 1 as A, 2 as A, 3 as A_1→A A_1 A_1_1"_s);
 }
 
 void tst_ResultPaging::retrievingAllYieldsAfterEveryRow()
