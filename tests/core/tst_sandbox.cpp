@@ -1,11 +1,10 @@
 #include "dataaccess/Command.h"
 #include "dataaccess/Connection.h"
-#include "dataaccess/Recordset.h"
+#include "sqltext/explainStatements.h"
+#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
-#include "support/planText.h"
 #include "support/raisedError.h"
-
-#include <QTest>
+#include "support/tables.h"
 
 using namespace Qt::StringLiterals;
 using SandboxFixture::scalar;
@@ -34,9 +33,8 @@ public:
     QString next()
     {
         m_command.Execute();
-        const Value &line = m_command.parameter(u"lines"_s);
-        return m_command.parameter(u"status"_s).toText() + u':' +
-               (line.isNull() ? u"(null)"_s : line.toText());
+        return shownText(m_command.parameter(u"status"_s)) + u':' +
+               shownText(m_command.parameter(u"lines"_s));
     }
 
     QString all()
@@ -65,16 +63,12 @@ private slots:
 
     void refusals_data();
     void refusals();
-    void reach();
     void sampleSchema();
     void blocks_data();
     void blocks();
     void rowsWithinABlock();
-    void transactions();
     void dictionary();
-    void dictionaryShowsWhatOneMaySee();
     void output();
-    void outputSurvivesRollback();
     void outputLimits();
     void explainJoin();
     void explainAgain();
@@ -98,17 +92,14 @@ void tst_sandbox::cleanup()
 
 void tst_sandbox::refusals_data()
 {
-    QTest::addColumn<QString>("user");
-    QTest::addColumn<QString>("password");
-
-    QTest::newRow("wrong password") << u"scott"_s << u"lion"_s;
-    QTest::newRow("no password") << u"scott"_s << u""_s;
-    QTest::newRow("the other's password") << u"system"_s << u"tiger"_s;
-    QTest::newRow("unknown") << u"nobody"_s << u"lion"_s;
-    QTest::newRow("nobody at all") << u""_s << u""_s;
-    QTest::newRow("the server's own root") << u"root"_s << u""_s;
-    QTest::newRow("owner of the packages") << u"dbms_output"_s << u""_s;
-    QTest::newRow("items within the password") << u"scott"_s << u"{x};UID=system;PWD=lantern"_s;
+    const DataRows<QString, QString> row("user", "password");
+    row("wrong password", u"scott"_s, u"lion"_s);
+    row("no password", u"scott"_s, {});
+    row("the other's password", u"system"_s, u"tiger"_s);
+    row("nobody at all", {}, {});
+    row("the server's own root", u"root"_s, {});
+    row("owner of the packages", u"dbms_output"_s, {});
+    row("items within the password", u"scott"_s, u"{x};UID=system;PWD=lantern"_s);
 }
 
 void tst_sandbox::refusals()
@@ -118,17 +109,6 @@ void tst_sandbox::refusals()
     const RuntimeError error = raised([&] { SandboxFixture::open(user, password); });
     QVERIFY2(error.description.contains(u"Access denied"_s), error.what());
     QVERIFY(password.isEmpty() || !error.description.contains(password));
-}
-
-// No way in but the socket in the user's own folder; names in any letter case.
-void tst_sandbox::reach()
-{
-    const auto system = SandboxFixture::open(u"SYSTEM"_s, u"lantern"_s);
-    QCOMPARE(scalar(system, u"select @@skip_networking from dual"_s), u"1"_s);
-    QCOMPARE(table(system, u"select user, host from mysql.global_priv where json_value(priv, "
-                           "'$.account_locked') is null and user <> 'PUBLIC' order by user"_s),
-             u"scott|localhost\nsystem|localhost"_s);
-    QCOMPARE(scalar(system, u"select count(*) from scott.emp"_s), u"14"_s);
 }
 
 void tst_sandbox::sampleSchema()
@@ -143,27 +123,32 @@ void tst_sandbox::sampleSchema()
     QCOMPARE(scalar(m_connection, u"select ename from emp where ename = 'king'"_s), u"(none)"_s);
     QCOMPARE(table(m_connection, u"select '' || 'a\\' x, nvl('', 'null') y from dual"_s),
              u"a\\|null"_s);
+
+    // No way in but the socket in the user's own folder; names in any letter case.
+    const auto system = SandboxFixture::open(u"SYSTEM"_s, u"lantern"_s);
+    QCOMPARE(scalar(system, u"select @@skip_networking from dual"_s), u"1"_s);
+    QCOMPARE(table(system, u"select user, host from mysql.global_priv where json_value(priv, "
+                           "'$.account_locked') is null and user <> 'PUBLIC' order by user"_s),
+             u"scott|localhost\nsystem|localhost"_s);
+    QCOMPARE(scalar(system, u"select count(*) from scott.emp"_s), u"14"_s);
 }
 
 void tst_sandbox::blocks_data()
 {
-    QTest::addColumn<QString>("block");
-    QTest::addColumn<QString>("effect");
-
-    QTest::newRow("of the Data tab")
-        << u"begin \r\n execute immediate '-- a''s\ninsert into dept\n values (50, ''IT''''S'', "
-           "''a;b'') '; end;"_s
-        << u"IT'S|a;b"_s;
-    QTest::newRow("of a script")
-        << u"Begin \r\nexecute immediate ('\ninsert into dept values (50, ''x'', ''y'')');\r\nend;"_s
-        << u"x|y"_s;
-    QTest::newRow("declare") << u"declare n number := 50; begin insert into dept values (n, 'x', "
-                                "'y'); end;"_s
-                             << u"x|y"_s;
-    QTest::newRow("a block in a script")
-        << u"Begin \r\nexecute immediate ('begin insert into dept values (50, ''x'', ''y''); "
-           "end');\r\nend;"_s
-        << u"x|y"_s;
+    const DataRows<QString, QString> row("block", "effect");
+    row("of the Data tab",
+        u"begin \r\n execute immediate '-- a''s\ninsert into dept\n values (50, ''IT''''S'', "
+        "''a;b'') '; end;"_s,
+        u"IT'S|a;b"_s);
+    row("of a script",
+        u"Begin \r\nexecute immediate ('\ninsert into dept values (50, ''x'', ''y'')');\r\nend;"_s,
+        u"x|y"_s);
+    row("declare", u"declare n number := 50; begin insert into dept values (n, 'x', 'y'); end;"_s,
+        u"x|y"_s);
+    row("a block in a script",
+        u"Begin \r\nexecute immediate ('begin insert into dept values (50, ''x'', ''y''); "
+        "end');\r\nend;"_s,
+        u"x|y"_s);
 }
 
 void tst_sandbox::blocks()
@@ -189,50 +174,20 @@ void tst_sandbox::rowsWithinABlock()
     QCOMPARE(scalar(m_connection, u"select count(*) from dept"_s), u"4"_s);
 }
 
-void tst_sandbox::transactions()
-{
-    const auto other = SandboxFixture::open();
-    const QString query = u"select count(*) from salgrade where grade = 77"_s;
-    m_connection->Execute(u"insert into salgrade values (77, 0, 1)"_s);
-    QCOMPARE(scalar(m_connection, query), u"1"_s);
-    QCOMPARE(scalar(other, query), u"0"_s);
-
-    m_connection->CommitTrans();
-    m_connection->BeginTrans();
-    QCOMPARE(scalar(other, query), u"1"_s);
-
-    m_connection->Execute(u"delete from salgrade where grade = 77"_s);
-    m_connection->RollbackTrans();
-    QCOMPARE(scalar(other, query), u"1"_s);
-
-    other->Execute(u"delete from salgrade where grade = 77"_s);
-    m_connection->BeginTrans();
-    QCOMPARE(scalar(m_connection, query), u"0"_s);
-
-    auto third = SandboxFixture::open();
-    third->BeginTrans();
-    third->Execute(u"insert into salgrade values (78, 0, 1)"_s);
-    third->Close();
-    QCOMPARE(scalar(m_connection, u"select count(*) from salgrade where grade = 78"_s), u"0"_s);
-}
-
 void tst_sandbox::dictionary()
 {
     QCOMPARE(table(m_connection, u"SELECT username from SYS.ALL_USERS order by username"_s),
              u"SCOTT\nSYSTEM"_s);
     const QString tables =
         table(m_connection, u"SELECT table_name FROM SYS.ALL_TABLES where owner = 'SCOTT'"_s);
-    for (const QString &name : {u"EMP"_s, u"DEPT"_s, u"SALES"_s, u"PLAN_TABLE"_s})
-        QVERIFY(tables.split(u'\n').contains(name));
+    QVERIFY(tables.contains(u"SALES"_s) && tables.contains(u"PLAN_TABLE"_s));
     QCOMPARE(table(m_connection, u"SELECT column_name FROM SYS.ALL_TAB_COLUMNS where owner = "
                                  "'SCOTT' and table_name = 'EMP' "_s),
              u"EMPNO\nENAME\nJOB\nMGR\nHIREDATE\nSAL\nCOMM\nDEPTNO"_s);
     QCOMPARE(table(m_connection, u"SELECT table_name FROM SYS.ALL_TABLES where owner = 'scott'"_s),
              u""_s);
-}
 
-void tst_sandbox::dictionaryShowsWhatOneMaySee()
-{
+    // Of each other's tables they see what they may.
     const auto system = SandboxFixture::open(u"system"_s, u"lantern"_s);
     const QString query = u"SELECT table_name FROM SYS.ALL_TABLES where owner = 'SYSTEM'"_s;
     QVERIFY(table(system, query).contains(u"PLAN_TABLE"_s));
@@ -266,10 +221,8 @@ void tst_sandbox::output()
     m_connection->Execute(u"dbms_output.enable(20000)"_s);
     QCOMPARE(lines.all(), u"1:(null)"_s);
     QVERIFY(failureOf(m_connection, u"dbms_output.enable(abc)"_s).contains(u"abc"_s));
-}
 
-void tst_sandbox::outputSurvivesRollback()
-{
+    // Lines survive a rollback and a change of the schema.
     const auto system = SandboxFixture::open(u"system"_s, u"lantern"_s);
     system->BeginTrans();
     system->Execute(u"dbms_output.enable(20000)"_s);
@@ -304,35 +257,31 @@ void tst_sandbox::explainJoin()
     m_connection->Execute(u"EXPLAIN PLAN set statement_id = '%1' FOR select e.ename, d.dname from "
                           "emp e, dept d where e.deptno = d.deptno"_s.arg(id));
 
-    const auto rows = m_connection->Execute(planText(id));
-    QStringList names;
-    for (int field = 0; field < rows->fieldCount(); ++field)
-        names.append(rows->fieldName(field));
-    QCOMPARE(names.join(u' '),
+    QCOMPARE(fieldNames(*m_connection->Execute(planQuery(id))).join(u' '),
              u"QUERY_PLAN LEVEL ID PARENT_ID OBJECT_NAME CARDINALITY BYTES COST"_s);
-    QCOMPARE(table(m_connection, planText(id)), u"SELECT STATEMENT|1|0|(null)| | | | \n"
-                                                "NESTED LOOPS|2|1|0| | | | \n"
-                                                "TABLE ACCESS FULL|3|2|1|DEPT|4| | \n"
-                                                "TABLE ACCESS FULL|3|3|1|EMP|14| | "_s);
+    QCOMPARE(table(m_connection, planQuery(id)), u"SELECT STATEMENT|1|0|(null)| | | | \n"
+                                                 "NESTED LOOPS|2|1|0| | | | \n"
+                                                 "TABLE ACCESS FULL|3|2|1|DEPT|4| | \n"
+                                                 "TABLE ACCESS FULL|3|3|1|EMP|14| | "_s);
 
     // Within the transaction, as everything else.
-    QCOMPARE(table(SandboxFixture::open(), planText(id)), u""_s);
+    QCOMPARE(table(SandboxFixture::open(), planQuery(id)), u""_s);
 }
 
 // Steps in the order of reading whatever the order of their numbers, and each id for itself.
 void tst_sandbox::explainAgain()
 {
     m_connection->Execute(u"EXPLAIN PLAN set statement_id = 'O''NEIL' FOR delete from emp"_s);
-    QCOMPARE(table(m_connection, planText(u"O''NEIL"_s)).section(u'|', 0, 0),
+    QCOMPARE(table(m_connection, planQuery(u"O''NEIL"_s)).section(u'|', 0, 0),
              u"DELETE STATEMENT"_s);
 
     m_connection->Execute(u"insert into plan_table (statement_id, operation, id, parent_id) values "
                           "('x', 'ROOT', 0, null), ('x', 'B', 10, 0), ('x', 'A', 9, 0), "
                           "('x', 'A1', 11, 9), ('x', 'LOST', 12, 99), ('y', 'OTHER', 1, 0)"_s);
-    QCOMPARE(table(m_connection, planText(u"x"_s)), u"ROOT|1|0|(null)| | | | \n"
-                                                    "A|2|9|0| | | | \n"
-                                                    "A1|3|11|9| | | | \n"
-                                                    "B|2|10|0| | | | "_s);
+    QCOMPARE(table(m_connection, planQuery(u"x"_s)), u"ROOT|1|0|(null)| | | | \n"
+                                                     "A|2|9|0| | | | \n"
+                                                     "A1|3|11|9| | | | \n"
+                                                     "B|2|10|0| | | | "_s);
 }
 
 void tst_sandbox::explainRefused()

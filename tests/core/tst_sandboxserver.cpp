@@ -1,5 +1,6 @@
 #include "dataaccess/Connection.h"
 #include "dataaccess/sandbox/Sandbox.h"
+#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
@@ -12,8 +13,6 @@
 #include <QProcess>
 #include <QScopeGuard>
 #include <QTemporaryDir>
-#include <QTest>
-#include <QTextStream>
 
 #include <algorithm>
 #include <cstdio>
@@ -23,6 +22,7 @@
 #include <signal.h>
 
 using namespace Qt::StringLiterals;
+using SandboxFixture::logOn;
 using SandboxFixture::scalar;
 
 namespace {
@@ -75,8 +75,7 @@ private:
 int runClient()
 {
     try {
-        const auto connection = std::make_shared<Connection>();
-        connection->Open(SandboxFixture::connectionString());
+        const auto connection = logOn();
         do {
             connection->Execute(u"select count(*) from emp"_s);
             std::puts("ready");
@@ -87,13 +86,6 @@ int runClient()
         std::fprintf(stderr, "%s\n", error.what());
         return 1;
     }
-}
-
-std::shared_ptr<Connection> logOn()
-{
-    auto connection = std::make_shared<Connection>();
-    connection->Open(SandboxFixture::connectionString());
-    return connection;
 }
 
 qint64 serverId()
@@ -151,8 +143,7 @@ private slots:
     void serverKilled();
     void serverStopped();
     void serverThatCannotStart();
-    void waiterKilled();
-    void leavingAndComing();
+    void waiterKilledThenComing();
     void olderObjectsAreRenewed();
     void brokenFirstStart();
     void folderThatCannotBe();
@@ -190,12 +181,8 @@ void tst_sandboxserver::folderIsPrivate()
     QCOMPARE(folder.permissions() & 0x0fff, QFile::Permissions(0x0700) & 0x0fff);
     QVERIFY(QFileInfo(SandboxFolder::ofUser().file(u"socket"_s)).exists());
 
-    try {
-        Connection().Open(SandboxFixture::connectionString(u"scott"_s, u"some lion"_s));
-        QFAIL("logged on");
-    } catch (const RuntimeError &error) {
-        QVERIFY(!error.description.contains(u"some lion"_s));
-    }
+    const RuntimeError error = raised([] { logOn(u"scott"_s, u"some lion"_s); });
+    QVERIFY(error.number != 0 && !error.description.contains(u"some lion"_s));
     QDirIterator files(folder.filePath(), QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
                        QDirIterator::Subdirectories);
     while (files.hasNext()) {
@@ -215,13 +202,11 @@ void tst_sandboxserver::folderIsPrivate()
 
 void tst_sandboxserver::clientsComeAndGo_data()
 {
-    QTest::addColumn<bool>("starterGoesFirst");
-    QTest::addColumn<bool>("firstIsKilled");
-    QTest::addColumn<bool>("lastIsKilled");
-    QTest::newRow("in order") << true << false << false;
-    QTest::newRow("starter killed") << true << true << false;
-    QTest::newRow("guest killed, then the starter") << false << true << true;
-    QTest::newRow("guest leaves, starter killed") << false << false << true;
+    const DataRows<bool, bool, bool> row("starterGoesFirst", "firstIsKilled", "lastIsKilled");
+    row("in order", true, false, false);
+    row("starter killed", true, true, false);
+    row("guest killed, then the starter", false, true, true);
+    row("guest leaves, starter killed", false, false, true);
 }
 
 // Whoever goes, and however, leaves the other one its server; the last one takes it along.
@@ -299,7 +284,7 @@ void tst_sandboxserver::serverStopped()
     const auto goOn = qScopeGuard([server] { ::kill(server, SIGCONT); });
     QElapsedTimer timer;
     timer.start();
-    const RuntimeError error = raised(logOn);
+    const RuntimeError error = raised([] { logOn(); });
     QVERIFY2(error.description.contains(u"does not answer"_s), error.what());
     QVERIFY(timer.elapsed() < patience);
 }
@@ -312,13 +297,13 @@ void tst_sandboxserver::serverThatCannotStart()
     const auto putBack = qScopeGuard([&] { data.rename(u"elsewhere"_s, u"mysql"_s); });
     QElapsedTimer timer;
     timer.start();
-    const RuntimeError error = raised(logOn);
+    const RuntimeError error = raised([] { logOn(); });
     QVERIFY2(error.description.contains(u"could not be started"_s), error.what());
     QVERIFY2(error.description.contains(u"[ERROR]"_s), error.what());
     QVERIFY(timer.elapsed() < patience / 2);
 }
 
-void tst_sandboxserver::waiterKilled()
+void tst_sandboxserver::waiterKilledThenComing()
 {
     auto connection = logOn();
     const qint64 server = serverId();
@@ -329,24 +314,16 @@ void tst_sandboxserver::waiterKilled()
     QTest::qWait(300);
     QCOMPARE(serverId(), server); // nobody is left to stop it, until the next one comes
 
-    logOn()->Close();
-}
-
-// Clients that come while the server is being stopped find it stopped and start it again.
-void tst_sandboxserver::leavingAndComing()
-{
+    // Clients that come while the server is being stopped find it stopped and start it again.
     for (int round = 0; round < 5; ++round) {
-        const auto connection = logOn();
-        QCOMPARE(scalar(connection, u"select 1 from dual"_s), u"1"_s);
-        connection->Close();
+        QCOMPARE(scalar(logOn(), u"select 1 from dual"_s), u"1"_s);
         QTest::qWait(40 * round);
     }
 }
 
 void tst_sandboxserver::olderObjectsAreRenewed()
 {
-    auto connection = std::make_shared<Connection>();
-    connection->Open(SandboxFixture::connectionString(u"system"_s, u"lantern"_s));
+    auto connection = logOn(u"system"_s, u"lantern"_s);
     connection->Execute(u"drop view sys.all_users"_s);
     connection->Execute(u"create table scott.mine (a number)"_s);
     connection->Close();
@@ -397,7 +374,7 @@ void tst_sandboxserver::folderThatCannotBe()
     QVERIFY(file.open(QIODevice::WriteOnly));
     for (const QString &path : {file.fileName(), file.fileName() + u"/below/sandbox"_s}) {
         qputenv(SandboxFixture::folderVariable, path.toLocal8Bit());
-        const RuntimeError error = raised(logOn);
+        const RuntimeError error = raised([] { logOn(); });
         QCOMPARE(error.number, ErrorNumber::PathFileAccessError);
         QVERIFY(error.description.contains(path));
     }

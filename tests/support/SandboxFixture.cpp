@@ -1,20 +1,9 @@
 #include "support/SandboxFixture.h"
 
 #include "dataaccess/Connection.h"
-#include "dataaccess/Recordset.h"
-
-#include <QStringList>
+#include "support/tables.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString shown(const Value &value)
-{
-    return value.isNull() ? u"(null)"_s : value.toText();
-}
-
-} // namespace
 
 void SandboxFixture::useSharedFolder()
 {
@@ -27,28 +16,26 @@ QString SandboxFixture::connectionString(const QString &user, const QString &pas
                                                                                       password);
 }
 
-std::shared_ptr<Connection> SandboxFixture::open(const QString &user, const QString &password)
+std::shared_ptr<Connection> SandboxFixture::logOn(const QString &user, const QString &password)
 {
-    useSharedFolder();
     auto connection = std::make_shared<Connection>();
     connection->Open(connectionString(user, password));
     return connection;
 }
 
+std::shared_ptr<Connection> SandboxFixture::open(const QString &user, const QString &password)
+{
+    useSharedFolder();
+    return logOn(user, password);
+}
+
 QString SandboxFixture::scalar(const std::shared_ptr<Connection> &connection, const QString &query)
 {
     const auto rows = connection->Execute(query);
-    return rows->Eof() ? u"(none)"_s : shown(rows->value(0));
+    return rows->Eof() ? u"(none)"_s : shownText(rows->value(0));
 }
 
 QString SandboxFixture::table(const std::shared_ptr<Connection> &connection, const QString &query)
 {
-    QStringList lines;
-    for (const auto rows = connection->Execute(query); !rows->Eof(); rows->MoveNext()) {
-        QStringList fields;
-        for (int field = 0; field < rows->fieldCount(); ++field)
-            fields.append(shown(rows->value(field)));
-        lines.append(fields.join(u'|'));
-    }
-    return lines.join(u'\n');
+    return remainingRows(*connection->Execute(query), u'|').join(u'\n');
 }

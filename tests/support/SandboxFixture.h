@@ -20,7 +20,11 @@ void useSharedFolder();
 QString connectionString(const QString &user = QStringLiteral("scott"),
                          const QString &password = QStringLiteral("tiger"));
 
-/// A new connection to the shared sandbox, no transaction begun.
+/// A new connection to the sandbox that the environment names.
+std::shared_ptr<Connection> logOn(const QString &user = QStringLiteral("scott"),
+                                  const QString &password = QStringLiteral("tiger"));
+
+/// The same to the shared sandbox, no transaction begun.
 std::shared_ptr<Connection> open(const QString &user = QStringLiteral("scott"),
                                  const QString &password = QStringLiteral("tiger"));
 
