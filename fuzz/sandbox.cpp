@@ -3,7 +3,7 @@
 
 #include "dataaccess/SqlTokens.h"
 #include "dataaccess/commandText.h"
-#include "dataaccess/sandbox/PlanStep.h"
+#include "dataaccess/sandbox/PlanReader.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "platform/RuntimeError.h"
 #include "sqltext/explainStatements.h"

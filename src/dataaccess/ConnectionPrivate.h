@@ -6,6 +6,7 @@
 
 #include <memory>
 
+/// The state of a Connection, which recordsets and commands on it share.
 class ConnectionPrivate
 {
 public:

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The end of a value that begins at @p from: a `;`, or for a value in braces the closing one that
@@ -26,14 +28,20 @@ qsizetype valueEnd(const QString &text, qsizetype from)
     return end < 0 ? text.size() : end;
 }
 
+/// What inBraces() has put into them.
 QString withoutBraces(const QString &value)
 {
     if (value.size() < 2 || !value.startsWith(u'{') || !value.endsWith(u'}'))
         return value;
-    return value.mid(1, value.size() - 2).replace(QStringLiteral("}}"), QStringLiteral("}"));
+    return value.mid(1, value.size() - 2).replace("}}"_L1, "}"_L1);
 }
 
 } // namespace
+
+QString inBraces(QString value)
+{
+    return u'{' + value.replace(u'}', "}}"_L1) + u'}';
+}
 
 ConnectionString::ConnectionString(const QString &text)
     : m_text(text)

@@ -4,6 +4,9 @@
 #include <QString>
 #include <QStringView>
 
+/// A value in braces, so that any character may stand in it.
+QString inBraces(QString value);
+
 /// A connection string's items: `name=value` separated by `;`. Names match in any letter case;
 /// values in braces may hold semicolons. Of items with the same name the first counts.
 class ConnectionString

@@ -24,9 +24,7 @@ QString quoted(const QString &value)
     static const QString special = u"[]{}(),;?*=!@"_s;
     const bool isPlain =
         std::none_of(value.begin(), value.end(), [](QChar c) { return special.contains(c); });
-    if (isPlain)
-        return value;
-    return u'{' + QString(value).replace(u"}"_s, u"}}"_s) + u'}';
+    return isPlain ? value : inBraces(value);
 }
 
 QString oracleDriver()

@@ -11,5 +11,7 @@
 ///   named by the setting "OracleDriver" of application "Orbek Oracle", section "Settings";
 /// - `OrbekSandbox`: a private server of this program's own.
 ///
-/// @throws RuntimeError 3706 for an unknown provider, and when no Oracle driver is installed
+/// @throws RuntimeError 3706 for an unknown provider and when no Oracle driver is installed, 75
+/// when
+///         the settings cannot be read, openSandbox()'s
 ProviderSession openProvider(const QString &connectionString);

@@ -1,5 +1,5 @@
 #include "dataaccess/SqlTokens.h"
-#include "dataaccess/sandbox/PlanStep.h"
+#include "dataaccess/sandbox/PlanReader.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "dataaccess/sandbox/sandboxSetup.h"
 #include "sqltext/explainStatements.h"

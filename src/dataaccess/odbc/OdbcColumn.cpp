@@ -36,7 +36,7 @@ Description describe(const OdbcHandle &statement, SQLUSMALLINT number)
                                   reinterpret_cast<SQLWCHAR *>(name.data()), room, &length,
                                   &column.sqlType, &column.size, &decimals, &nullable),
                   statement);
-        column.name = name.left(std::max<qsizetype>(name.indexOf(QChar::Null), 0));
+        column.name = textInBuffer(name);
         if (length < room)
             break;
     }

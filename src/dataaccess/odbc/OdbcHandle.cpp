@@ -60,3 +60,9 @@ SQLWCHAR *odbcText(const QString &text)
 {
     return reinterpret_cast<SQLWCHAR *>(const_cast<ushort *>(text.utf16()));
 }
+
+QString textInBuffer(const QString &buffer)
+{
+    const qsizetype end = buffer.indexOf(QChar::Null);
+    return end < 0 ? buffer : buffer.left(end);
+}

@@ -55,8 +55,8 @@ private:
     SQLHANDLE m_handle = nullptr;
 };
 
-/// Every call of the driver passes here: @p code is what it returned, @p handle what it was made
-/// on.
+/// Every call of the driver whose failure matters passes here: @p code is what it returned,
+/// @p handle what it was made on.
 /// @returns @p code when it is SQL_SUCCESS, SQL_SUCCESS_WITH_INFO or SQL_NO_DATA
 /// @throws RuntimeError otherwise, with all diagnostic records
 SQLRETURN checkOdbc(SQLRETURN code, const OdbcHandle &handle);
@@ -67,3 +67,6 @@ void prepareText(const OdbcHandle &statement, const QString &text);
 
 /// The text as ODBC's wide functions want it. They do not write to it.
 SQLWCHAR *odbcText(const QString &text);
+/// What the driver has written into @p buffer, up to the zero that ends it: the lengths that
+/// drivers tell are not to be trusted.
+QString textInBuffer(const QString &buffer);

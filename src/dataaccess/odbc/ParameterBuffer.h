@@ -19,8 +19,7 @@ public:
     void clear() { m_indicator = SQL_NULL_DATA; }
     /// The value that came out.
     /// @throws RuntimeError -2147217887 when a text is longer than the parameter's size, 13 or 6
-    /// when
-    ///         the driver wrote no 32-bit number where there should be one
+    ///         when the driver wrote no 32-bit number where there should be one
     Value load(const Parameter &parameter) const;
 
 private:

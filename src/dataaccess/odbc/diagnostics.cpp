@@ -25,13 +25,6 @@ struct DiagnosticRecord
     QString text;
 };
 
-/// Up to the zero that ends it: lengths that drivers report are not to be trusted.
-QString untilZero(const QString &buffer)
-{
-    const qsizetype end = buffer.indexOf(QChar::Null);
-    return end < 0 ? buffer : buffer.left(end);
-}
-
 std::optional<DiagnosticRecord> readRecord(const OdbcHandle &handle, SQLSMALLINT number)
 {
     qsizetype room = usualLength;
@@ -50,7 +43,7 @@ std::optional<DiagnosticRecord> readRecord(const OdbcHandle &handle, SQLSMALLINT
             room = std::min(maxLength, qsizetype{length} + 1);
             continue;
         }
-        return DiagnosticRecord{untilZero(state), nativeError, untilZero(text)};
+        return DiagnosticRecord{textInBuffer(state), nativeError, textInBuffer(text)};
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QJsonObject>
+#include <QList>
 
 class QJsonArray;
 
@@ -34,3 +35,10 @@ private:
     QList<PlanStep> m_steps;
     QList<int> m_children; ///< of each step, so far
 };
+
+/// Reads the server's plan of a statement (its `EXPLAIN FORMAT=JSON`) as steps, numbered depth
+/// first from 0, the statement itself. Names are in upper case; tables go by their own names where
+/// @p statement tells what an alias stands for. Parts of a plan that are not known are passed
+/// through to the steps inside them.
+/// @throws RuntimeError 3000 when @p json is no plan
+QList<PlanStep> planSteps(const QString &statement, const QString &json);

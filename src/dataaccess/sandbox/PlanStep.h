@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QList>
 #include <QString>
 
 #include <optional>
@@ -22,10 +21,3 @@ struct PlanStep
     QString accessPredicates;
     QString filterPredicates;
 };
-
-/// Reads the server's plan of a statement (its `EXPLAIN FORMAT=JSON`) as steps, numbered depth
-/// first from 0, the statement itself. Names are in upper case; tables go by their own names where
-/// @p statement tells what an alias stands for. Parts of a plan that are not known are passed
-/// through to the steps inside them.
-/// @throws RuntimeError 3000 when @p json is no plan
-QList<PlanStep> planSteps(const QString &statement, const QString &json);

@@ -24,19 +24,13 @@ QString valueOf(const ConnectionString &items, QStringView name, QStringView oth
     return items.value(items.contains(name) ? name : otherName);
 }
 
-// A value of a connection string, enclosed so that any character may stand in it.
-QString braced(QString value)
-{
-    return u'{' + value.replace(u'}', u"}}"_s) + u'}';
-}
-
 // The driver as the driver manager knows it, or its file when it was installed without being made
 // known.
 QString serverDriver()
 {
     for (const QString &name : installedDrivers()) {
         if (name.contains("MariaDB"_L1, Qt::CaseInsensitive))
-            return braced(name);
+            return inBraces(name);
     }
     for (const QString &library : {u"/usr/lib"_s, u"/usr/lib64"_s, u"/usr/local/lib"_s}) {
         QStringList folders = {library, library + u"/odbc"_s};
@@ -77,8 +71,8 @@ ProviderSession openSandbox(const ConnectionString &connectionString)
         std::make_shared<SandboxServer>(SandboxFolder::ofUser(), progressListener());
     const QString odbc =
         u"DRIVER=%1;SOCKET=%2;DATABASE=%3;UID=%4;PWD=%5;CHARSET=utf8mb4;NO_PROMPT=1;"
-        "CONN_TIMEOUT=15"_s.arg(driver, braced(server->socketPath()), braced(user), braced(user),
-                                braced(password));
+        "CONN_TIMEOUT=15"_s.arg(driver, inBraces(server->socketPath()), inBraces(user),
+                                inBraces(user), inBraces(password));
     return {odbc, server, std::make_unique<SandboxAdapter>()};
 }
 

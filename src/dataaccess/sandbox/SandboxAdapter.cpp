@@ -1,5 +1,6 @@
 #include "dataaccess/sandbox/SandboxAdapter.h"
 
+#include "dataaccess/sandbox/PlanReader.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 
 using namespace Qt::StringLiterals;

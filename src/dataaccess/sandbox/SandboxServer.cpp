@@ -60,9 +60,10 @@ Answer answerOf(const QString &socketPath)
     if (::connect(link, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0) {
         pollfd wait = {link, POLLIN, 0};
         char first = 0;
-        if (::poll(&wait, 1, std::chrono::milliseconds(longestAnswer).count()) == 0)
+        const int ready = ::poll(&wait, 1, std::chrono::milliseconds(longestAnswer).count());
+        if (ready == 0)
             answer = Answer::Silence;
-        else if (::read(link, &first, 1) == 1)
+        else if (ready > 0 && ::read(link, &first, 1) == 1)
             answer = Answer::Greeting;
     }
     ::close(link);

@@ -2,6 +2,7 @@
 
 #include "dataaccess/sandbox/PlanStep.h"
 
+#include <QList>
 #include <QString>
 
 #include <optional>

@@ -72,8 +72,9 @@ void runStep(const SandboxFolder &folder, const QString &program, const QStringL
     const QString words = sandboxErrorLines(process.readAll());
     throw RuntimeError(
         ErrorNumber::ProviderFailed,
-        ended ? u"The sandbox's database could not be made. %1"_s.arg(words)
-              : u"Making the sandbox's database took too long and was given up. %1"_s.arg(words));
+        process.error() == QProcess::Timedout
+            ? u"Making the sandbox's database took too long and was given up. %1"_s.arg(words)
+            : u"The sandbox's database could not be made. %1"_s.arg(words));
 }
 
 QByteArray objectStatements()
