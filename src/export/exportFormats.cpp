@@ -6,9 +6,12 @@
 #include "platform/TextFileWriter.h"
 #include "platform/checkedArithmetic.h"
 #include "platform/errorTraps.h"
+#include "platform/textForms.h"
 
 #include <QScopeGuard>
+#include <QStringList>
 
+#include <optional>
 #include <vector>
 
 using namespace Qt::StringLiterals;

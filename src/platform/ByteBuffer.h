@@ -29,7 +29,8 @@ public:
     /// Takes the last @p count bytes away.
     void chop(qsizetype count) { m_size -= count; }
 
-    /// Room behind the end for up to @p bytes; added() tells how many of them were used.
+    /// Room behind the end for up to @p bytes, until the next of these calls; added() tells how
+    /// many of them were used.
     char *room(qsizetype bytes)
     {
         if (m_capacity - m_size < bytes)

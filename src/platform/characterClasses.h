@@ -2,7 +2,7 @@
 
 #include <QChar>
 
-/// For QChar and for bytes of UTF-8.
+/// Whether a QChar or a byte of UTF-8 is one of the digits 0 to 9.
 inline constexpr auto isDigit = [](auto c) { return c >= u'0' && c <= u'9'; };
 
 /// Whether a byte of UTF-8 goes on with a character that one before it has begun.

@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 MessagePresenter &presenter()
@@ -15,7 +17,7 @@ MessagePresenter &presenter()
 
 QString defaultMessageTitle()
 {
-    return QStringLiteral("Orbek SQL Editor");
+    return u"Orbek SQL Editor"_s;
 }
 
 MessageAnswer showMessage(const Message &message)

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::function<void(int)> &replacedEnd()
@@ -52,11 +54,11 @@ bool startsMaximized()
 void openPage(const QString &address)
 {
 #if defined(Q_OS_WIN)
-    const QString opener = QStringLiteral("explorer");
+    const QString opener = u"explorer"_s;
 #elif defined(Q_OS_MACOS)
-    const QString opener = QStringLiteral("open");
+    const QString opener = u"open"_s;
 #else
-    const QString opener = QStringLiteral("xdg-open");
+    const QString opener = u"xdg-open"_s;
 #endif
     const QString program = QStandardPaths::findExecutable(opener);
     if (program.isEmpty())

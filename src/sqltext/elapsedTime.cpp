@@ -9,6 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The other bound is left alone: a run over midnight is to show its negative time.
 int notTooLong(int seconds)
 {
     if (seconds > std::numeric_limits<qint16>::max())
