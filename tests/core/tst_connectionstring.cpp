@@ -13,6 +13,8 @@
 #include "support/raisedError.h"
 #include "support/textRows.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -53,6 +55,22 @@ QString opened(const QString &text)
     return u"yes"_s;
 }
 
+/// Logs on to an ODBC data source. @returns the messages that were shown
+QStringList logOn(const QString &database, bool &connected, std::shared_ptr<Connection> &conn,
+                  QString &connectionString)
+{
+    QStringList shown;
+    setMessagePresenter({[&](const Message &message) {
+                             shown.append(message.text);
+                             return MessageAnswer::Ok;
+                         },
+                         {}});
+    connectDb(u"scott"_s, u"tiger"_s, database, connected, conn, LoginDriver::OdbcDataSource,
+              LoginPrivilege::Normal, connectionString);
+    setMessagePresenter({});
+    return shown;
+}
+
 } // namespace
 
 class tst_connectionstring : public QObject
@@ -65,6 +83,7 @@ private slots:
     void loginTexts_data();
     void loginTexts() { compareTextRow(); }
     void failedLogin();
+    void failedBegin();
     void manyItems();
     void missingOracleDriverIsNamed();
 };
@@ -134,28 +153,40 @@ void tst_connectionstring::loginTexts_data()
 
 void tst_connectionstring::failedLogin()
 {
-    QStringList shown;
-    setMessagePresenter({[&](const Message &message) {
-                             shown.append(message.text);
-                             return MessageAnswer::Ok;
-                         },
-                         {}});
     gConnectString = u"the last good one"_s;
     QString connectionString = u"untouched"_s;
     const auto before = std::make_shared<Connection>();
     std::shared_ptr<Connection> conn = before;
     bool connected = true;
-    connectDb(u"scott"_s, u"tiger"_s, u"x;Provider=NoSuchProvider"_s, connected, conn,
-              LoginDriver::OdbcDataSource, LoginPrivilege::Normal, connectionString);
-    setMessagePresenter({});
-
+    QCOMPARE(logOn(u"x;Provider=NoSuchProvider"_s, connected, conn, connectionString),
+             QStringList{errorDescription(ErrorNumber::ProviderNotFound)});
     QVERIFY(!connected);
-    QCOMPARE(shown, QStringList{errorDescription(ErrorNumber::ProviderNotFound)});
     QVERIFY(conn && conn != before);
     QCOMPARE(conn->State(), adStateClosed);
     QCOMPARE(conn->CursorLocation(), adUseClient);
     QCOMPARE(connectionString, u"untouched"_s);
     QCOMPARE(gConnectString, u"the last good one"_s);
+}
+
+// The connection is open then, and known by its string.
+void tst_connectionstring::failedBegin()
+{
+    const QTemporaryDir folder;
+    QFile sources(folder.filePath(u"odbc.ini"_s));
+    QVERIFY(sources.open(QIODevice::WriteOnly));
+    sources.write("[fake]\nDriver = " QUERNA_FAKE_DRIVER "\n");
+    sources.close();
+    qputenv("ODBCINI", QFile::encodeName(sources.fileName()));
+    const QString database = u"fake;NOBEGIN=1"_s;
+    QString connectionString;
+    std::shared_ptr<Connection> conn;
+    bool connected = true;
+    QCOMPARE(logOn(database, connected, conn, connectionString),
+             QStringList{u"there are no transactions"_s});
+    QVERIFY(!connected);
+    QCOMPARE(conn->State(), adStateOpen);
+    QCOMPARE(connectionString, u"DSN=%1;ChunkSize=65535;Uid=scott;Pwd=tiger"_s.arg(database));
+    QCOMPARE(gConnectString, connectionString);
 }
 
 // Reading takes no longer for an item that has many before it.

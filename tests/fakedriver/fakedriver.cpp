@@ -4,6 +4,7 @@
 //     GETDATA=<n>     what SQL_GETDATA_EXTENSIONS says (15 when left out)
 //     ONERESULT=1     refuses a statement while another's rows are still to be read
 //     ACTIVITIES=<n>  what SQL_MAX_CONCURRENT_ACTIVITIES says
+//     NOBEGIN=1       refuses to turn autocommit off
 //
 // The connection string is written to the file that the environment names in FAKEDRIVER_RECORD.
 // Every statement, and every end of a transaction, is added to the file named in
@@ -103,8 +104,11 @@ SQLRETURN SQL_API SQLSetEnvAttr(SQLHENV, SQLINTEGER, SQLPOINTER, SQLINTEGER)
     return SQL_SUCCESS;
 }
 
-SQLRETURN SQL_API SQLSetConnectAttr(SQLHDBC, SQLINTEGER, SQLPOINTER, SQLINTEGER)
+SQLRETURN SQL_API SQLSetConnectAttr(SQLHDBC handle, SQLINTEGER attribute, SQLPOINTER, SQLINTEGER)
 {
+    auto &connection = as<Connection>(handle);
+    if (attribute == SQL_ATTR_AUTOCOMMIT && connection.item("NOBEGIN", 0) != 0)
+        return connection.fail("HY000", 1453, "there are no transactions");
     return SQL_SUCCESS;
 }
 
