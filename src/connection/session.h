@@ -13,6 +13,7 @@
 extern std::shared_ptr<Connection> gConnection;
 /// The connection string that last opened gConnection. Holds the password.
 extern QString gConnectString;
+/// Of the log-on: user name, password, and the name of the database or of the ODBC data source.
 extern QString gUserName;
 extern QString gPassword;
 extern QString gTnsName;

@@ -61,7 +61,7 @@ void CommandPrivate::prepare(const std::shared_ptr<OdbcSession> &session, const 
     const QString adapted = session->adapted(text);
     OdbcHandle statement;
     session->withResultsReleased([&] {
-        statement = session->newStatement(adapted);
+        statement = session->statementFor(adapted);
         prepareText(statement, adapted);
     });
     for (size_t i = 0; i < m_buffers.size(); ++i)

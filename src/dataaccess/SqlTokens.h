@@ -25,6 +25,7 @@ class SqlTokens
 public:
     explicit SqlTokens(QStringView text);
 
+    /// The next token; one of the kind End when there is none.
     SqlToken next();
     /// The text that has not been read.
     QStringView rest() const { return m_text.sliced(m_position); }

@@ -30,9 +30,9 @@ public:
     void setResult(std::shared_ptr<Recordset> result) { m_result = std::move(result); }
     std::shared_ptr<Recordset> result() const { return m_result; }
 
-    /// Opens @p sql on @p connection and copies the first set; a query without rows leaves the
-    /// result closed and without columns. Line ends in @p sql become line feeds. A text of blanks
-    /// does nothing.
+    /// Opens @p sql on @p connection and copies the first set into the result(), which has to be
+    /// set; a query without rows leaves the result closed and without columns. Line ends in @p sql
+    /// become line feeds. A text of blanks does nothing.
     /// @throws RuntimeError the server's; 3704 when the statement returns no rows at all
     void openResult(QString &sql, const std::shared_ptr<Connection> &connection);
 

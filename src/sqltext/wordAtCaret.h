@@ -19,6 +19,7 @@ enum class KeyClass {
     Delete = 7
 };
 
+/// The kind of a key that went down.
 /// @param keyCode  Windows virtual-key code
 /// @param shift    1 Shift + 2 Ctrl + 4 Alt
 KeyClass keyClass(int keyCode, int shift);

@@ -20,6 +20,7 @@ class OdbcCursor final : public RowSource
 {
 public:
     /// Sends @p commandText and reads its first result with columns; null when there is none.
+    /// @throws RuntimeError with the driver's text
     static std::unique_ptr<OdbcCursor> open(OdbcSession &session, const QString &commandText,
                                             int rowsPerBlock);
 

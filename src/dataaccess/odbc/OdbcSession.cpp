@@ -234,7 +234,7 @@ void OdbcSession::prepareToSend()
         releaseResults();
 }
 
-OdbcHandle OdbcSession::newStatement(const QString &text)
+OdbcHandle OdbcSession::statementFor(const QString &text)
 {
     OdbcHandle statement(std::move(m_spareStatement));
     if (!statement)
@@ -251,7 +251,7 @@ OdbcHandle OdbcSession::send(const QString &text)
 {
     OdbcHandle statement;
     withResultsReleased([&] {
-        statement = newStatement(text);
+        statement = statementFor(text);
         executeText(statement, text);
     });
     if (skipToColumns(statement))

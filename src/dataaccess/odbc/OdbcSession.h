@@ -25,18 +25,22 @@ public:
     /// Ends what the clients read, rolls back and disconnects; failures are ignored.
     void close();
 
+    /// @throws RuntimeError -2147168237 within a transaction, otherwise the driver's
     void beginTransaction();
-    void endTransaction(SQLSMALLINT completion); ///< SQL_COMMIT or SQL_ROLLBACK
+    /// @param completion  SQL_COMMIT or SQL_ROLLBACK
+    /// @throws RuntimeError -2147168242 outside a transaction, otherwise the driver's
+    void endTransaction(SQLSMALLINT completion);
 
     /// Sends a command text, having taken it for a procedure call or adapted it where that is due.
     /// @returns the statement, on its first result with columns; null when there is none, every
     ///          result then being taken in
+    /// @throws RuntimeError with the driver's text, or the adapter's
     OdbcHandle executeCommand(const QString &commandText);
 
     /// The text as executeCommand() would send it.
     QString adapted(const QString &text);
-    /// A statement without a result, for a text that is sent as @p text.
-    OdbcHandle newStatement(const QString &text);
+    /// A statement that is ready to send @p text.
+    OdbcHandle statementFor(const QString &text);
     /// Runs @p action; when the driver refuses it because results are open on this session, reads
     /// these into memory and runs it once more.
     void withResultsReleased(const std::function<void()> &action);

@@ -12,8 +12,10 @@ class QJsonArray;
 class PlanReader
 {
 public:
+    /// @param statement  what the plan is of
     explicit PlanReader(const QString &statement);
 
+    /// The steps of a plan; see planSteps().
     QList<PlanStep> read(const QJsonObject &plan);
 
 private:

@@ -19,6 +19,7 @@ public:
     void make() const;
 
     QString path() const { return m_path; }
+    /// The path of a file in the folder.
     QString file(const QString &name) const;
     /// The server's data directory; it exists only when it is complete.
     QString dataPath() const;

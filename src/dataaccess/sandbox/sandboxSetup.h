@@ -9,6 +9,7 @@
 /// Making the sandbox's database out of the server's empty one.
 
 /// A file of the sandbox's own: its SQL, or the scripts that look after the server.
+/// @throws RuntimeError 53 when there is none of that name
 QByteArray sandboxResource(const QString &name);
 
 /// What a server's output says about a failure: its first error lines, or else its last lines.
