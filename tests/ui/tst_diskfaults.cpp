@@ -1,5 +1,4 @@
 #include "app/MDIFormQuerna.h"
-#include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
 #include "dataaccess/sandbox/SandboxServer.h"
 #include "history/historyFile.h"
@@ -12,15 +11,14 @@
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
+#include "uisupport/userActions.h"
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <cstring>
 #include <memory>
 
 #include <sched.h>
@@ -171,16 +169,11 @@ void TestDiskFaults::checkExports(ProgramFixture &program, const QString &error)
     for (const int option : {0, 2, 3, 4}) {
         MessageAnswers messages;
         const QString path = m_place + u"/export%1"_s.arg(option);
-        whenModal([option, path](QWidget *dialog) {
-            dialog->findChild<QAbstractButton *>(u"optExport_%1"_s.arg(option))->click();
-            answerFileDialog(path);
-            dialog->findChild<QAbstractButton *>(u"cmdExpOK"_s)->click();
-        });
-        program.press(u"tbrQuerna"_s, 3);
+        exportRows(program, option, path);
         const bool speaks = option == 2 || option == 3;
         QCOMPARE(messages.texts.size(), speaks ? 1 : 0);
         QVERIFY(!speaks || messages.texts.first().endsWith(u' ' + error));
-        QCOMPARE(program.grid()->model()->rowCount(), 1);
+        QCOMPARE(program.rows(), 1);
         QFile::remove(path); // the next one is to find some room as well
     }
 }
@@ -245,8 +238,7 @@ void TestDiskFaults::files()
     if (!m_mounts && (kind == "full"_L1 || kind == "read-only"_L1))
         QSKIP("The system lets this user mount nothing.");
     makePlace(kind);
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     program.run(u"select hex(zeroblob(60000)) as a"_s);
     program.text()->setText(QString(100'000, u'x'));
 
@@ -273,8 +265,7 @@ void TestDiskFaults::sandboxWithoutRoom()
     QVERIFY(mountMemory(m_mounted, 0, "size=2m"));
     qputenv(SandboxFixture::folderVariable, QFile::encodeName(m_folder->filePath(u"s"_s)));
     const QString database = u"x;Provider=OrbekSandbox"_s;
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     MessageAnswers messages;
     program.logOn(u"scott"_s, u"tiger"_s, database);
     QCOMPARE(messages.texts.size(), 1);
@@ -290,7 +281,7 @@ void TestDiskFaults::sandboxWithoutRoom()
     // Servers give up as a whole when they cannot write.
     program.logOn(u"scott"_s, u"tiger"_s, database);
     program.run(u"select count(*) from sales"_s);
-    QCOMPARE(program.grid()->model()->index(0, 0).data().toString(), u"100000"_s);
+    QCOMPARE(program.cell(0, 0), u"100000"_s);
     QCOMPARE(messages.texts.size(), 2);
 }
 

@@ -44,9 +44,7 @@ class tst_EditorCaret : public QObject
 {
     Q_OBJECT
 private slots:
-    void lineAndColumn_data();
     void lineAndColumn();
-    void lineAndColumnInOneValue();
     void panelFollowsTheCaret();
     void tabStopsComeBack();
     void lastKeyIsKept();
@@ -55,32 +53,18 @@ private slots:
     void colouringKeepsTheView();
 };
 
-void tst_EditorCaret::lineAndColumn_data()
-{
-    QTest::addColumn<int>("position");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<int>("column");
-
-    QTest::newRow("start") << 0 << 1 << 1;
-    QTest::newRow("end of the first line") << 3 << 1 << 4;
-    QTest::newRow("third of the second") << 7 << 2 << 3;
-    QTest::newRow("behind a pair") << 10 << 2 << 6;
-    QTest::newRow("empty last line") << 12 << 3 << 1;
-}
-
 void tst_EditorCaret::lineAndColumn()
 {
-    QFETCH(int, position);
     EditorControl editor;
     editor.setText(u"abc\ndef😀\n"_s);
-    editor.setSelStart(position);
-    QTEST(CurrentLine(editor), "line");
-    QTEST(CurrentColumn(editor), "column");
-}
-
-void tst_EditorCaret::lineAndColumnInOneValue()
-{
-    EditorControl editor;
+    for (const auto &[position, line, column] :
+         {std::tuple(0, 1, 1), std::tuple(3, 1, 4), std::tuple(7, 2, 3), std::tuple(10, 2, 6),
+          std::tuple(12, 3, 1)}) {
+        editor.setSelStart(position);
+        QCOMPARE(CurrentLine(editor), line);
+        QCOMPARE(CurrentColumn(editor), column);
+    }
+    // Both in one value, the line in its upper half.
     editor.setText(u"\n"_s.repeated(40000) + QString(40000, u'x'));
     editor.setSelStart(4);
     QCOMPARE(caretLineColumn(editor), (3 << 16) + 1);

@@ -4,6 +4,7 @@
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -32,25 +33,32 @@ QByteArray looks(EditorControl &editor)
     return styles;
 }
 
-/// The colour that a character is written in by the colouring.
+/// The widget keeps colours with blue in the high byte.
+QColor colourOf(long bgr)
+{
+    return {static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF),
+            static_cast<int>((bgr >> 16) & 0xFF)};
+}
+
+/// An attribute of the style that a character is written in by the colouring.
+long styleOf(EditorControl &editor, int position, unsigned attribute)
+{
+    const auto style = static_cast<unsigned long>(looks(editor).at(position) & 0xFF);
+    return editor.SendScintilla(attribute, style);
+}
+
 QColor wordColour(EditorControl &editor, int position)
 {
-    const auto style = static_cast<unsigned long>(looks(editor).at(position));
-    const auto bgr = static_cast<QRgb>(editor.SendScintilla(Sci::SCI_STYLEGETFORE, style));
-    return {static_cast<int>(bgr & 0xFFU), static_cast<int>((bgr >> 8U) & 0xFFU),
-            static_cast<int>((bgr >> 16U) & 0xFFU)};
+    return colourOf(styleOf(editor, position, Sci::SCI_STYLEGETFORE));
 }
 
 /// The colour that was set on a character; none when it has that of its word.
 std::optional<QColor> ownColour(EditorControl &editor, int position)
 {
-    const auto value = editor.SendScintilla(Sci::SCI_INDICATORVALUEAT,
+    const long value = editor.SendScintilla(Sci::SCI_INDICATORVALUEAT,
                                             static_cast<unsigned long>(Sci::INDIC_CONTAINER),
                                             static_cast<long>(position));
-    if (value == 0)
-        return std::nullopt;
-    return QColor(static_cast<int>(value & 0xFF), static_cast<int>((value >> 8) & 0xFF),
-                  static_cast<int>((value >> 16) & 0xFF));
+    return value == 0 ? std::nullopt : std::optional(colourOf(value));
 }
 
 /// How many points of the editor's picture have a colour.
@@ -64,23 +72,6 @@ int countPixels(EditorControl &editor, const QColor &color)
     }
     return count;
 }
-
-class Random
-{
-public:
-    explicit Random(quint32 seed)
-        : m_state(seed)
-    {
-    }
-    int below(int limit)
-    {
-        m_state = m_state * 1664525U + 1013904223U;
-        return static_cast<int>((m_state >> 8U) % static_cast<quint32>(limit));
-    }
-
-private:
-    quint32 m_state;
-};
 
 const QColor orange(255, 140, 0);
 
@@ -97,8 +88,6 @@ private slots:
     void colouringIsNoStep();
     void badDefinitionChangesNothing();
     void pickedTextIsOrange();
-    void replacedTextTakesTheFormat();
-    void formatsMoveWithTheText();
     void fontsLieOverTheColours();
     void typedTextTakesWhatWasSet();
     void readableOnEveryBackground_data();
@@ -137,11 +126,11 @@ void tst_EditorColouring::editsLeaveNoStaleColour()
     const QStringList words{u"'"_s,    u"/*"_s, u"*/"_s, u"--"_s,    u"select"_s,  u"java class"_s,
                             u"q'["_s,  u"]'"_s, u"\""_s, u"1.5e3"_s, u"\n"_s,      u"a"_s,
                             u"date"_s, u"é😀"_s, u"  "_s, u"'x'"_s,   u"/* y */"_s, u"class"_s};
-    Random random(7);
+    QRandomGenerator random(7);
     QString text;
     for (int i = 0; i < pieces; ++i) {
         // Quotes and comment marks stay rare, so that there is something between them.
-        text += words.at(random.below(8) > 0 ? 4 + 7 * random.below(2) : random.below(18));
+        text += words.at(random.bounded(8) > 0 ? 4 + 7 * random.bounded(2) : random.bounded(18));
         text += separator;
     }
     EditorControl edited;
@@ -151,13 +140,13 @@ void tst_EditorColouring::editsLeaveNoStaleColour()
     edited.setText(text);
     looks(edited);
     for (int i = 0; i < edits; ++i) {
-        edited.setSelStart(random.below(edited.textLength() + 1));
-        edited.setSelLength(random.below(3) == 0 ? random.below(30) : 0);
-        edited.setSelText(words.at(random.below(static_cast<int>(words.size()))));
+        edited.setSelStart(random.bounded(edited.textLength() + 1));
+        edited.setSelLength(random.bounded(3) == 0 ? random.bounded(30) : 0);
+        edited.setSelText(words.at(random.bounded(static_cast<int>(words.size()))));
         // Sometimes only a part is shown before the next edit.
-        if (random.below(3) == 0) {
+        if (random.bounded(3) == 0) {
             emit edited.SCN_STYLENEEDED(
-                random.below(static_cast<int>(edited.SendScintilla(Sci::SCI_GETLENGTH)) + 1));
+                random.bounded(static_cast<int>(edited.SendScintilla(Sci::SCI_GETLENGTH)) + 1));
             continue;
         }
         fresh.setText(edited.GetText());
@@ -223,47 +212,14 @@ void tst_EditorColouring::pickedTextIsOrange()
     QCOMPARE(ownColour(editor, 7), std::nullopt);
     QCOMPARE(ownColour(editor, 8), orange);
     QCOMPARE(ownColour(editor, 18), std::nullopt);
-    editor.setText(u"x\nfrom MMMM.EMP"_s);
-    QCOMPARE(countPixels(editor, orange), 0);
-}
-
-void tst_EditorColouring::replacedTextTakesTheFormat()
-{
-    EditorControl editor;
-    editor.setBackColor(Qt::white);
-    editor.resize(600, 200);
-    editor.show();
-    editor.setText(u"a b c"_s);
-    editor.setSelStart(2);
-    editor.setSelLength(1);
-    editor.setSelColor(orange);
-    editor.InsertText(u"MMMM"_s);
-    editor.setSelColor(Qt::black);
-    QVERIFY(countPixels(editor, orange) > 0);
-    editor.setSelStart(2);
-    editor.setSelLength(4);
+    // What is set on it later replaces it.
+    editor.setSelStart(8);
+    editor.setSelLength(10);
     editor.setSelColor(Qt::black);
     QCOMPARE(countPixels(editor, orange), 0);
 }
 
-void tst_EditorColouring::formatsMoveWithTheText()
-{
-    EditorControl editor;
-    prepare(editor);
-    editor.setText(u"one two three"_s);
-    editor.setSelStart(4);
-    editor.setSelLength(3);
-    editor.setSelBold(true);
-    editor.setSelStart(0);
-    editor.InsertText(u"é "_s);
-    const QByteArray styles = looks(editor);
-    for (int i = 0; i < styles.size(); ++i) {
-        const bool isBold = editor.SendScintilla(Sci::SCI_STYLEGETBOLD,
-                                                 static_cast<unsigned long>(styles[i] & 0xFF)) != 0;
-        QCOMPARE(isBold, i >= 7 && i < 10);
-    }
-}
-
+// They move with the text, and keep to its characters.
 void tst_EditorColouring::fontsLieOverTheColours()
 {
     EditorControl editor;
@@ -275,17 +231,17 @@ void tst_EditorColouring::fontsLieOverTheColours()
     editor.setSelFontSize(20);
     editor.setSelLength(3);
     editor.setSelBold(true);
-    const auto styleAt = [&](int position) {
-        return static_cast<unsigned long>(looks(editor).at(position) & 0xFF);
-    };
-    for (const int at : {0, 4}) {
-        QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETITALIC, styleAt(at)), 1);
-        QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETSIZE, styleAt(at)), 20);
-        QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETBOLD, styleAt(at)), at < 3 ? 1 : 0);
+    editor.setSelStart(0);
+    editor.InsertText(u"é "_s);
+    const int begin = 3; // in bytes
+    for (const int at : {0, 4, 7}) {
+        const bool isSet = at < 6;
+        QCOMPARE(styleOf(editor, begin + at, Sci::SCI_STYLEGETITALIC) != 0, isSet);
+        QCOMPARE(styleOf(editor, begin + at, Sci::SCI_STYLEGETSIZE) == 20, isSet);
+        QCOMPARE(styleOf(editor, begin + at, Sci::SCI_STYLEGETBOLD) != 0, at < 3);
+        QCOMPARE(wordColour(editor, begin + at), QColor(Qt::blue));
     }
-    QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETITALIC, styleAt(8)), 0);
-    QCOMPARE(editor.SendScintilla(Sci::SCI_STYLEGETFORE, styleAt(0)),
-             editor.SendScintilla(Sci::SCI_STYLEGETFORE, styleAt(8)));
+    QCOMPARE(styleOf(editor, 0, Sci::SCI_STYLEGETITALIC), 0);
 }
 
 void tst_EditorColouring::typedTextTakesWhatWasSet()

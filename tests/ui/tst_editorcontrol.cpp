@@ -4,13 +4,10 @@
 
 #include <QAccessible>
 #include <QClipboard>
-#include <QDropEvent>
 #include <QGuiApplication>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -25,18 +22,14 @@ private slots:
     void selectionIsClamped();
     void oddCharactersKeepTheRest();
     void replacingTheTextIsOneStep();
-    void loadingForgetsTheSteps();
-    void failedLoadKeepsTheText();
+    void loading();
     void largeFileIsWatchedToo();
     void readOnlyTextStays();
     void keysAreReported_data();
     void keysAreReported();
     void caretIsReported();
-    void selectAllKeyDoesNothing();
-    void zoomKeys();
+    void otherKeys();
     void lineNumbersGrow();
-    void pastedLineEnds();
-    void droppedFile();
     void seenByScreenReaders();
 };
 
@@ -51,6 +44,9 @@ void tst_EditorControl::textHasCrLfLineEnds()
     QCOMPARE(editor.Text(), u"a\r\nbx\r\ny\r\nc\r\nd"_s);
     QCOMPARE(editor.SelStart(), 8);
     QCOMPARE(editor.SelLength(), 0);
+    QGuiApplication::clipboard()->setText(u"-\n"_s);
+    QTest::keyClick(&editor, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(editor.Text(), u"a\r\nbx\r\ny-\r\n\r\nc\r\nd"_s);
 }
 
 void tst_EditorControl::positionsAreUtf16Units()
@@ -143,33 +139,28 @@ void tst_EditorControl::replacingTheTextIsOneStep()
     QCOMPARE(editor.GetText(), u"second\r\nline"_s);
 }
 
-void tst_EditorControl::loadingForgetsTheSteps()
+// A load that fails leaves the text and its steps, one that does not forgets them.
+void tst_EditorControl::loading()
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(u"a.sql"_s);
-    makeFile(file, "\xFF\xFE"
-                   "a\0\r\0\xE4\0"_ba);
-
     EditorControl editor;
     editor.setText(u"typed"_s);
+    editor.setText(u"more"_s);
+    QCOMPARE(raisedError([&] { editor.LoadFile(file); }), 53);
+    QCOMPARE(raisedError([&] { editor.LoadFile(folder.path()); }), 75);
+    QCOMPARE(editor.GetText(), u"more"_s);
+    editor.ExecuteCommand(100);
+    QCOMPARE(editor.GetText(), u"typed"_s);
+
+    makeFile(file, "\xFF\xFE"
+                   "a\0\r\0\xE4\0"_ba);
     editor.LoadFile(file);
     QCOMPARE(editor.GetText(), u"a\r\nä"_s);
     QCOMPARE(editor.SelStart(), 0);
     editor.ExecuteCommand(100);
     QCOMPARE(editor.GetText(), u"a\r\nä"_s);
     QVERIFY(!editor.isModified());
-}
-
-void tst_EditorControl::failedLoadKeepsTheText()
-{
-    const QTemporaryDir folder;
-    EditorControl editor;
-    editor.setText(u"typed"_s);
-    QCOMPARE(raisedError([&] { editor.LoadFile(folder.filePath(u"none.sql"_s)); }), 53);
-    QCOMPARE(raisedError([&] { editor.LoadFile(folder.path()); }), 75);
-    QCOMPARE(editor.GetText(), u"typed"_s);
-    editor.ExecuteCommand(100);
-    QCOMPARE(editor.GetText(), u""_s);
 }
 
 void tst_EditorControl::largeFileIsWatchedToo()
@@ -269,18 +260,11 @@ void tst_EditorControl::caretIsReported()
     QCOMPARE(moves.count(), 0);
 }
 
-void tst_EditorControl::selectAllKeyDoesNothing()
+// Those that zoom leave the text alone; the usual one for selecting all does nothing.
+void tst_EditorControl::otherKeys()
 {
     EditorControl editor;
     editor.setText(u"text"_s);
-    QTest::keyClick(&editor, Qt::Key_A, Qt::ControlModifier);
-    QCOMPARE(editor.SelLength(), 0);
-    QCOMPARE(editor.GetText(), u"text"_s);
-}
-
-void tst_EditorControl::zoomKeys()
-{
-    EditorControl editor;
     QTest::keyClick(&editor, Qt::Key_Plus, Qt::ControlModifier);
     QTest::keyClick(&editor, Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(editor.zoomLevel(), 2);
@@ -288,7 +272,9 @@ void tst_EditorControl::zoomKeys()
     QCOMPARE(editor.zoomLevel(), 1);
     QTest::keyClick(&editor, Qt::Key_0, Qt::ControlModifier);
     QCOMPARE(editor.zoomLevel(), 0);
-    QCOMPARE(editor.GetText(), u""_s);
+    QTest::keyClick(&editor, Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(editor.SelLength(), 0);
+    QCOMPARE(editor.GetText(), u"text"_s);
 }
 
 void tst_EditorControl::lineNumbersGrow()
@@ -299,32 +285,6 @@ void tst_EditorControl::lineNumbersGrow()
     QVERIFY(editor.marginWidth(0) > width);
     editor.setText(u""_s);
     QCOMPARE(editor.marginWidth(0), width);
-}
-
-void tst_EditorControl::pastedLineEnds()
-{
-    EditorControl editor;
-    editor.setText(u"a"_s);
-    QGuiApplication::clipboard()->setText(u"x\ny\n"_s);
-    QTest::keyClick(&editor, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(editor.GetText(), u"x\r\ny\r\na"_s);
-}
-
-void tst_EditorControl::droppedFile()
-{
-    EditorControl editor;
-    editor.setText(u"text"_s);
-    QSignalSpy drops(&editor, &EditorControl::fileDropped);
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(u"/some folder/a.sql"_s)});
-    QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(editor.viewport(), &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent drop(QPointF(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(editor.viewport(), &drop);
-    QCOMPARE(drops.count(), 1);
-    QCOMPARE(drops.first().first().toString(), u"/some folder/a.sql"_s);
-    QCOMPARE(editor.GetText(), u"text"_s);
 }
 
 void tst_EditorControl::seenByScreenReaders()

@@ -1,11 +1,12 @@
 #include "controls/EditorControl.h"
 #include "controls/EditorSearch.h"
 #include "uisupport/ModalAnswers.h"
+#include "uisupport/userActions.h"
 
 #include <QCheckBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPageSetupDialog>
 #include <QPushButton>
 #include <QTest>
 
@@ -25,27 +26,21 @@ private slots:
     void keysOfTheDialog();
     void replacesOneAfterTheOther();
     void replacesAllInOneStep();
-    void replacesManyInOneLine();
-    void readOnlyTextIsNotReplaced();
-    void selectionIsOffered();
+    void offersTheSelection();
     void pageSetup();
 
 private:
-    template <typename Widget>
-    Widget &part(const QString &dialog, const QString &name)
+    QDialog &findDialog() { return *m_editor->findChild<QDialog *>(u"EditorFindDialog"_s); }
+    QDialog &replaceDialog() { return *m_editor->findChild<QDialog *>(u"EditorReplaceDialog"_s); }
+    static QString note(const QDialog &dialog)
     {
-        auto *window = m_editor->findChild<QDialog *>(dialog);
-        Q_ASSERT(window);
-        return *window->findChild<Widget *>(name);
+        return dialog.findChild<QLabel *>(u"lblNote"_s)->text();
     }
-    void click(const QString &dialog, const QString &button)
+    static bool isEnabled(const QDialog &dialog, const QString &button)
     {
-        QTest::mouseClick(&part<QPushButton>(dialog, button), Qt::LeftButton);
+        return dialog.findChild<QPushButton *>(button)->isEnabled();
     }
-    QString note(const QString &dialog) { return part<QLabel>(dialog, u"lblNote"_s).text(); }
 
-    const QString m_find = u"EditorFindDialog"_s;
-    const QString m_replace = u"EditorReplaceDialog"_s;
     std::unique_ptr<EditorControl> m_editor;
 };
 
@@ -64,20 +59,17 @@ void tst_EditorDialogs::findsOnwardsAndWraps()
 {
     m_editor->setText(u"é one\ntwo one"_s);
     m_editor->FindDialog();
-    QTest::keyClicks(&part<QLineEdit>(m_find, u"txtSearch"_s), u"one"_s);
-    click(m_find, u"cmdFindNext"_s);
-    QCOMPARE(m_editor->SelStart(), 2);
-    QCOMPARE(m_editor->SelText(), u"one"_s);
-    click(m_find, u"cmdFindNext"_s);
-    QCOMPARE(m_editor->SelStart(), 11);
-    QCOMPARE(note(m_find), u""_s);
-    click(m_find, u"cmdFindNext"_s);
-    QCOMPARE(m_editor->SelStart(), 2);
-    QVERIFY(!note(m_find).isEmpty());
-    click(m_find, u"cmdFindPrevious"_s);
-    QCOMPARE(m_editor->SelStart(), 11);
-    click(m_find, u"cmdFindPrevious"_s);
-    QCOMPARE(m_editor->SelStart(), 2);
+    enter(findDialog(), u"txtSearch"_s, u"one"_s);
+    const QString next = u"cmdFindNext"_s;
+    const QString previous = u"cmdFindPrevious"_s;
+    for (const auto &[button, start, wraps] :
+         {std::tuple(next, 2, false), std::tuple(next, 11, false), std::tuple(next, 2, true),
+          std::tuple(previous, 11, true), std::tuple(previous, 2, false)}) {
+        click(findDialog(), button);
+        QCOMPARE(m_editor->SelStart(), start);
+        QCOMPARE(m_editor->SelText(), u"one"_s);
+        QCOMPARE(note(findDialog()).isEmpty(), !wraps);
+    }
 }
 
 void tst_EditorDialogs::options_data()
@@ -101,10 +93,10 @@ void tst_EditorDialogs::options()
     QFETCH(bool, wholeWord);
     m_editor->setText(u"emps EMP Emps Emp ä"_s);
     m_editor->FindDialog();
-    part<QLineEdit>(m_find, u"txtSearch"_s).setText(wanted);
-    part<QCheckBox>(m_find, u"chkMatchCase"_s).setChecked(matchCase);
-    part<QCheckBox>(m_find, u"chkWholeWord"_s).setChecked(wholeWord);
-    click(m_find, u"cmdFindNext"_s);
+    findDialog().findChild<QLineEdit *>(u"txtSearch"_s)->setText(wanted);
+    findDialog().findChild<QCheckBox *>(u"chkMatchCase"_s)->setChecked(matchCase);
+    findDialog().findChild<QCheckBox *>(u"chkWholeWord"_s)->setChecked(wholeWord);
+    click(findDialog(), u"cmdFindNext"_s);
     QTEST(m_editor->SelStart(), "start");
 }
 
@@ -113,14 +105,13 @@ void tst_EditorDialogs::notFoundIsSaid()
     m_editor->setText(u"text"_s);
     m_editor->setSelStart(2);
     m_editor->FindDialog();
-    auto &search = part<QLineEdit>(m_find, u"txtSearch"_s);
-    QVERIFY(!part<QPushButton>(m_find, u"cmdFindNext"_s).isEnabled());
-    search.setText(u"nothing"_s);
-    click(m_find, u"cmdFindNext"_s);
-    QVERIFY(note(m_find).contains(u"nothing"_s));
+    QVERIFY(!isEnabled(findDialog(), u"cmdFindNext"_s));
+    enter(findDialog(), u"txtSearch"_s, u"nothing"_s);
+    click(findDialog(), u"cmdFindNext"_s);
+    QVERIFY(note(findDialog()).contains(u"nothing"_s));
     QCOMPARE(m_editor->SelStart(), 2);
-    QTest::keyClicks(&search, u"x"_s);
-    QCOMPARE(note(m_find), u""_s);
+    enter(findDialog(), u"txtSearch"_s, u"x"_s);
+    QCOMPARE(note(findDialog()), u""_s);
 }
 
 void tst_EditorDialogs::keysOfTheDialog()
@@ -128,36 +119,35 @@ void tst_EditorDialogs::keysOfTheDialog()
     m_editor->setText(u"a b a"_s);
     m_editor->setSelStart(1);
     m_editor->FindDialog();
-    auto *dialog = m_editor->findChild<QDialog *>(m_find);
-    QVERIFY(!dialog->isModal());
-    auto &search = part<QLineEdit>(m_find, u"txtSearch"_s);
-    QTest::keyClicks(&search, u"a"_s);
-    QTest::keyClick(&search, Qt::Key_Return);
+    QVERIFY(!findDialog().isModal());
+    auto *search = findDialog().findChild<QLineEdit *>(u"txtSearch"_s);
+    QTest::keyClicks(search, u"a"_s);
+    QTest::keyClick(search, Qt::Key_Return);
     QCOMPARE(m_editor->SelStart(), 4);
-    QTest::keyClick(&search, Qt::Key_Escape);
-    QVERIFY(!dialog->isVisible());
+    QTest::keyClick(search, Qt::Key_Escape);
+    QVERIFY(!findDialog().isVisible());
     // The same dialog comes back with what was looked for.
     m_editor->FindDialog();
-    QCOMPARE(m_editor->findChildren<QDialog *>(m_find).size(), 1);
-    QCOMPARE(search.text(), u"a"_s);
+    QCOMPARE(m_editor->findChildren<QDialog *>().size(), 1);
+    QCOMPARE(search->text(), u"a"_s);
 }
 
 void tst_EditorDialogs::replacesOneAfterTheOther()
 {
     m_editor->setText(u"a x a"_s);
     m_editor->ReplaceDialog();
-    part<QLineEdit>(m_replace, u"txtSearch"_s).setText(u"a"_s);
-    part<QLineEdit>(m_replace, u"txtReplacement"_s).setText(u"long"_s);
+    enter(replaceDialog(), u"txtSearch"_s, u"a"_s);
+    enter(replaceDialog(), u"txtReplacement"_s, u"long"_s);
     // Nothing is selected yet: the first click only finds.
-    click(m_replace, u"cmdReplace"_s);
+    click(replaceDialog(), u"cmdReplace"_s);
     QCOMPARE(m_editor->GetText(), u"a x a"_s);
     QCOMPARE(m_editor->SelText(), u"a"_s);
-    click(m_replace, u"cmdReplace"_s);
+    click(replaceDialog(), u"cmdReplace"_s);
     QCOMPARE(m_editor->GetText(), u"long x a"_s);
     QCOMPARE(m_editor->SelStart(), 7);
-    click(m_replace, u"cmdReplace"_s);
+    click(replaceDialog(), u"cmdReplace"_s);
     QCOMPARE(m_editor->GetText(), u"long x long"_s);
-    QVERIFY(!note(m_replace).isEmpty());
+    QVERIFY(!note(replaceDialog()).isEmpty());
 }
 
 void tst_EditorDialogs::replacesAllInOneStep()
@@ -165,51 +155,42 @@ void tst_EditorDialogs::replacesAllInOneStep()
     const QString text = u"aa é aaa\r\nA"_s;
     m_editor->setText(text);
     m_editor->ReplaceDialog();
-    part<QLineEdit>(m_replace, u"txtSearch"_s).setText(u"a"_s);
-    part<QLineEdit>(m_replace, u"txtReplacement"_s).setText(u"aa"_s);
-    click(m_replace, u"cmdReplaceAll"_s);
+    enter(replaceDialog(), u"txtSearch"_s, u"a"_s);
+    enter(replaceDialog(), u"txtReplacement"_s, u"aa"_s);
+    click(replaceDialog(), u"cmdReplaceAll"_s);
     QCOMPARE(m_editor->GetText(), u"aaaa é aaaaaa\r\naa"_s);
-    QVERIFY(note(m_replace).startsWith(u"6 "_s));
+    QVERIFY(note(replaceDialog()).startsWith(u"6 "_s));
     m_editor->ExecuteCommand(100);
     QCOMPARE(m_editor->GetText(), text);
 
-    part<QLineEdit>(m_replace, u"txtReplacement"_s).clear();
-    part<QCheckBox>(m_replace, u"chkMatchCase"_s).setChecked(true);
-    click(m_replace, u"cmdReplaceAll"_s);
+    enter(replaceDialog(), u"txtReplacement"_s, {});
+    click(replaceDialog(), u"chkMatchCase"_s);
+    click(replaceDialog(), u"cmdReplaceAll"_s);
     QCOMPARE(m_editor->GetText(), u" é \r\nA"_s);
-    click(m_replace, u"cmdReplaceAll"_s);
-    QVERIFY(note(m_replace).startsWith(u"Not found"_s));
-}
+    click(replaceDialog(), u"cmdReplaceAll"_s);
+    QVERIFY(note(replaceDialog()).startsWith(u"Not found"_s));
 
-void tst_EditorDialogs::replacesManyInOneLine()
-{
+    // Many in one line take no longer.
     m_editor->setText(u"ab "_s.repeated(200000));
     EditorSearch search(*m_editor);
     QCOMPARE(search.replaceAll({u"b"_s, true, false}, u"cd"_s), 200000);
     QCOMPARE(m_editor->GetText(), u"acd "_s.repeated(200000));
 }
 
-void tst_EditorDialogs::readOnlyTextIsNotReplaced()
-{
-    m_editor->setText(u"a a"_s);
-    m_editor->setReadOnly(true);
-    m_editor->ReplaceDialog();
-    part<QLineEdit>(m_replace, u"txtSearch"_s).setText(u"a"_s);
-    QVERIFY(part<QPushButton>(m_replace, u"cmdFindNext"_s).isEnabled());
-    QVERIFY(!part<QPushButton>(m_replace, u"cmdReplace"_s).isEnabled());
-    QVERIFY(!part<QPushButton>(m_replace, u"cmdReplaceAll"_s).isEnabled());
-}
-
-void tst_EditorDialogs::selectionIsOffered()
+void tst_EditorDialogs::offersTheSelection()
 {
     m_editor->setText(u"one two\nthree"_s);
     m_editor->setSelStart(4);
-    m_editor->setSelLength(3);
-    m_editor->ReplaceDialog();
-    QCOMPARE(part<QLineEdit>(m_replace, u"txtSearch"_s).text(), u"two"_s);
-    m_editor->setSelLength(99);
-    m_editor->ReplaceDialog();
-    QCOMPARE(part<QLineEdit>(m_replace, u"txtSearch"_s).text(), u"two"_s);
+    // A selection of several lines is none to look for.
+    for (const int length : {3, 99}) {
+        m_editor->setSelLength(length);
+        m_editor->setReadOnly(length == 99);
+        m_editor->ReplaceDialog();
+        QCOMPARE(replaceDialog().findChild<QLineEdit *>(u"txtSearch"_s)->text(), u"two"_s);
+        QVERIFY(isEnabled(replaceDialog(), u"cmdFindNext"_s));
+        QCOMPARE(isEnabled(replaceDialog(), u"cmdReplace"_s), !m_editor->ReadOnly());
+        QCOMPARE(isEnabled(replaceDialog(), u"cmdReplaceAll"_s), !m_editor->ReadOnly());
+    }
 }
 
 void tst_EditorDialogs::pageSetup()

@@ -5,17 +5,19 @@
 #include "connection/session.h"
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
+#include "editor/paneLayout.h"
 #include "platform/settings.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
+#include "uisupport/userActions.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
-#include <QFile>
-#include <QFileDialog>
+#include <QDirIterator>
 #include <QFontDialog>
-#include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -28,27 +30,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString setting(const QString &key)
-{
-    return getSetting(u"Orbek Oracle"_s, u"Settings"_s, key);
-}
-
 frmQuernaLogin *loginOf(MDIFormQuerna &frame)
 {
     return frame.findChild<frmQuernaLogin *>(u"frmQuernaLogin"_s);
 }
 
-void enter(QWidget *form, const QString &name, const QString &text)
-{
-    auto *box = form->findChild<QLineEdit *>(name);
-    box->clear();
-    QTest::keyClicks(box, text);
-}
+const QStringList settingsFile{u"Orbek Oracle.ini"_s};
 
-void click(QWidget *form, const QString &name)
+/// The places where a text can be seen: titles, labels, and files below @p folder.
+QStringList placesOf(const QString &text, const QString &folder)
 {
-    auto *button = form->findChild<QAbstractButton *>(name);
-    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    QStringList places;
+    for (const QWidget *widget : QApplication::allWidgets()) {
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        if (widget->windowTitle().contains(text) || (label && label->text().contains(text)))
+            places += widget->objectName();
+    }
+    QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        if (contentOf(files.next()).contains(text.toUtf8()))
+            places += files.fileName();
+    }
+    return places;
 }
 
 QString menuTree(const QMenuBar &menuBar)
@@ -73,79 +76,84 @@ class TestFrame : public QObject
 {
     Q_OBJECT
 private slots:
-    void emptyCommandLineShowsLogin_data();
     void emptyCommandLineShowsLogin();
     void commandLineOpensTheSession();
     void commandLineThatFailsEndsInSilence();
-    void menusStandInOrder();
-    void toolbarsStandInOrder();
+    void menusAndToolbarsStandInOrder();
     void dividerFollowsTheMouse();
+    void panesAreLaidOutInTwips();
     void recordLimitIsShown();
-    void loginPrivilegesChooseTheDriver();
     void loginKeepsEntriesThoughItFails();
     void loginOnADataSource();
     void closingTheWindowClosesTheConnection();
     void undoWithoutAWindowEndsTheProgram();
     void clipboardCommands();
     void saveAndOpen();
-    void saveThatCannotWrite();
     void fontCommand();
 };
 
-void TestFrame::emptyCommandLineShowsLogin_data()
-{
-    QTest::addColumn<QString>("commandLine");
-    QTest::newRow("nothing") << QString();
-    QTest::newRow("blanks and quotes") << u" \" \"\"  "_s;
-}
-
+// Of blanks and quotes there is nothing left.
 void TestFrame::emptyCommandLineShowsLogin()
 {
-    QFETCH(QString, commandLine);
-    ProgramFixture program;
-    program.start(commandLine);
+    ProgramFixture program(u" \" \"\"  "_s);
     QVERIFY(program.frame().isVisible());
-    QVERIFY(loginOf(program.frame())->isVisible());
-    QVERIFY(!loginOf(program.frame())->isModal());
+    const frmQuernaLogin *login = loginOf(program.frame());
+    QVERIFY(login->isVisible());
+    QVERIFY(!login->isModal());
     QVERIFY(program.editor() == nullptr);
     QVERIFY(!gConnection);
-    click(loginOf(program.frame()), u"cmdCancel"_s);
+
+    // A SYS privilege leaves one driver to choose.
+    const auto option = [&](const QString &name) { return login->findChild<QRadioButton *>(name); };
+    QVERIFY(option(u"optPrefConn_0"_s)->isChecked());
+    QVERIFY(option(u"optSYS_0"_s)->isChecked());
+    click(*login, u"optPrefConn_1"_s);
+    click(*login, u"optSYS_2"_s);
+    QVERIFY(option(u"optPrefConn_2"_s)->isChecked());
+    QVERIFY(!option(u"optPrefConn_0"_s)->isEnabled());
+    QVERIFY(!option(u"optPrefConn_1"_s)->isEnabled());
+    QVERIFY(option(u"optPrefConn_2"_s)->isEnabled());
+    click(*login, u"optSYS_0"_s);
+    QVERIFY(option(u"optPrefConn_0"_s)->isChecked());
+    QVERIFY(option(u"optPrefConn_1"_s)->isEnabled());
+
+    click(*login, u"cmdCancel"_s);
     QVERIFY(program.editor() == nullptr);
     QVERIFY(program.ends.empty());
 }
 
 void TestFrame::commandLineOpensTheSession()
 {
-    ProgramFixture program;
-    const QString connection = sqliteConnectionString(program.folder());
-    program.start(u"\"%1\""_s.arg(connection));
-    QCOMPARE(gConnectString, connection);
+    ProgramFixture program(u"\"%1\""_s.arg(sqlite));
+    QCOMPARE(gConnectString, sqlite);
     QCOMPARE(gUserName, u"scott"_s);
     QCOMPARE(gTnsName, u"dwh"_s);
     QCOMPARE(gConnection->State(), adStateOpen);
-    QCOMPARE(program.editor()->windowTitle(), u"SCOTT@DWH - SQL Editor: ..."_s);
     QCOMPARE(maxRecords, 100);
-    program.text()->setText(u"  select 1 from a_table_with_a_long_name "_s);
-    program.editor()->Form_Activate();
-    QCOMPARE(program.editor()->windowTitle(),
-             u"SCOTT@DWH - SQL Editor: select 1 from a_table_with_a_l..."_s);
+    QCOMPARE(program.editor()->windowTitle(), u"SCOTT@DWH - SQL Editor: ..."_s);
+    for (const auto &[text, shown] : {std::pair(u"  select 1 from a_table_with_a_long_name "_s,
+                                                u"select 1 from a_table_with_a_l"_s),
+                                      std::pair(u"\tselect\r\n 1 "_s, u"\tselect\r\n 1"_s)}) {
+        program.text()->setText(text);
+        program.editor()->Form_Activate();
+        QCOMPARE(program.editor()->windowTitle(), u"SCOTT@DWH - SQL Editor: %1..."_s.arg(shown));
+        QCOMPARE(program.text()->Text(), text);
+    }
     QCOMPARE(program.text()->ScratchFile(), program.folder() + u"/dummy.sql"_s);
-    QCOMPARE(program.text()->Text(), u"  select 1 from a_table_with_a_long_name "_s);
 }
 
 void TestFrame::commandLineThatFailsEndsInSilence()
 {
-    ProgramFixture program;
-    MessageAnswers messages;
-    program.start(u"Provider=NoSuchProvider;Data Source=X;User ID=a;Password=b"_s);
+    const MessageAnswers messages;
+    const ProgramFixture program(u"Provider=NoSuchProvider;Data Source=X;User ID=a;Password=b"_s);
     QCOMPARE(program.ends.size(), size_t{1});
     QVERIFY(messages.texts.isEmpty());
     QVERIFY(program.editor() == nullptr);
 }
 
-void TestFrame::menusStandInOrder()
+void TestFrame::menusAndToolbarsStandInOrder()
 {
-    ProgramFixture program;
+    ProgramFixture program(sqlite);
     QCOMPARE(menuTree(*program.frame().menuBar()), uR"(mnuFile &File
   mnuOrbekSqlEditor New Window Ctrl+N
   mnuOpen &Open Ctrl+O
@@ -170,15 +178,9 @@ mnuorbekusergroup Orbek User Group
   mnuJoinOrbekUserGroup Join 
   mnuMessageOrbekUserGroup Messages 
 )"_s);
-}
-
-void TestFrame::toolbarsStandInOrder()
-{
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
     const auto toolTips = [&](const QString &name) {
         QStringList tips;
-        for (const QAction *action : program.editor()->findChild<QToolBar *>(name)->actions())
+        for (const QAction *action : program.control<QToolBar>(name)->actions())
             tips += action->isSeparator() ? u"-"_s : action->toolTip();
         return tips.join(u'|');
     };
@@ -193,8 +195,7 @@ void TestFrame::toolbarsStandInOrder()
 
 void TestFrame::dividerFollowsTheMouse()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     frmQuerna *window = program.editor();
     const auto drag = [&](QPoint from, int to) {
         QWidget *pressed = window->childAt(from);
@@ -218,10 +219,25 @@ void TestFrame::dividerFollowsTheMouse()
     QCOMPARE(program.text()->geometry(), laidOut);
 }
 
+void TestFrame::panesAreLaidOutInTwips()
+{
+    const PaneLayout panes = layoutPanes(0.5F, {15000, 10000, 600, 600});
+    QCOMPARE(panes.editorHeight, 5000);
+    QCOMPARE(panes.editorWidth, 14800);
+    QCOMPARE(panes.tabTop, 5650);
+    QCOMPARE(panes.tabHeight, 3850);
+    QCOMPARE(panes.tabWidth, 14800);
+    QCOMPARE(panes.gridHeight, 2850);
+    QCOMPARE(panes.gridWidth, 14700);
+    QCOMPARE(panes.planHeight, 3100);
+    QCOMPARE(panes.planWidth, 14700);
+    QCOMPARE(panes.outputHeight, 2725);
+    QCOMPARE(panes.outputWidth, 14700);
+}
+
 void TestFrame::recordLimitIsShown()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     for (const auto &[limit, shown] :
          {std::pair(10000, u"Records: 10000"_s), std::pair(10001, u"All records"_s),
           std::pair(0, u"All records"_s), std::pair(-5, u"Records: -5"_s)}) {
@@ -231,43 +247,22 @@ void TestFrame::recordLimitIsShown()
     }
 }
 
-void TestFrame::loginPrivilegesChooseTheDriver()
-{
-    ProgramFixture program;
-    program.start({});
-    QWidget *login = loginOf(program.frame());
-    const auto option = [&](const QString &name) { return login->findChild<QRadioButton *>(name); };
-    QVERIFY(option(u"optPrefConn_0"_s)->isChecked());
-    QVERIFY(option(u"optSYS_0"_s)->isChecked());
-    click(login, u"optPrefConn_1"_s);
-    click(login, u"optSYS_2"_s);
-    QVERIFY(option(u"optPrefConn_2"_s)->isChecked());
-    QVERIFY(!option(u"optPrefConn_0"_s)->isEnabled());
-    QVERIFY(!option(u"optPrefConn_1"_s)->isEnabled());
-    QVERIFY(option(u"optPrefConn_2"_s)->isEnabled());
-    click(login, u"optSYS_0"_s);
-    QVERIFY(option(u"optPrefConn_0"_s)->isChecked());
-    QVERIFY(option(u"optPrefConn_1"_s)->isEnabled());
-}
-
+// The password is kept in the settings, which their owner alone can read, and shown nowhere.
 void TestFrame::loginKeepsEntriesThoughItFails()
 {
-    ProgramFixture program;
-    program.start({});
-    QWidget *login = loginOf(program.frame());
+    const QString password = u"open sesame"_s;
+    ProgramFixture program(QString{});
     // A store without values empties the boxes.
-    QCOMPARE(login->findChild<QLineEdit *>(u"txtUserName"_s)->text(), QString());
-    enter(login, u"txtUserName"_s, u"scott"_s);
-    enter(login, u"txtPassword"_s, u"no tiger"_s);
-    enter(login, u"txtDb"_s, u"nowhere"_s);
-    click(login, u"optPrefConn_2"_s);
+    QCOMPARE(program.control<QLineEdit>(u"txtUserName"_s)->text(), QString());
     MessageAnswers messages;
-    click(login, u"cmdOK"_s);
+    program.logOn(u"scott"_s, password, u"nowhere"_s);
     QCOMPARE(messages.texts.size(), 1);
-    QVERIFY(!messages.texts.first().contains(u"no tiger"_s));
     QCOMPARE(messages.titles.first(), u"Orbek SQL Editor"_s);
+    const auto setting = [](const QString &key) {
+        return getSetting(u"Orbek Oracle"_s, u"Settings"_s, key);
+    };
     QCOMPARE(setting(u"Login"_s), u"scott"_s);
-    QCOMPARE(setting(u"Password"_s), u"no tiger"_s);
+    QCOMPARE(setting(u"Password"_s), password);
     QCOMPARE(setting(u"Database"_s), u"nowhere"_s);
     QVERIFY(gConnectString.isEmpty());
     QVERIFY(program.editor()->isVisible());
@@ -275,44 +270,43 @@ void TestFrame::loginKeepsEntriesThoughItFails()
     // Its commands then fail by themselves.
     program.run(u"select 1"_s);
     QCOMPARE(messages.texts.size(), 2);
+    QVERIFY(!messages.texts.join(u'|').contains(password));
+    QCOMPARE(placesOf(password, program.folder()), settingsFile);
 }
 
 void TestFrame::loginOnADataSource()
 {
-    ProgramFixture program;
+    ProgramFixture program(QString{});
     const QString odbcIni = program.folder() + u"/odbc.ini"_s;
-    makeFile(odbcIni,
-             "[practice]\nDriver=SQLite3\nDatabase=" + program.folder().toUtf8() + "/dsn.db\n");
+    makeFile(odbcIni, "[practice]\nDriver=SQLite3\nDatabase=:memory:\n");
     qputenv("ODBCINI", QFile::encodeName(odbcIni));
-
-    program.start({});
     QWidget *login = loginOf(program.frame());
-    enter(login, u"txtUserName"_s, u"Ann"_s);
-    enter(login, u"txtDb"_s, u"practice"_s);
-    click(login, u"optPrefConn_2"_s);
+    enter(*login, u"txtUserName"_s, u"Ann"_s);
+    enter(*login, u"txtPassword"_s, u"open sesame"_s);
+    enter(*login, u"txtDb"_s, u"practice"_s);
+    click(*login, u"optPrefConn_2"_s);
     MessageAnswers messages;
     QTest::keyClick(login, Qt::Key_Return);
-    QVERIFY2(messages.texts.isEmpty(), qPrintable(messages.texts.join(u'|')));
-    QCOMPARE(gConnectString, u"DSN=practice;ChunkSize=65535;Uid=Ann;Pwd="_s);
+    QCOMPARE(gConnectString, u"DSN=practice;ChunkSize=65535;Uid=Ann;Pwd=open sesame"_s);
+    program.run(u"select nonsense"_s);
+    QCOMPARE(messages.texts.size(), 1);
     program.run(u"select 42 as answer"_s);
     QCOMPARE(program.panel(4), u"Records Retrieved: 1"_s);
 
     // Changing the connection keeps window and text.
-    program.menuItem(u"mnuChangeConnection"_s)->trigger();
-    login = loginOf(program.frame());
-    enter(login, u"txtUserName"_s, u"Bob"_s);
-    click(login, u"optPrefConn_2"_s);
-    click(login, u"cmdOK"_s);
+    program.logOn(u"Bob"_s, u"open sesame"_s, u"practice"_s);
     QCOMPARE(program.editor()->windowTitle(),
              u"BOB@PRACTICE - SQL Editor: select 42 as answer..."_s);
     QCOMPARE(gConnection->State(), adStateOpen);
+    QCOMPARE(messages.texts.size(), 1);
+    QVERIFY(!messages.texts.first().contains(u"open sesame"_s));
+    QCOMPARE(placesOf(u"open sesame"_s, program.folder()), settingsFile);
     qunsetenv("ODBCINI");
 }
 
 void TestFrame::closingTheWindowClosesTheConnection()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     const std::shared_ptr<Connection> held = gConnection;
     program.editor()->parentWidget()->close();
     QVERIFY(!gConnection);
@@ -324,8 +318,7 @@ void TestFrame::closingTheWindowClosesTheConnection()
 
 void TestFrame::undoWithoutAWindowEndsTheProgram()
 {
-    ProgramFixture program;
-    program.start({});
+    ProgramFixture program(QString{});
     MessageAnswers messages;
     program.menuItem(u"mnuUndo"_s)->trigger();
     QCOMPARE(messages.texts, QStringList(u"Object variable or With block variable not set"_s));
@@ -338,8 +331,7 @@ void TestFrame::undoWithoutAWindowEndsTheProgram()
 
 void TestFrame::clipboardCommands()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     QClipboard *clipboard = QGuiApplication::clipboard();
     EditorControl *text = program.text();
     clipboard->setText(u"before"_s);
@@ -362,8 +354,8 @@ void TestFrame::clipboardCommands()
     program.menuItem(u"mnuPaste"_s)->trigger();
     QCOMPARE(text->Text(), u"abc def"_s);
 
-    auto *box = program.editor()->findChild<QLineEdit *>(u"txtBufferSize"_s);
-    program.editor()->findChild<QTabWidget *>(u"tbSql"_s)->setCurrentIndex(2);
+    auto *box = program.control<QLineEdit>(u"txtBufferSize"_s);
+    program.control<QTabWidget>(u"tbSql"_s)->setCurrentIndex(2);
     box->setFocus();
     box->setSelection(0, 2);
     program.menuItem(u"mnuCut"_s)->trigger();
@@ -373,60 +365,37 @@ void TestFrame::clipboardCommands()
 
 void TestFrame::saveAndOpen()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     const QString path = program.folder() + u"/a.sql"_s;
+    const auto saying = [&](const QString &item, const QString &file,
+                            const QString &answer = u"OK"_s) {
+        const MessageAnswers messages(answer);
+        answerFileDialog(file);
+        program.menuItem(item)->trigger();
+        return messages.texts.join(u'|');
+    };
+    const QString question = u"File Exists - Do you want to overwrite the file?"_s;
     program.text()->setText(u"first\nsecond"_s);
-    answerFileDialog(path);
-    program.menuItem(u"mnuSave"_s)->trigger();
-    QCOMPARE(contentOf(path), QByteArray("first\r\nsecond\r\n"));
-
+    QCOMPARE(saying(u"mnuSave"_s, path), QString());
+    QCOMPARE(contentOf(path), "first\r\nsecond\r\n");
     program.text()->setText(u"other"_s);
-    {
-        MessageAnswers no(u"No"_s);
-        answerFileDialog(path);
-        program.menuItem(u"mnuSave"_s)->trigger();
-        QCOMPARE(no.texts, QStringList(u"File Exists - Do you want to overwrite the file?"_s));
-    }
-    QCOMPARE(contentOf(path), QByteArray("first\r\nsecond\r\n"));
-    {
-        MessageAnswers yes(u"Yes"_s);
-        answerFileDialog(path);
-        program.menuItem(u"mnuSave"_s)->trigger();
-    }
-    QCOMPARE(contentOf(path), QByteArray("other\r\n"));
-
-    MessageAnswers messages;
-    answerFileDialog({});
-    program.menuItem(u"mnuSave"_s)->trigger();
-    QCOMPARE(messages.texts, QStringList(u"Cancel was selected."_s));
+    QCOMPARE(saying(u"mnuSave"_s, path, u"No"_s), question);
+    QCOMPARE(contentOf(path), "first\r\nsecond\r\n");
+    QCOMPARE(saying(u"mnuSave"_s, path, u"Yes"_s), question);
+    QCOMPARE(contentOf(path), "other\r\n");
+    QCOMPARE(saying(u"mnuSave"_s, {}), u"Cancel was selected."_s);
 
     program.text()->setText(u"kept"_s);
-    answerFileDialog({});
-    program.menuItem(u"mnuOpen"_s)->trigger();
+    QCOMPARE(saying(u"mnuOpen"_s, {}), QString());
     QCOMPARE(program.text()->Text(), u"kept"_s);
-    answerFileDialog(path);
-    program.menuItem(u"mnuOpen"_s)->trigger();
+    QCOMPARE(saying(u"mnuOpen"_s, path), QString());
     QCOMPARE(program.text()->Text(), u"other\r\n"_s);
     QVERIFY(program.ends.empty());
 }
 
-void TestFrame::saveThatCannotWrite()
-{
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
-    program.text()->setText(u"text"_s);
-    MessageAnswers messages;
-    answerFileDialog(program.folder() + u"/no such folder/a.sql"_s);
-    program.menuItem(u"mnuSave"_s)->trigger();
-    QCOMPARE(messages.texts, QStringList(u"Path not found"_s));
-    QCOMPARE(program.text()->Text(), u"text"_s);
-}
-
 void TestFrame::fontCommand()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     FrameCommands commands(program.frame());
     EditorControl *text = program.text();
     text->setText(u"plain heavy"_s);

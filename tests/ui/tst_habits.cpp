@@ -1,7 +1,7 @@
 #include "app/MDIFormQuerna.h"
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
-#include "platform/messageBox.h"
+#include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
 #include "uisupport/accessibleNames.h"
@@ -11,7 +11,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDropEvent>
-#include <QFile>
+#include <QFileInfo>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QMimeData>
@@ -33,6 +33,7 @@ void drop(const QString &path, EditorControl &editor)
     data.setUrls({QUrl::fromLocalFile(path)});
     QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(editor.viewport(), &enter);
+    QVERIFY(enter.isAccepted());
     QDropEvent event(QPointF(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(editor.viewport(), &event);
 }
@@ -52,10 +53,8 @@ class tst_habits : public QObject
 {
     Q_OBJECT
 private slots:
-    void runKeys_data();
-    void runKeys();
-    void textKeys_data();
-    void textKeys();
+    void keys_data();
+    void keys();
     void paneKeys();
     void buttonsTellTheirKeys();
     void everyControlHasAName();
@@ -65,30 +64,16 @@ private slots:
     void droppedFileIsOpened();
 };
 
-void tst_habits::runKeys_data()
-{
-    QTest::addColumn<QKeyCombination>("key");
-    QTest::newRow("F5") << QKeyCombination(Qt::Key_F5);
-    QTest::newRow("Ctrl+Return") << QKeyCombination(Qt::CTRL | Qt::Key_Return);
-    QTest::newRow("Ctrl+Enter") << QKeyCombination(Qt::ControlModifier | Qt::KeypadModifier,
-                                                   Qt::Key_Enter);
-}
-
-void tst_habits::runKeys()
-{
-    QFETCH(QKeyCombination, key);
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
-    program.text()->setText(u"select 1"_s);
-    QTest::keyClick(program.text(), key.key(), key.keyboardModifiers());
-    QCOMPARE(program.panel(4), u"Records Retrieved: 1"_s);
-    QCOMPARE(program.text()->Text(), u"select 1"_s);
-}
-
-void tst_habits::textKeys_data()
+void tst_habits::keys_data()
 {
     QTest::addColumn<QKeyCombination>("key");
     QTest::addColumn<QString>("result");
+    const QString unchanged = u"--aB c"_s;
+    QTest::newRow("F5") << QKeyCombination(Qt::Key_F5) << unchanged;
+    QTest::newRow("Ctrl+Return") << QKeyCombination(Qt::CTRL | Qt::Key_Return) << unchanged;
+    QTest::newRow("Ctrl+Enter") << QKeyCombination(Qt::ControlModifier | Qt::KeypadModifier,
+                                                   Qt::Key_Enter)
+                                << unchanged;
     QTest::newRow("upper case") << QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_U) << u"--AB C"_s;
     QTest::newRow("lower case") << QKeyCombination(Qt::CTRL, Qt::Key_U) << u"--ab c"_s;
     QTest::newRow("initials") << QKeyCombination(Qt::CTRL, Qt::Key_I) << u"--ab C"_s;
@@ -96,26 +81,27 @@ void tst_habits::textKeys_data()
     QTest::newRow("uncomment") << QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_K) << u"aB c"_s;
 }
 
-void tst_habits::textKeys()
+void tst_habits::keys()
 {
     QFETCH(QKeyCombination, key);
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    QFETCH(QString, result);
+    ProgramFixture program(sqlite);
     program.text()->setText(u"--aB c"_s);
     program.text()->setSelLength(6);
     QTest::keyClick(program.text(), key.key(), key.keyboardModifiers());
-    QTEST(program.text()->Text(), "result");
+    QCOMPARE(program.text()->Text(), result);
+    // The first ones run the text, which the history then has.
+    QCOMPARE(program.history().startsWith("--aB c\r\n"), result == u"--aB c"_s);
 }
 
 void tst_habits::paneKeys()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     QTest::keyClick(program.text(), Qt::Key_3, Qt::AltModifier);
-    QCOMPARE(program.editor()->findChild<QTabWidget *>(u"tbSql"_s)->currentIndex(), 2);
+    QCOMPARE(program.control<QTabWidget>(u"tbSql"_s)->currentIndex(), 2);
     QVERIFY(program.text()->hasFocus());
     QTest::keyClick(program.text(), Qt::Key_F4);
-    auto *output = program.editor()->findChild<QPlainTextEdit *>(u"rtbdbms"_s);
+    auto *output = program.control<QPlainTextEdit>(u"rtbdbms"_s);
     QVERIFY(output->hasFocus());
     QTest::keyClick(output, Qt::Key_F4);
     QVERIFY(program.text()->hasFocus());
@@ -123,10 +109,9 @@ void tst_habits::paneKeys()
 
 void tst_habits::buttonsTellTheirKeys()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     for (const QString &name : {u"tbrQuerna"_s, u"Toolbar1"_s}) {
-        auto *bar = program.editor()->findChild<QToolBar *>(name);
+        auto *bar = program.control<QToolBar>(name);
         for (QAction *action : bar->actions()) {
             if (action->isSeparator())
                 continue;
@@ -143,34 +128,24 @@ void tst_habits::buttonsTellTheirKeys()
 
 void tst_habits::everyControlHasAName()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     program.run(u"select 1 as one"_s);
     QCOMPARE(namelessControls(program.frame()).join(u'|'), QString());
-
-    QStringList nameless{u"no message came"_s};
-    QTimer::singleShot(0, &program.frame(), [&nameless] {
-        QWidget *box = QApplication::activeModalWidget();
-        nameless = namelessControls(*box);
-        QTest::keyClick(box, Qt::Key_Escape);
-    });
-    showMessage(u"a line\n"_s.repeated(500));
-    QCOMPARE(nameless.join(u'|'), QString());
 }
 
 void tst_habits::loginByKeyboard()
 {
-    ProgramFixture program;
-    program.start({});
-    const auto login = [&] { return program.frame().findChild<QDialog *>(u"frmQuernaLogin"_s); };
+    ProgramFixture program(QString{});
+    const auto login = [&] { return program.control<QDialog>(u"frmQuernaLogin"_s); };
     const auto press = [&](Qt::Key key) { QTest::keyClick(login(), key, Qt::AltModifier); };
     const auto isChecked = [&](const QString &name) {
-        return login()->findChild<QAbstractButton *>(name)->isChecked();
+        return program.control<QAbstractButton>(name)->isChecked();
     };
+    const auto database = [&] { return program.control<QLineEdit>(u"txtDb"_s)->text(); };
     QApplication::setActiveWindow(login());
     press(Qt::Key_D);
     QTest::keyClicks(login()->focusWidget(), u"elsewhere"_s);
-    QCOMPARE(login()->findChild<QLineEdit *>(u"txtDb"_s)->text(), u"elsewhere"_s);
+    QCOMPARE(database(), u"elsewhere"_s);
     press(Qt::Key_Y);
     QTRY_VERIFY(isChecked(u"optSYS_2"_s));
     QVERIFY(isChecked(u"optPrefConn_2"_s));
@@ -178,15 +153,13 @@ void tst_habits::loginByKeyboard()
     QTRY_VERIFY(login() == nullptr);
     // The next one is loaded afresh.
     program.menuItem(u"mnuChangeConnection"_s)->trigger();
-    QCOMPARE(login()->findChild<QLineEdit *>(u"txtDb"_s)->text(), QString());
+    QCOMPARE(database(), QString());
     QVERIFY(isChecked(u"optSYS_0"_s));
 }
 
 void tst_habits::frameAndZoomAreKept()
 {
-    ProgramFixture program;
-    const QString connection = sqliteConnectionString(program.folder());
-    program.start(connection);
+    ProgramFixture program(sqlite);
     const QSize size = program.frame().size() - QSize(120, 70);
     program.frame().resize(size);
     turnWheel(*program.text(), 1);
@@ -196,27 +169,23 @@ void tst_habits::frameAndZoomAreKept()
     QTest::qWait(500);
 
     MDIFormQuerna next;
-    next.Form_Load(connection);
+    next.Form_Load(sqlite);
     QCOMPARE(next.size(), size);
     QCOMPARE(next.findChild<EditorControl *>(u"txtSQL"_s)->zoomLevel(), 2);
 }
 
 void tst_habits::newWindowIsMaximized()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     // In the program's place, something that tells what it was started with.
-    QFile stand(program.folder() + u"/Querna"_s);
-    QVERIFY(stand.open(QIODevice::WriteOnly));
-    stand.write("#!/bin/sh\nprintf '%s' \"$QUERNA_START_WINDOW\" >\"${0%/*}/told\"\n");
-    stand.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-    stand.close();
+    const QString standIn = program.folder() + u"/Querna"_s;
+    makeFile(standIn, "#!/bin/sh\nprintf '%s' \"$QUERNA_START_WINDOW\" >\"${0%/*}/told\"\n");
+    QFile::setPermissions(standIn, QFile::ReadOwner | QFile::ExeOwner);
+    const QString told = program.folder() + u"/told"_s;
     program.menuItem(u"mnuOrbekSqlEditor"_s)->trigger();
-    QFile told(program.folder() + u"/told"_s);
-    QTRY_VERIFY(told.exists() && told.size() > 0);
-    QVERIFY(told.open(QIODevice::ReadOnly));
+    QTRY_VERIFY(QFileInfo(told).size() > 0);
 
-    qputenv("QUERNA_START_WINDOW", told.readAll());
+    qputenv("QUERNA_START_WINDOW", contentOf(told));
     MDIFormQuerna next;
     next.Form_Load({});
     qunsetenv("QUERNA_START_WINDOW");
@@ -225,13 +194,9 @@ void tst_habits::newWindowIsMaximized()
 
 void tst_habits::droppedFileIsOpened()
 {
-    ProgramFixture program;
-    program.start(sqliteConnectionString(program.folder()));
+    ProgramFixture program(sqlite);
     const QString path = program.folder() + u"/a.sql"_s;
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("select 1\n");
-    file.close();
+    makeFile(path, "select 1\n");
     program.text()->setText(u"typed"_s);
     drop(path, *program.text());
     QCOMPARE(program.text()->Text(), u"select 1\r\n"_s);

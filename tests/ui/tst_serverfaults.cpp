@@ -1,16 +1,16 @@
 #include "app/MDIFormQuerna.h"
 #include "connection/session.h"
-#include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
 #include "dataaccess/Recordset.h"
 #include "dataaccess/sandbox/SandboxServer.h"
 #include "editor/frmQuerna.h"
 #include "platform/mousePointer.h"
 #include "support/SandboxFixture.h"
+#include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
+#include "uisupport/userActions.h"
 
-#include <QAbstractButton>
 #include <QDir>
 #include <QFile>
 #include <QLibraryInfo>
@@ -63,9 +63,9 @@ bool isStopped(pid_t process)
     const QDir threads(u"/proc/%1/task"_s.arg(process));
     const QStringList ids = threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     return std::all_of(ids.begin(), ids.end(), [&](const QString &id) {
-        QFile file(threads.filePath(id + u"/stat"_s));
+        const QByteArray stat = contentOf(threads.filePath(id + u"/stat"_s));
         // The state stands behind the name, which is in parentheses.
-        return !file.open(QIODevice::ReadOnly) || file.readAll().contains(") T ");
+        return stat.contains(") T ") || stat == "(not there)";
     });
 }
 
@@ -118,32 +118,13 @@ private:
     bool m_listens = false;
 };
 
-QString alienLibrary()
-{
-    return QLibraryInfo::path(QLibraryInfo::LibrariesPath) + u"/libQt6Core.so.6"_s;
-}
-
-/// Exports the result as tab delimited text to @p path, as a user would.
-void exportTo(ProgramFixture &program, const QString &path)
-{
-    whenModal([path](QWidget *dialog) {
-        dialog->findChild<QAbstractButton *>(u"optExport_2"_s)->click();
-        if (!path.isEmpty())
-            answerFileDialog(path);
-        QTest::mouseClick(dialog->findChild<QAbstractButton *>(u"cmdExpOK"_s), Qt::LeftButton);
-    });
-    program.press(u"tbrQuerna"_s, 3);
-}
-
 /// What a command that fails has to leave as it was: text, panel of the rows, rows, plan.
 QString stateOf(const ProgramFixture &program)
 {
-    const QAbstractItemModel &model = *program.grid()->model();
-    const auto *plan = program.editor()->findChild<QTreeWidget *>(u"tvwColumns"_s);
+    const auto *plan = program.control<QTreeWidget>(u"tvwColumns"_s);
     return u"%1|%2|%3 rows to %4|plan of %5"_s.arg(
-        program.text()->Text(), program.panel(4), QString::number(model.rowCount()),
-        model.index(model.rowCount() - 1, 0).data().toString(),
-        QString::number(plan->topLevelItemCount()));
+        program.text()->Text(), program.panel(4), QString::number(program.rows()),
+        program.cell(program.rows() - 1, 0), QString::number(plan->topLevelItemCount()));
 }
 
 } // namespace
@@ -168,7 +149,6 @@ private slots:
 private:
     static void prepare(ProgramFixture &program);
     static void goOnWith(ProgramFixture &program);
-    void addDataSource(const QByteArray &name, const QByteArray &items);
 
     QTemporaryDir m_folder;
     std::unique_ptr<SilentServer> m_silent;
@@ -183,32 +163,25 @@ void TestServerFaults::initTestCase()
     const QByteArray socket =
         SandboxFixture::scalar(connection, u"select @@socket"_s).toLocal8Bit();
 
-    QFile noLibrary(m_folder.filePath(u"broken.so"_s));
-    QVERIFY(noLibrary.open(QIODevice::WriteOnly) && noLibrary.write("no library") > 0);
-    noLibrary.close();
+    const QString noLibrary = m_folder.filePath(u"broken.so"_s);
+    makeFile(noLibrary, "no library");
     const QString silent = m_folder.filePath(u"silent"_s);
     m_silent = std::make_unique<SilentServer>(silent);
     QVERIFY(m_silent->listens());
+    const QString alien = QLibraryInfo::path(QLibraryInfo::LibrariesPath) + u"/libQt6Core.so.6"_s;
     const QByteArray driver = "Driver=MariaDB Unicode\nDatabase=scott\nSocket=";
-    addDataSource("refusing", driver + socket);
-    addDataSource("silent", driver + silent.toLocal8Bit() + "\nConn_Timeout=1");
-    addDataSource("dead", driver + m_folder.filePath(u"nobody"_s).toLocal8Bit());
-    addDataSource("missing", "Driver=/no/such/driver.so");
-    addDataSource("broken", "Driver=" + noLibrary.fileName().toLocal8Bit());
-    addDataSource("alien", "Driver=" + alienLibrary().toLocal8Bit());
+    makeFile(
+        m_folder.filePath(u"odbc.ini"_s),
+        "[refusing]\n" + driver + socket + "\n[silent]\n" + driver + silent.toLocal8Bit() +
+            "\nConn_Timeout=1\n[dead]\n" + driver + m_folder.filePath(u"nobody"_s).toLocal8Bit() +
+            "\n[missing]\nDriver=/no/such/driver.so\n[broken]\nDriver=" + noLibrary.toLocal8Bit() +
+            "\n[alien]\nDriver=" + alien.toLocal8Bit() + '\n');
 }
 
 void TestServerFaults::cleanupTestCase()
 {
     qunsetenv("ODBCINI");
     QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
-}
-
-void TestServerFaults::addDataSource(const QByteArray &name, const QByteArray &items)
-{
-    QFile file(m_folder.filePath(u"odbc.ini"_s));
-    QVERIFY(file.open(QIODevice::Append));
-    file.write('[' + name + "]\n" + items + '\n');
 }
 
 /// A session with fifty rows in the grid, a plan, and work that nobody has committed.
@@ -236,7 +209,7 @@ void TestServerFaults::goOnWith(ProgramFixture &program)
     QCOMPARE(program.editor(), window);
     QCOMPARE(program.text()->Text(), text);
     program.run(u"select count(*) from emp"_s);
-    QCOMPARE(program.grid()->model()->index(0, 0).data().toString(), u"14"_s);
+    QCOMPARE(program.cell(0, 0), u"14"_s);
 }
 
 void TestServerFaults::commandWithoutAServer_data()
@@ -300,7 +273,7 @@ void TestServerFaults::commandWithoutAServer()
     }
     MessageAnswers messages;
     const QString path = program.folder() + u"/rows.txt"_s;
-    exportTo(program, keepsResult ? path : QString());
+    exportRows(program, 2, keepsResult ? path : QString());
     QCOMPARE(messages.texts.size(), 1);
     QVERIFY2(messages.texts.first().contains(keepsResult ? u"\r\n50 records"_s : u"3704 "_s),
              qPrintable(messages.texts.first()));
@@ -311,8 +284,7 @@ void TestServerFaults::commandWithoutAServer()
 // Its driver has taken in all rows before it gives the first one.
 void TestServerFaults::serverDyingWhileRetrieving()
 {
-    ProgramFixture program;
-    program.start(sandbox);
+    ProgramFixture program(sandbox);
     MessageAnswers messages;
     program.run(u"select * from sales"_s);
     QTimer::singleShot(2, &program.frame(), killServer);
@@ -326,8 +298,7 @@ void TestServerFaults::serverDyingWhileRetrieving()
 // Where rows come as they are fetched, those before the fault stay.
 void TestServerFaults::driverFailingWhileRetrieving()
 {
-    ProgramFixture program;
-    program.start(u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s);
+    ProgramFixture program(u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s);
     program.run(u"rows 1000 integer lost 250"_s);
     for (int round = 0; round < 2; ++round) {
         MessageAnswers messages;
@@ -335,21 +306,20 @@ void TestServerFaults::driverFailingWhileRetrieving()
         QCOMPARE(messages.texts.size(), round == 0 ? 1 : 0);
         QVERIFY(round > 0 || messages.texts.first().contains(u"the connection is lost"_s));
         QCOMPARE(program.panel(4), u"Records Retrieved: 200"_s);
-        QTRY_COMPARE(program.grid()->model()->rowCount(), 200);
-        QCOMPARE(program.grid()->model()->index(199, 0).data().toString(), u"199"_s);
+        QTRY_COMPARE(program.rows(), 200);
+        QCOMPARE(program.cell(199, 0), u"199"_s);
         QCOMPARE(mousePointer(), MousePointer::Default);
     }
     MessageAnswers messages;
-    exportTo(program, program.folder() + u"/rows.txt"_s);
+    exportRows(program, 2, program.folder() + u"/rows.txt"_s);
     QVERIFY(messages.texts.join(u'|').contains(u"\r\n200 records"_s));
 }
 
 // The lines that came before the end stay in the pane.
 void TestServerFaults::outputUntilTheServerDies()
 {
-    ProgramFixture program;
-    program.start(sandbox);
-    program.editor()->findChild<QLineEdit *>(u"txtBufferSize"_s)->setText(u"1000000"_s);
+    ProgramFixture program(sandbox);
+    program.control<QLineEdit>(u"txtBufferSize"_s)->setText(u"1000000"_s);
     MessageAnswers messages;
     const pid_t server = serverId();
     std::thread killer([server] {
@@ -359,7 +329,7 @@ void TestServerFaults::outputUntilTheServerDies()
     program.run(u"begin for i in 1..50000 loop dbms_output.put_line(i); end loop; end;"_s, 2);
     killer.join();
     QCOMPARE(messages.texts.size(), 1);
-    const auto *pane = program.editor()->findChild<QPlainTextEdit *>(u"rtbdbms"_s);
+    const auto *pane = program.control<QPlainTextEdit>(u"rtbdbms"_s);
     const QStringList lines = pane->toPlainText().split(u'\n', Qt::SkipEmptyParts);
     for (qsizetype i = 0; i < lines.size(); ++i)
         QCOMPARE(lines[i], u"  "_s + QString::number(i + 1));
@@ -398,7 +368,7 @@ void TestServerFaults::logOnsThatFail()
         QCOMPARE(messages.texts.size(), 2);
     }
     MessageAnswers messages;
-    exportTo(program, program.folder() + u"/rows.txt"_s);
+    exportRows(program, 2, program.folder() + u"/rows.txt"_s);
     QVERIFY(messages.texts.join(u'|').contains(u"\r\n50 records"_s));
     goOnWith(program);
 }

@@ -1,6 +1,5 @@
 #include "app/MDIFormQuerna.h"
 #include "connection/session.h"
-#include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
 #include "dataaccess/Recordset.h"
 #include "editor/frmQuerna.h"
@@ -87,7 +86,7 @@ qint64 shownRows(ProgramFixture &program)
 {
     const qint64 rows = program.editor()->rsResult()->RecordCount();
     if (program.panel(4) != u"Records Retrieved: "_s + QString::number(rows) ||
-        !QTest::qWaitFor([&] { return program.grid()->model()->rowCount() == rows; }))
+        !QTest::qWaitFor([&] { return program.rows() == rows; }))
         return -1;
     return rows;
 }
@@ -120,8 +119,7 @@ void TestWhileRetrieving::initTestCase()
 void TestWhileRetrieving::everyHarmlessCommand()
 {
     const QByteArray path = qgetenv("PATH");
-    ProgramFixture program;
-    program.start(sandbox);
+    ProgramFixture program(sandbox);
     program.run(u"select * from sales"_s);
     qputenv("PATH", "/nowhere"); // no browser is to come up
     MessageAnswers messages;
@@ -179,8 +177,7 @@ void TestWhileRetrieving::commandsThatMatter()
 {
     QFETCH(UserAction, command);
     QFETCH(qint64, rows);
-    ProgramFixture program;
-    program.start(sandbox);
+    ProgramFixture program(sandbox);
     MessageAnswers messages;
     program.run(u"select * from sales where sale_id <= 30000"_s);
     bool commanded = false;
@@ -199,7 +196,7 @@ void TestWhileRetrieving::commandsThatMatter()
     const qint64 shown = shownRows(program);
     QVERIFY(rows < 0 ? shown >= 25 && shown < 30000 : shown == rows);
     program.run(u"select count(*) from dept"_s);
-    QCOMPARE(program.grid()->model()->index(0, 0).data().toString(), u"4"_s);
+    QCOMPARE(program.cell(0, 0), u"4"_s);
 }
 
 QTEST_MAIN(TestWhileRetrieving)

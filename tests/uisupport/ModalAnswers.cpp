@@ -6,7 +6,6 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPointer>
 #include <QTest>
 
 #include <memory>
@@ -78,10 +77,4 @@ void answerFileDialog(const QString &path)
         name->setText(path);
         QTest::keyClick(name, Qt::Key_Return);
     });
-}
-
-bool waitUntilClosed(QWidget *window)
-{
-    const QPointer<QWidget> guard(window);
-    return QTest::qWaitFor([&] { return !guard || !guard->isVisible(); }, patience);
 }

@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <utility>
 
 class QMessageBox;
 class QWidget;
@@ -18,6 +19,9 @@ class MessageAnswers : public QObject
 public:
     /// @param answer  the caption of the button to press; a box without it is accepted with Enter
     explicit MessageAnswers(const QString &answer = QStringLiteral("OK"));
+
+    /// What the boxes have said, which is forgotten then.
+    QStringList take() { return std::exchange(texts, {}); }
 
     QStringList texts;
     QStringList titles;
@@ -35,7 +39,3 @@ void whenModal(std::function<void(QWidget *window)> handle);
 
 /// Gives the file dialog that comes up next a name and accepts it; an empty name cancels.
 void answerFileDialog(const QString &path);
-
-/// Lets events run until the window is gone or five seconds have passed.
-/// @returns whether it went
-bool waitUntilClosed(QWidget *window);

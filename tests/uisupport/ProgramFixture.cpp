@@ -33,6 +33,12 @@ ProgramFixture::ProgramFixture()
     m_frame = std::make_unique<MDIFormQuerna>();
 }
 
+ProgramFixture::ProgramFixture(const QString &commandLine)
+    : ProgramFixture()
+{
+    start(commandLine);
+}
+
 ProgramFixture::~ProgramFixture()
 {
     m_frame->close();
@@ -59,12 +65,11 @@ void ProgramFixture::start(const QString &commandLine)
 void ProgramFixture::logOn(const QString &user, const QString &password, const QString &database)
 {
     menuItem(u"mnuChangeConnection"_s)->trigger();
-    const auto *login = m_frame->findChild<QWidget *>(u"frmQuernaLogin"_s);
-    login->findChild<QLineEdit *>(u"txtUserName"_s)->setText(user);
-    login->findChild<QLineEdit *>(u"txtPassword"_s)->setText(password);
-    login->findChild<QLineEdit *>(u"txtDb"_s)->setText(database);
-    login->findChild<QAbstractButton *>(u"optPrefConn_2"_s)->click();
-    QTest::mouseClick(login->findChild<QAbstractButton *>(u"cmdOK"_s), Qt::LeftButton);
+    control<QLineEdit>(u"txtUserName"_s)->setText(user);
+    control<QLineEdit>(u"txtPassword"_s)->setText(password);
+    control<QLineEdit>(u"txtDb"_s)->setText(database);
+    control<QAbstractButton>(u"optPrefConn_2"_s)->click();
+    QTest::mouseClick(control<QAbstractButton>(u"cmdOK"_s), Qt::LeftButton);
     // The dialog deletes itself; the next one is another.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -84,21 +89,36 @@ DataGrid *ProgramFixture::grid() const
     return editor()->findChild<DataGrid *>(u"SqlDataGrid"_s);
 }
 
+int ProgramFixture::rows() const
+{
+    return grid()->model()->rowCount();
+}
+
+QString ProgramFixture::cell(int row, int column) const
+{
+    return grid()->model()->index(row, column).data().toString();
+}
+
 QString ProgramFixture::panel(int number) const
 {
-    return editor()->findChild<QLabel *>(u"sbSql_%1"_s.arg(number))->text();
+    return control<QLabel>(u"sbSql_%1"_s.arg(number))->text();
+}
+
+QWidget *ProgramFixture::control(const QString &name) const
+{
+    return m_frame->findChild<QWidget *>(name);
 }
 
 void ProgramFixture::run(const QString &statement, int tab)
 {
-    editor()->findChild<QTabWidget *>(u"tbSql"_s)->setCurrentIndex(tab);
+    control<QTabWidget>(u"tbSql"_s)->setCurrentIndex(tab);
     text()->setText(statement);
     press(u"tbrQuerna"_s, 1);
 }
 
 void ProgramFixture::press(const QString &toolBar, int index)
 {
-    auto *bar = editor()->findChild<QToolBar *>(toolBar);
+    auto *bar = control<QToolBar>(toolBar);
     QTest::mouseClick(bar->widgetForAction(bar->actions().at(index - 1)), Qt::LeftButton);
 }
 
@@ -111,9 +131,4 @@ QByteArray ProgramFixture::history() const
 {
     QFile file(m_folder.filePath(u"OrbekSqlHistory.txt"_s));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QString sqliteConnectionString(const QString &folder)
-{
-    return u"DRIVER=SQLite3;Database=%1/test.db;USER ID=scott;DATA SOURCE=dwh;"_s.arg(folder);
 }

@@ -9,6 +9,7 @@ class DataGrid;
 class EditorControl;
 class MDIFormQuerna;
 class QAction;
+class QWidget;
 class frmQuerna;
 
 /// A running program for one test: its frame, with an application folder, settings and history of
@@ -17,6 +18,8 @@ class ProgramFixture
 {
 public:
     ProgramFixture();
+    /// Starts the program at once.
+    explicit ProgramFixture(const QString &commandLine);
     ~ProgramFixture();
     ProgramFixture(const ProgramFixture &) = delete;
     ProgramFixture &operator=(const ProgramFixture &) = delete;
@@ -32,7 +35,16 @@ public:
     frmQuerna *editor() const;
     EditorControl *text() const;
     DataGrid *grid() const;
+    int rows() const;
+    /// What a cell of the grid shows, counted from 0.
+    QString cell(int row, int column) const;
     QString panel(int number) const;
+    /// A control of the frame or of the editor window by its name; null when it is missing.
+    template <typename Control>
+    Control *control(const QString &name) const
+    {
+        return qobject_cast<Control *>(control(name));
+    }
 
     /// Shows a result tab, puts @p statement into the editor and presses Run.
     void run(const QString &statement, int tab = 0);
@@ -46,10 +58,13 @@ public:
     std::vector<int> ends;
 
 private:
+    QWidget *control(const QString &name) const;
+
     QTemporaryDir m_folder;
     std::unique_ptr<MDIFormQuerna> m_frame;
 };
 
-/// The connection string of a new SQLite database in @p folder, with the items that name a user
-/// and a database to the program.
-QString sqliteConnectionString(const QString &folder);
+/// The connection string of a new SQLite database in memory, with the items that name a user and a
+/// database to the program.
+inline const QString sqlite =
+    QStringLiteral("DRIVER=SQLite3;Database=:memory:;USER ID=scott;DATA SOURCE=dwh;");
