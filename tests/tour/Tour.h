@@ -1,58 +1,44 @@
 #pragma once
 
+#include "uisupport/ProgramFixture.h"
+
 #include <QDir>
-#include <QString>
 #include <QStringList>
 
 #include <functional>
 
-class DataGrid;
-class EditorControl;
-class MDIFormQuerna;
-class QWidget;
-class frmQuerna;
-
 /// A walk through the program with a picture of every step. Each step says what the window showed
 /// and is held against what it should show.
-class Tour
+class Tour : public ProgramFixture
 {
 public:
     explicit Tour(const QString &pictureFolder);
 
-    /// Saves @p window's picture under the step's number and @p name, and prints what the editor
-    /// window shows at this moment.
-    void picture(const QString &name, QWidget *window);
+    /// Saves the picture of @p window, by default the frame, under the step's number and @p name,
+    /// and prints what the editor window shows at this moment.
+    void picture(const QString &name, QWidget *window = nullptr);
 
     /// Notes a fault when @p holds is false.
     void expect(bool holds, const QString &what);
 
-    /// Presses the toolbar button with this place, as the mouse does.
-    void press(const QString &toolBar, int index);
-    void type(const QString &text);
-    /// Replaces the editor's text by @p text, typed, and presses Run.
-    void run(const QString &text);
-    /// Triggers a menu item by its object name.
-    void menu(const QString &name);
+    /// Replaces the editor's text by @p statement, typed, and presses Run.
+    void run(const QString &statement);
+    /// Shows a result tab.
+    void showTab(int index);
 
     /// Does @p start, which opens a modal window, and hands the window to @p visit, which closes
     /// it.
     void modal(const std::function<void()> &start, const std::function<void(QWidget *)> &visit);
-    /// Does @p start and answers the message that it shows with the button of that caption.
+    /// Does @p start and accepts the message that it shows, after a picture of it if that has a
+    /// name.
     /// @returns the message's text; empty when none was shown
-    QString message(const std::function<void()> &start, const QString &button,
-                    const QString &pictureName = {});
+    QString message(const std::function<void()> &start, const QString &pictureName = {});
 
     /// From here on the commands of the menus and toolbars are noted as they are used.
     void noteCommandsUsed();
     void expectEveryCommandUsed();
 
-    frmQuerna *editor() const;
-    EditorControl *text() const;
-    DataGrid *grid() const;
-    QString panel(int number) const;
-    int gridRows() const;
-
-    QDir folder() const { return m_folder; }
+    QString picturePath(const QString &file) const { return m_pictures.absoluteFilePath(file); }
     int faults() const { return m_faults; }
 
 private:
@@ -60,7 +46,7 @@ private:
     void visitModal(const std::function<void()> &start, const std::function<void(QWidget *)> &visit,
                     bool isMessage);
 
-    QDir m_folder;
+    QDir m_pictures;
     QStringList m_unusedCommands;
     int m_step = 0;
     int m_faults = 0;
@@ -69,25 +55,13 @@ private:
 /// Lets the windows settle: events, painting, layouts.
 void settle(int milliseconds = 60);
 
-/// A child of the program's windows by object name; never null, the tour ends when it is missing.
-QWidget *control(const QString &name);
-template <typename Control>
-Control *control(const QString &name)
-{
-    return qobject_cast<Control *>(control(name));
-}
-
-/// Clicks an option button on its mark, which is all of it that is sure to answer.
-void clickOption(const QString &name);
-
 // The stations, each on the windows that the one before has left.
-void tourLogOn(Tour &tour, MDIFormQuerna &frame);
+void tourLogOn(Tour &tour);
 void tourRows(Tour &tour);
 void tourPlanAndOutput(Tour &tour);
 void tourTransactions(Tour &tour);
 void tourTextCommands(Tour &tour);
 void tourEditMenu(Tour &tour);
-void tourFontCommand(Tour &tour);
 void tourPickersAndHistory(Tour &tour);
 void tourExports(Tour &tour);
 void tourFiles(Tour &tour);

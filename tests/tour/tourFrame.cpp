@@ -1,17 +1,14 @@
 #include "Tour.h"
 
-#include "app/FrameCommands.h"
 #include "app/MDIFormQuerna.h"
 #include "connection/session.h"
 #include "controls/EditorControl.h"
-#include "editor/frmQuerna.h"
-#include "platform/applicationFolder.h"
-#include "platform/process.h"
+#include "support/testFiles.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
-#include <QFontDialog>
 #include <QMenu>
 #include <QTest>
 
@@ -19,37 +16,32 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Puts a program at @p path that writes its first argument to a file, whose path is returned.
-QString writeStandIn(const QString &path)
+/// Puts a program into the application folder that writes its first argument to a file.
+/// @returns that file's path
+QString makeStandIn(const Tour &tour, const QString &name)
 {
-    const QString told = path + u".told"_s;
-    QFile program(path);
-    if (program.open(QIODevice::WriteOnly)) {
-        program.write("#!/bin/sh\nprintf %s \"$1\" > '" + QFile::encodeName(told) + ".new'\nmv '" +
-                      QFile::encodeName(told) + ".new' '" + QFile::encodeName(told) + "'\n");
-        program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    return told;
+    const QString path = tour.folder() + u'/' + name;
+    makeFile(path, "#!/bin/sh\nprintf %s \"$1\" > \"$0.new\"\nmv \"$0.new\" \"$0.told\"\n");
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return path + u".told"_s;
 }
 
-/// What a stand-in has been started with; empty when it was not, within five seconds.
+/// What a stand-in has been started with; "(not there)" when it was not, within five seconds.
 QString toldTo(const QString &path)
 {
-    if (!QTest::qWaitFor([&path] { return QFile::exists(path); }, 5000))
-        return {};
-    QFile file(path);
-    const QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : u""_s;
+    (void)QTest::qWaitFor([&path] { return QFile::exists(path); }, 5000);
+    const QByteArray told = contentOf(path);
     QFile::remove(path);
-    return text;
+    return QString::fromUtf8(told);
 }
 
 void openMenu(Tour &tour, const QString &name)
 {
-    auto *menu = control<QMenu>(name);
-    menu->popup(control(u"MDIFormQuerna"_s)->mapToGlobal(QPoint(0, 40)));
+    auto *menu = tour.control<QMenu>(name);
+    menu->popup(tour.frame().mapToGlobal(QPoint(0, 40)));
     tour.picture(name, menu);
     menu->close();
-    tour.editor()->window()->activateWindow();
+    tour.frame().activateWindow();
     tour.text()->setFocus();
     settle();
 }
@@ -61,7 +53,7 @@ void tourEditMenu(Tour &tour)
     openMenu(tour, u"mnuEdit"_s);
     EditorControl *text = tour.text();
     const auto shows = [&](const QString &item, const QString &expected) {
-        tour.menu(item);
+        tour.menuItem(item)->trigger();
         tour.expect(text->Text() == expected, u"%1 leaves \"%2\""_s.arg(item, expected));
     };
     text->setText(u"select one two"_s);
@@ -80,37 +72,18 @@ void tourEditMenu(Tour &tour)
     shows(u"mnuDelete"_s, u"select two"_s);
 }
 
-void tourFontCommand(Tour &tour)
-{
-    // No menu offers it.
-    FrameCommands commands(*control<MDIFormQuerna>(u"MDIFormQuerna"_s));
-    EditorControl *text = tour.text();
-    text->setText(u"select 'in another font' from dual"_s);
-    text->setSelStart(7);
-    text->setSelLength(17);
-    tour.modal([&] { commands.mnuFont_Click(); },
-               [&](QWidget *dialog) {
-                   auto *fonts = dialog->findChild<QFontDialog *>();
-                   fonts->setCurrentFont(QFont(u"DejaVu Sans Mono"_s, 18, QFont::Bold));
-                   tour.picture(u"font"_s, dialog);
-                   QTest::keyClick(fonts, Qt::Key_Return);
-               });
-    tour.picture(u"in-another-font"_s, control(u"MDIFormQuerna"_s));
-    tour.expect(text->Font().family() == u"DejaVu Sans Mono"_s, u"the font is taken"_s);
-}
-
 void tourOtherPrograms(Tour &tour)
 {
     openMenu(tour, u"mnuFile"_s);
-    const QString started = writeStandIn(applicationFile(u"Querna"_s));
-    tour.menu(u"mnuOrbekSqlEditor"_s);
+    const QString started = makeStandIn(tour, u"Querna"_s);
+    tour.menuItem(u"mnuOrbekSqlEditor"_s)->trigger();
     tour.expect(toldTo(started) == gConnectString, u"New Window hands on the connection"_s);
 
-    const QString opened = writeStandIn(applicationFile(u"xdg-open"_s));
+    const QString opened = makeStandIn(tour, u"xdg-open"_s);
     const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", QFile::encodeName(applicationFolder()) + ':' + path);
+    qputenv("PATH", QFile::encodeName(tour.folder()) + ':' + path);
     for (const QString &item : {u"mnuJoinOrbekUserGroup"_s, u"mnuMessageOrbekUserGroup"_s}) {
-        tour.menu(item);
+        tour.menuItem(item)->trigger();
         tour.expect(toldTo(opened).startsWith(u"https://"_s), u"%1 opens a page"_s.arg(item));
     }
     qputenv("PATH", path);
@@ -118,11 +91,8 @@ void tourOtherPrograms(Tour &tour)
 
 void tourExit(Tour &tour)
 {
-    int ends = 0;
-    setProgramEnd([&ends](int) { ++ends; });
+    tour.expect(tour.ends.empty(), u"the program does not end by itself"_s);
     tour.press(u"tbrQuerna"_s, 20);
-    tour.expect(ends == 1, u"Exit Sql Editor ends the program"_s);
-    tour.menu(u"mnuExit"_s);
-    tour.expect(ends == 2, u"Exit ends the program"_s);
-    setProgramEnd({});
+    tour.menuItem(u"mnuExit"_s)->trigger();
+    tour.expect(tour.ends == std::vector{0, 0}, u"both ways of leaving end the program"_s);
 }

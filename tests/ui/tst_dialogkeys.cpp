@@ -96,27 +96,25 @@ void tst_dialogkeys::dialogs_data()
     QTest::addColumn<DialogMaker>("make");
     QTest::addColumn<QString>("tabOrder");
     QTest::addColumn<QString>("defaultButton");
-    QTest::newRow("frmQuernaLogin")
-        << DialogMaker(plain<frmQuernaLogin>)
-        << u"txtUserName txtPassword txtDb optPrefConn_0 optSYS_0 cmdOK cmdCancel"_s << u"cmdOK"_s;
-    QTest::newRow("EditorReplaceDialog") << DialogMaker([this] {
-        return std::make_unique<EditorReplaceDialog>(*m_search, m_editor.get());
-    }) << u"txtSearch txtReplacement chkMatchCase chkWholeWord cmdClose"_s
-                                         << u"cmdFindNext"_s;
-    QTest::newRow("frmFind") << DialogMaker(plain<frmFind>)
-                             << u"txtFind txtReplace chkCase cmdFindFirst cmdFindNext cmdReplace "
-                                "cmdReplaceAll cmdFindCancel"_s
-                             << u"cmdFindFirst"_s;
-    QTest::newRow("frmRecords") << DialogMaker(plain<frmRecords>) << u"txtRecords cmdOK cmdCancel"_s
-                                << u"cmdOK"_s;
-    QTest::newRow("frmExport") << DialogMaker(plain<frmExport>)
-                               << u"optExport_0 cmdExpOK cmdExpCancel"_s << u"cmdExpOK"_s;
-    QTest::newRow("frmSQLHistory")
-        << DialogMaker(plain<frmSQLHistory>) << u"msfgSQL"_s << QString();
-    QTest::newRow("frmObject") << DialogMaker(picker<frmObject>) << u"cmbSchema lstObject"_s
-                               << QString();
-    QTest::newRow("frmObjectColumn")
-        << DialogMaker(picker<frmObjectColumn>) << u"cmbSchema cmbTable lstObject"_s << QString();
+    const auto row = [](const char *name, const DialogMaker &make, const QString &tabOrder,
+                        const QString &defaultButton = {}) {
+        QTest::newRow(name) << make << tabOrder << defaultButton;
+    };
+    row("frmQuernaLogin", plain<frmQuernaLogin>,
+        u"txtUserName txtPassword txtDb optPrefConn_0 optSYS_0 cmdOK cmdCancel"_s, u"cmdOK"_s);
+    row(
+        "EditorReplaceDialog",
+        [this] { return std::make_unique<EditorReplaceDialog>(*m_search, m_editor.get()); },
+        u"txtSearch txtReplacement chkMatchCase chkWholeWord cmdClose"_s, u"cmdFindNext"_s);
+    row("frmFind", plain<frmFind>,
+        u"txtFind txtReplace chkCase cmdFindFirst cmdFindNext cmdReplace cmdReplaceAll "
+        "cmdFindCancel"_s,
+        u"cmdFindFirst"_s);
+    row("frmRecords", plain<frmRecords>, u"txtRecords cmdOK cmdCancel"_s, u"cmdOK"_s);
+    row("frmExport", plain<frmExport>, u"optExport_0 cmdExpOK cmdExpCancel"_s, u"cmdExpOK"_s);
+    row("frmSQLHistory", plain<frmSQLHistory>, u"msfgSQL"_s);
+    row("frmObject", picker<frmObject>, u"cmbSchema lstObject"_s);
+    row("frmObjectColumn", picker<frmObjectColumn>, u"cmbSchema cmbTable lstObject"_s);
 }
 
 void tst_dialogkeys::dialogs()

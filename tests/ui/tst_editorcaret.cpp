@@ -48,7 +48,6 @@ private slots:
     void panelFollowsTheCaret();
     void tabStopsComeBack();
     void lastKeyIsKept();
-    void wordAtCaretIsColoured_data();
     void wordAtCaretIsColoured();
     void colouringKeepsTheView();
 };
@@ -82,14 +81,18 @@ void tst_EditorCaret::panelFollowsTheCaret()
     Window window;
     window.events.showCaretPosition();
     QCOMPARE(window.panel, u" Line: 1 Col: 1"_s);
-    window.editor->setText(u"abc\ndef"_s);
-    window.editor->setSelStart(7);
-    QCOMPARE(window.panel, u" Line: 2 Col: 3"_s);
-    QTest::keyClick(window.editor, Qt::Key_X);
+    window.editor->setText(u"a\n😀é b"_s);
+    window.editor->setSelStart(6);
     QCOMPARE(window.panel, u" Line: 2 Col: 4"_s);
+    QTest::keyClick(window.editor, Qt::Key_Left);
+    QCOMPARE(window.panel, u" Line: 2 Col: 3"_s);
+    QTest::keyClick(window.editor, Qt::Key_Up);
+    QCOMPARE(window.panel, u" Line: 1 Col: 2"_s);
+    QTest::keyClick(window.editor, Qt::Key_X);
+    QCOMPARE(window.panel, u" Line: 1 Col: 3"_s);
     window.panel.clear();
     window.events.showCaretPosition();
-    QCOMPARE(window.panel, u" Line: 2 Col: 4"_s);
+    QCOMPARE(window.panel, u" Line: 1 Col: 3"_s);
 }
 
 void tst_EditorCaret::tabStopsComeBack()
@@ -133,32 +136,21 @@ void tst_EditorCaret::lastKeyIsKept()
     QCOMPARE(window.events.lastKeyClass(), KeyClass::Delete);
 }
 
-void tst_EditorCaret::wordAtCaretIsColoured_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("word");
-    QTest::addColumn<int>("group");
-
-    QTest::newRow("keyword and blank") << u"x select "_s << u"select"_s << 6;
-    QTest::newRow("data type") << u"x date"_s << u"date"_s << 1;
-    QTest::newRow("no keyword") << u"emp"_s << u"emp"_s << 0;
-    QTest::newRow("before a parenthesis") << u"a in("_s << u"in"_s << 6;
-    QTest::newRow("no word") << u"a  "_s << u""_s << -1;
-}
-
 void tst_EditorCaret::wordAtCaretIsColoured()
 {
-    QFETCH(QString, typed);
-    QFETCH(QString, word);
-    Window window;
-    for (const QChar letter : typed)
-        QTest::keyClick(window.editor, letter.toLatin1(),
-                        letter == u'(' ? Qt::ShiftModifier : Qt::NoModifier);
-    QCOMPARE(window.events.wordAtCaret().word, word);
-    QTEST(window.events.colourWordAtCaret(), "group");
-    QCOMPARE(window.editor->GetText(), typed);
-    QCOMPARE(window.editor->SelStart(), typed.size());
-    QCOMPARE(window.editor->SelLength(), 0);
+    for (const auto &[typed, word, group] :
+         {std::tuple(u"x select "_s, u"select"_s, 6), std::tuple(u"emp"_s, u"emp"_s, 0),
+          std::tuple(u"a in("_s, u"in"_s, 6), std::tuple(u"a  "_s, u""_s, -1)}) {
+        Window window;
+        for (const QChar letter : typed)
+            QTest::keyClick(window.editor, letter.toLatin1(),
+                            letter == u'(' ? Qt::ShiftModifier : Qt::NoModifier);
+        QCOMPARE(window.events.wordAtCaret().word, word);
+        QCOMPARE(window.events.colourWordAtCaret(), group);
+        QCOMPARE(window.editor->GetText(), typed);
+        QCOMPARE(window.editor->SelStart(), typed.size());
+        QCOMPARE(window.editor->SelLength(), 0);
+    }
 }
 
 void tst_EditorCaret::colouringKeepsTheView()

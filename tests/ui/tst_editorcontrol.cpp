@@ -27,7 +27,6 @@ private slots:
     void readOnlyTextStays();
     void keysAreReported_data();
     void keysAreReported();
-    void caretIsReported();
     void otherKeys();
     void lineNumbersGrow();
     void seenByScreenReaders();
@@ -240,24 +239,6 @@ void tst_EditorControl::keysAreReported()
     QCOMPARE(keys.count(), 1 + (modifiers & ~Qt::KeypadModifier ? 1 : 0));
     QCOMPARE(keys.last(), (QVariantList{code, shift}));
     QCOMPARE(textThen, u"text"_s);
-}
-
-void tst_EditorControl::caretIsReported()
-{
-    EditorControl editor;
-    editor.setText(u"a\n😀é b"_s);
-    QSignalSpy moves(&editor, &EditorControl::caretMoved);
-    editor.setSelStart(6);
-    QCOMPARE(moves.takeLast(), (QVariantList{4, 2}));
-    QTest::keyClick(&editor, Qt::Key_Left);
-    QCOMPARE(moves.takeLast(), (QVariantList{3, 2}));
-    QTest::keyClick(&editor, Qt::Key_Up);
-    QCOMPARE(moves.takeLast(), (QVariantList{2, 1}));
-    QTest::keyClick(&editor, Qt::Key_Tab);
-    QCOMPARE(moves.takeLast(), (QVariantList{3, 1}));
-    QCOMPARE(editor.GetText(), u"a\t\r\n😀é b"_s);
-    editor.setSelStart(2);
-    QCOMPARE(moves.count(), 0);
 }
 
 // Those that zoom leave the text alone; the usual one for selecting all does nothing.

@@ -1,6 +1,5 @@
 #include "controls/EditorControl.h"
 #include "controls/EditorSearch.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/userActions.h"
 
 #include <QCheckBox>
@@ -12,22 +11,24 @@
 
 using namespace Qt::StringLiterals;
 
-/// The editor control's own find, replace and page set-up dialogs, as a user works with them.
+/// The editor control's own find and replace dialogs, as a user works with them.
 class tst_EditorDialogs : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_editor = std::make_unique<EditorControl>();
+        m_editor->show();
+    }
+    void cleanup() { m_editor.reset(); }
     void findsOnwardsAndWraps();
-    void options_data();
     void options();
     void notFoundIsSaid();
     void keysOfTheDialog();
     void replacesOneAfterTheOther();
     void replacesAllInOneStep();
     void offersTheSelection();
-    void pageSetup();
 
 private:
     QDialog &findDialog() { return *m_editor->findChild<QDialog *>(u"EditorFindDialog"_s); }
@@ -43,17 +44,6 @@ private:
 
     std::unique_ptr<EditorControl> m_editor;
 };
-
-void tst_EditorDialogs::init()
-{
-    m_editor = std::make_unique<EditorControl>();
-    m_editor->show();
-}
-
-void tst_EditorDialogs::cleanup()
-{
-    m_editor.reset();
-}
 
 void tst_EditorDialogs::findsOnwardsAndWraps()
 {
@@ -72,32 +62,24 @@ void tst_EditorDialogs::findsOnwardsAndWraps()
     }
 }
 
-void tst_EditorDialogs::options_data()
-{
-    QTest::addColumn<QString>("wanted");
-    QTest::addColumn<bool>("matchCase");
-    QTest::addColumn<bool>("wholeWord");
-    QTest::addColumn<int>("start");
-
-    QTest::newRow("any") << u"Emp"_s << false << false << 0;
-    QTest::newRow("case") << u"Emp"_s << true << false << 9;
-    QTest::newRow("word") << u"Emp"_s << false << true << 5;
-    QTest::newRow("case and word") << u"Emp"_s << true << true << 14;
-    QTest::newRow("case beyond ASCII") << u"Ä"_s << false << false << 18;
-}
-
 void tst_EditorDialogs::options()
 {
-    QFETCH(QString, wanted);
-    QFETCH(bool, matchCase);
-    QFETCH(bool, wholeWord);
     m_editor->setText(u"emps EMP Emps Emp ä"_s);
     m_editor->FindDialog();
-    findDialog().findChild<QLineEdit *>(u"txtSearch"_s)->setText(wanted);
-    findDialog().findChild<QCheckBox *>(u"chkMatchCase"_s)->setChecked(matchCase);
-    findDialog().findChild<QCheckBox *>(u"chkWholeWord"_s)->setChecked(wholeWord);
-    click(findDialog(), u"cmdFindNext"_s);
-    QTEST(m_editor->SelStart(), "start");
+    const auto option = [&](const QString &name) {
+        return findDialog().findChild<QCheckBox *>(name);
+    };
+    for (const auto &[wanted, matchCase, wholeWord, start] :
+         {std::tuple(u"Emp"_s, false, false, 0), std::tuple(u"Emp"_s, true, false, 9),
+          std::tuple(u"Emp"_s, false, true, 5), std::tuple(u"Emp"_s, true, true, 14),
+          std::tuple(u"Ä"_s, false, false, 18)}) {
+        findDialog().findChild<QLineEdit *>(u"txtSearch"_s)->setText(wanted);
+        option(u"chkMatchCase"_s)->setChecked(matchCase);
+        option(u"chkWholeWord"_s)->setChecked(wholeWord);
+        m_editor->setSelStart(0);
+        click(findDialog(), u"cmdFindNext"_s);
+        QCOMPARE(m_editor->SelStart(), start);
+    }
 }
 
 void tst_EditorDialogs::notFoundIsSaid()
@@ -191,19 +173,6 @@ void tst_EditorDialogs::offersTheSelection()
         QCOMPARE(isEnabled(replaceDialog(), u"cmdReplace"_s), !m_editor->ReadOnly());
         QCOMPARE(isEnabled(replaceDialog(), u"cmdReplaceAll"_s), !m_editor->ReadOnly());
     }
-}
-
-void tst_EditorDialogs::pageSetup()
-{
-    m_editor->setText(u"text"_s);
-    bool hasPrint = false;
-    whenModal([&hasPrint](QWidget *window) {
-        hasPrint = window->findChild<QPushButton *>(u"cmdPrint"_s) != nullptr;
-        qobject_cast<QDialog *>(window)->reject();
-    });
-    m_editor->PageSetupDialog();
-    QVERIFY(hasPrint);
-    QCOMPARE(m_editor->GetText(), u"text"_s);
 }
 
 QTEST_MAIN(tst_EditorDialogs)

@@ -1,12 +1,11 @@
 #include "controls/EditorControl.h"
 #include "controls/uiPresenters.h"
 #include "dialogs/frmFind.h"
-#include "platform/process.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/userActions.h"
 
+#include <QApplication>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -55,8 +54,6 @@ struct FindBench
     bool replacing() { return !dialog->findChild<QPushButton *>(u"cmdReplaceAll"_s)->isEnabled(); }
 };
 
-constexpr auto endlessArgument = "--replace-without-end";
-
 } // namespace
 
 class tst_finddialog : public QObject
@@ -73,7 +70,7 @@ private slots:
     void longReplacingEndsByItself();
     void endlessOneTakesInWhatIsTyped();
     void closingOrLosingTheEditorEndsReplacing();
-    void endlessOneEndsWithTheProgram();
+    void endlessOneEndsWithTheLastWindow();
     void cancelGivesTheFocusBack();
 };
 
@@ -222,16 +219,18 @@ void tst_finddialog::closingOrLosingTheEditorEndsReplacing()
     QTest::qWait(100);
 }
 
-// This program, started once more with an argument, replaces without end and then closes its
-// windows.
-void tst_finddialog::endlessOneEndsWithTheProgram()
+void tst_finddialog::endlessOneEndsWithTheLastWindow()
 {
-    QProcess program;
-    program.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(endlessArgument)});
-    QVERIFY(program.waitForFinished(20000));
-    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(program.exitCode(), 0);
-    QVERIFY(program.readAllStandardOutput().contains("still replacing"));
+    FindBench bench(u"banana"_s);
+    bench.replaceAll(u"a"_s, u"aa"_s);
+    bool stillReplacing = false;
+    QTimer::singleShot(300, &bench.window, [&] {
+        stillReplacing = bench.replacing();
+        bench.dialog->close();
+        bench.window.close();
+    });
+    QCOMPARE(QApplication::exec(), 0);
+    QVERIFY(stillReplacing);
 }
 
 void tst_finddialog::cancelGivesTheFocusBack()
@@ -243,30 +242,5 @@ void tst_finddialog::cancelGivesTheFocusBack()
     QTRY_VERIFY(bench.editor->hasFocus());
 }
 
-namespace {
-
-int replaceUntilClosed()
-{
-    FindBench bench(u"banana"_s);
-    bench.replaceAll(u"a"_s, u"aa"_s);
-    QTimer::singleShot(300, &bench.window, [&bench] {
-        if (bench.replacing())
-            std::puts("still replacing");
-        bench.dialog->close();
-        bench.window.close();
-    });
-    return QApplication::exec();
-}
-
-} // namespace
-
-int main(int argc, char *argv[])
-{
-    QApplication app(argc, argv);
-    if (QCoreApplication::arguments().contains(QString::fromLatin1(endlessArgument)))
-        return replaceUntilClosed();
-    tst_finddialog test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(tst_finddialog)
 #include "tst_finddialog.moc"

@@ -1,6 +1,5 @@
 #include "app/FrameCommands.h"
 #include "app/MDIFormQuerna.h"
-#include "app/startUp.h"
 #include "connection/frmQuernaLogin.h"
 #include "connection/session.h"
 #include "controls/EditorControl.h"
@@ -124,6 +123,11 @@ void TestFrame::emptyCommandLineShowsLogin()
 
 void TestFrame::commandLineOpensTheSession()
 {
+    {
+        // A connection string need not name user and database to the program.
+        const ProgramFixture nameless(u"DRIVER=SQLite3;Database=:memory:"_s);
+        QCOMPARE(nameless.editor()->windowTitle(), u"@ - SQL Editor: ..."_s);
+    }
     ProgramFixture program(u"\"%1\""_s.arg(sqlite));
     QCOMPARE(gConnectString, sqlite);
     QCOMPARE(gUserName, u"scott"_s);
@@ -222,17 +226,12 @@ void TestFrame::dividerFollowsTheMouse()
 void TestFrame::panesAreLaidOutInTwips()
 {
     const PaneLayout panes = layoutPanes(0.5F, {15000, 10000, 600, 600});
-    QCOMPARE(panes.editorHeight, 5000);
-    QCOMPARE(panes.editorWidth, 14800);
-    QCOMPARE(panes.tabTop, 5650);
-    QCOMPARE(panes.tabHeight, 3850);
-    QCOMPARE(panes.tabWidth, 14800);
-    QCOMPARE(panes.gridHeight, 2850);
-    QCOMPARE(panes.gridWidth, 14700);
-    QCOMPARE(panes.planHeight, 3100);
-    QCOMPARE(panes.planWidth, 14700);
-    QCOMPARE(panes.outputHeight, 2725);
-    QCOMPARE(panes.outputWidth, 14700);
+    QCOMPARE((QList{panes.editorHeight, panes.tabTop, panes.tabHeight, panes.gridHeight,
+                    panes.planHeight, panes.outputHeight}),
+             (QList{5000, 5650, 3850, 2850, 3100, 2725}));
+    QCOMPARE((QList{panes.editorWidth, panes.tabWidth, panes.gridWidth, panes.planWidth,
+                    panes.outputWidth}),
+             (QList{14800, 14800, 14700, 14700, 14700}));
 }
 
 void TestFrame::recordLimitIsShown()

@@ -283,11 +283,7 @@ void tst_grids::flexGridCountsFixedCells()
     QCOMPARE(raisedError([&] { grid.setRows(0); }), ErrorNumber::InvalidProcedureCall);
 
     grid.setColWidth(1, 7000);
-    grid.setColWidth(0, 300);
-    grid.setRowHeight(2, 1000);
     QCOMPARE(grid.columnWidth(0), 467);
-    QCOMPARE(grid.verticalHeader()->width(), 20);
-    QCOMPARE(grid.rowHeight(1), 67);
     grid.Clear();
     QCOMPARE(grid.Rows(), 1);
     QCOMPARE(grid.Cols(), 1);

@@ -56,8 +56,7 @@ private slots:
     void keys_data();
     void keys();
     void paneKeys();
-    void buttonsTellTheirKeys();
-    void everyControlHasAName();
+    void controlsTellWhatTheyAre();
     void loginByKeyboard();
     void frameAndZoomAreKept();
     void newWindowIsMaximized();
@@ -107,9 +106,12 @@ void tst_habits::paneKeys()
     QVERIFY(program.text()->hasFocus());
 }
 
-void tst_habits::buttonsTellTheirKeys()
+// Buttons tell their keys, and every control has a name for those who do not see it.
+void tst_habits::controlsTellWhatTheyAre()
 {
     ProgramFixture program(sqlite);
+    program.run(u"select 1 as one"_s);
+    QCOMPARE(namelessControls(program.frame()).join(u'|'), QString());
     for (const QString &name : {u"tbrQuerna"_s, u"Toolbar1"_s}) {
         auto *bar = program.control<QToolBar>(name);
         for (QAction *action : bar->actions()) {
@@ -124,13 +126,6 @@ void tst_habits::buttonsTellTheirKeys()
         }
     }
     QToolTip::hideText();
-}
-
-void tst_habits::everyControlHasAName()
-{
-    ProgramFixture program(sqlite);
-    program.run(u"select 1 as one"_s);
-    QCOMPARE(namelessControls(program.frame()).join(u'|'), QString());
 }
 
 void tst_habits::loginByKeyboard()

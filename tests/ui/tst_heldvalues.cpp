@@ -186,6 +186,7 @@ void TestHeldValues::columns()
     QCOMPARE(headers(u"select 1 as \"%1\", 2 as \"\", 3 as \"\", 4 as n, 5 as n"_s.arg(longName)),
              longName + u"||_1|n|n_1"_s);
     QCOMPARE(headers(u"select * from held where 1 = 0"_s), QString());
+    QCOMPARE(m_program->editor()->rsResult()->fieldCount(), 0);
     QCOMPARE(m_program->panel(4), u"Records Retrieved: 0"_s);
     QVERIFY2(messages.texts.isEmpty(), qPrintable(messages.texts.join(u'|')));
     QCOMPARE(headers(u"begin null; end;"_s), QString());

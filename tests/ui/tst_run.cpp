@@ -1,24 +1,17 @@
 #include "connection/session.h"
 #include "controls/ColumnTree.h"
 #include "controls/EditorControl.h"
-#include "dataaccess/Recordset.h"
 #include "editor/ExplainPlan.h"
 #include "editor/frmQuerna.h"
 #include "platform/mousePointer.h"
 #include "platform/systemClock.h"
 #include "support/SandboxFixture.h"
 #include "support/raisedError.h"
-#include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QFile>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QTabWidget>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -44,10 +37,9 @@ class TestRun : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase();
+    void initTestCase() { m_server = SandboxFixture::open(); }
     void cleanupTestCase() { m_server.reset(); }
     void queryFillsGridPanelsAndHistory();
-    void dataSourceOnTheSameServer();
     void selectionIsRunWithoutItsComments();
     void elapsedTimeComesFromTheClock();
     void pagesOfRows();
@@ -63,11 +55,6 @@ private:
     /// Keeps the server running, which would otherwise end with each window.
     std::shared_ptr<Connection> m_server;
 };
-
-void TestRun::initTestCase()
-{
-    m_server = SandboxFixture::open();
-}
 
 void TestRun::queryFillsGridPanelsAndHistory()
 {
@@ -89,24 +76,6 @@ void TestRun::queryFillsGridPanelsAndHistory()
     // A statement of nothing is remembered as well.
     program.run({});
     QVERIFY(program.history().contains("SQLEND\r\n\r\nSQLTIME\r\n"));
-}
-
-void TestRun::dataSourceOnTheSameServer()
-{
-    const QString socket = SandboxFixture::scalar(m_server, u"select @@socket"_s);
-    ProgramFixture program;
-    const QString odbcIni = program.folder() + u"/odbc.ini"_s;
-    makeFile(odbcIni, "[practice]\nDriver=MariaDB Unicode\nDatabase=scott\nSocket=" +
-                          socket.toUtf8() + "\n");
-    qputenv("ODBCINI", QFile::encodeName(odbcIni));
-    program.start(u"DSN=practice;Uid=scott;Pwd=tiger"_s);
-    qunsetenv("ODBCINI");
-    QVERIFY(program.editor() != nullptr);
-    // Such a string names neither user nor database to the program.
-    QCOMPARE(program.editor()->windowTitle(), u"@ - SQL Editor: ..."_s);
-    program.run(u"select * from sales"_s);
-    program.press(u"Toolbar1"_s, 1);
-    QCOMPARE(program.panel(4), u"Records Retrieved: 50"_s);
 }
 
 void TestRun::selectionIsRunWithoutItsComments()
@@ -147,10 +116,6 @@ void TestRun::pagesOfRows()
     program.press(u"Toolbar1"_s, 1);
     program.press(u"Toolbar1"_s, 3);
     QCOMPARE(program.panel(4), u"Records Retrieved: 60"_s);
-
-    program.run(u"select 1 as id, null as id, 'x' as id from dual where 1 = 0"_s);
-    QCOMPARE(program.panel(4), u"Records Retrieved: 0"_s);
-    QCOMPARE(program.editor()->rsResult()->fieldCount(), 0);
 }
 
 void TestRun::dmlStaysInTheTransaction()

@@ -100,7 +100,7 @@ class TestWhileRetrieving : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase();
+    void initTestCase() { m_server = SandboxFixture::open(); }
     void cleanupTestCase() { m_server.reset(); }
     void everyHarmlessCommand();
     void commandsThatMatter_data();
@@ -110,11 +110,6 @@ private:
     /// Keeps the server running, which would otherwise end with each window.
     std::shared_ptr<Connection> m_server;
 };
-
-void TestWhileRetrieving::initTestCase()
-{
-    m_server = SandboxFixture::open();
-}
 
 void TestWhileRetrieving::everyHarmlessCommand()
 {
