@@ -212,9 +212,14 @@ void tst_EditorColouring::pickedTextIsOrange()
     QCOMPARE(ownColour(editor, 7), std::nullopt);
     QCOMPARE(ownColour(editor, 8), orange);
     QCOMPARE(ownColour(editor, 18), std::nullopt);
-    // What is set on it later replaces it.
+    // A text in its place takes it over, and what is set on that replaces it.
     editor.setSelStart(8);
     editor.setSelLength(10);
+    editor.InsertText(u"MMMM"_s);
+    QCOMPARE(ownColour(editor, 8), orange);
+    QCOMPARE(ownColour(editor, 12), std::nullopt);
+    editor.setSelStart(8);
+    editor.setSelLength(4);
     editor.setSelColor(Qt::black);
     QCOMPARE(countPixels(editor, orange), 0);
 }

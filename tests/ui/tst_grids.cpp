@@ -158,6 +158,8 @@ void tst_grids::gridTakesAddedRowsInBatches()
     grid.scrollToBottom();
     const QModelIndex last = grid.model()->index(added + 24, 0);
     QVERIFY(grid.viewport()->rect().contains(grid.visualRect(last).center()));
+    grid.showAddedRows();
+    QCOMPARE(grid.model()->rowCount(), added + 25);
 }
 
 void tst_grids::gridFitsWidthsOnce()
