@@ -290,6 +290,7 @@ void tst_odbc::cutValuesAreReadAgain_data()
         row("unknown length", u"expression 0 70000 nototal"_s, {70000});
         row("several", u"expression 0 5000 expression 0 60000"_s, {5000, 60000});
         row("stored length", u"expression 255 3000 storedlength"_s, {3000});
+        row("misreckoned length", u"expression 0 30 misreckoned"_s, {30});
         row("no progress", u"expression 0 70000 stuck"_s, {70000}, 3000);
         // A table's column that lies: read again, or an error, but never cut.
         row("false size", u"text 10 500"_s, {500}, abilities == 15 ? 0 : 3000);

@@ -32,6 +32,7 @@ SQLRETURN parse(Statement &statement, std::istringstream words)
             return SQL_ERROR;
         }
         statement.storedLength |= word == "storedlength";
+        statement.misreckons |= word == "misreckoned";
         statement.noTotal |= word == "nototal";
         statement.isStuck |= word == "stuck";
         statement.badLengths |= word == "badlengths";
@@ -91,7 +92,9 @@ SQLRETURN fillRow(Statement &statement, SQLULEN inBlock)
         const auto offset = static_cast<SQLLEN>(inBlock) * column.width;
         const size_t stored = store(column, bytes, column.values + offset, column.width);
         column.indicators[inBlock] =
-            static_cast<SQLLEN>(statement.storedLength ? stored : bytes.size());
+            statement.misreckons
+                ? 1
+                : static_cast<SQLLEN>(statement.storedLength ? stored : bytes.size());
         isCut |= stored < bytes.size();
     }
     const bool isError = static_cast<long>(statement.position) == statement.errorRow;

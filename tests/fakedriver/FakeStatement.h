@@ -84,6 +84,7 @@ struct Statement : Handle
     long errorRow = -1;
     long brokenRow = -1;
     bool storedLength = false;
+    bool misreckons = false;
     bool noTotal = false;
     bool isStuck = false;
     bool isLate = false;
@@ -94,7 +95,7 @@ struct Statement : Handle
         columns.clear();
         rows = fetched = 0;
         lostRow = errorRow = brokenRow = -1;
-        storedLength = noTotal = isStuck = isLate = badLengths = false;
+        storedLength = misreckons = noTotal = isStuck = isLate = badLengths = false;
     }
 };
 

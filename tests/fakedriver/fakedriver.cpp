@@ -16,6 +16,7 @@
 //     expression <size> <length>  the same, not of a table
 //     integer                  a column of row numbers
 //     storedlength             a cut value's indicator tells what was stored, not what there was
+//     misreckoned              indicators tell one byte of whatever length
 //     nototal                  long values are given without telling their length
 //     stuck                    long values never come to an end, nor get on
 //     lost <row>               the connection is lost when that row is fetched
