@@ -7,8 +7,8 @@
 #include "sqltext/scriptRunner.h"
 #include "sqltext/selectionEdits.h"
 #include "sqltext/sqlFilters.h"
-#include "support/LiteralCommentFilter.h"
 #include "support/fuzzInput.h"
+#include "support/literallyStripped.h"
 #include "support/require.h"
 
 #include <algorithm>
@@ -30,7 +30,7 @@ QString statementIn(const QString &block, QLatin1StringView begin, QLatin1String
 
 bool holdsStatement(const QString &piece)
 {
-    const QString rest = trimBlanks(LiteralCommentFilter(piece).filtered());
+    const QString rest = trimBlanks(literallyStripped(piece));
     return std::any_of(rest.begin(), rest.end(), [](QChar c) { return c != u'\r' && c != u'\n'; });
 }
 

@@ -1,5 +1,6 @@
 #include "sqltext/ReplaceAll.h"
 #include "support/DataRows.h"
+#include "support/textRows.h"
 
 #include <QRandomGenerator>
 
@@ -44,7 +45,7 @@ class tst_replaceall : public QObject
     Q_OBJECT
 private slots:
     void namedCases_data();
-    void namedCases();
+    void namedCases() { compareTextRow(); }
     void agreesWithTheLiteralLoop();
     void endlessOneGoesOn();
     void largeTexts_data();
@@ -53,20 +54,15 @@ private slots:
 
 void tst_replaceall::namedCases_data()
 {
-    const DataRows<QString, QString, QString, QString> row("text", "find", "replacement",
-                                                           "expected");
-    row("each letter", u"banana"_s, u"a"_s, u"b"_s, u"bbnbnb"_s);
-    row("across the border, backwards", u"aabb"_s, u"ab"_s, u"a"_s, u"aa"_s);
-    row("letter case counts", u"Aa"_s, u"a"_s, u"b"_s, u"Ab"_s);
-    row("beyond the basic plane", u"x😀y😀"_s, u"😀"_s, u"z"_s, u"xzyz"_s);
-}
-
-void tst_replaceall::namedCases()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, find);
-    QFETCH(QString, replacement);
-    QTEST(wholeReplacement(text, find, replacement), "expected");
+    addTextColumns();
+    const auto replaced = [](const QString &textFindAndReplacement) {
+        const QStringList parts = textFindAndReplacement.split(u' ');
+        return wholeReplacement(parts[0], parts[1], parts[2]);
+    };
+    addTextRows("each letter", replaced, u"banana a b→bbnbnb"_s);
+    addTextRows("across the border, backwards", replaced, u"aabb ab a→aa"_s);
+    addTextRows("letter case counts", replaced, u"Aa a b→Ab"_s);
+    addTextRows("beyond the basic plane", replaced, u"x😀y😀 😀 z→xzyz"_s);
 }
 
 // Not only the ends are compared but every text on the way, and the endless ones as far as they

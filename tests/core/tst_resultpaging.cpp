@@ -1,10 +1,9 @@
 #include "dataaccess/Connection.h"
 #include "sqltext/ResultPaging.h"
+#include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/tables.h"
 #include "support/textRows.h"
-
-#include <QTest>
 
 #include <functional>
 #include <utility>
@@ -30,7 +29,7 @@ class tst_ResultPaging : public QObject
 private slots:
     void init();
     void setsOfRows();
-    void queryWithoutRows();
+    void withoutRows();
     void texts();
     void fieldNames_data();
     void fieldNames() { compareTextRow(); }
@@ -38,7 +37,6 @@ private slots:
     void whatHappensDuringAYield_data();
     void whatHappensDuringAYield();
     void ownerGoneDuringAYield();
-    void nothingToRetrieve();
 
 private:
     void open(QString sql)
@@ -81,8 +79,14 @@ void tst_ResultPaging::setsOfRows()
     QCOMPARE(m_paging->result()->fieldType(1), adVariant);
 }
 
-void tst_ResultPaging::queryWithoutRows()
+void tst_ResultPaging::withoutRows()
 {
+    QCOMPARE(raisedError([this] { m_paging->retrieveNext(); }), ErrorNumber::ObjectVariableNotSet);
+    m_paging->stop();
+    m_paging->retrieveAll();
+    QCOMPARE(m_paging->recordsFetched(), 0);
+    m_shown.clear();
+
     open(u"select 1 as a where 1 = 2"_s);
     QCOMPARE(m_paging->recordsFetched(), 0);
     QCOMPARE(m_paging->result()->State(), adStateClosed);
@@ -139,19 +143,15 @@ void tst_ResultPaging::retrievingAllYieldsAfterEveryRow()
 
 void tst_ResultPaging::whatHappensDuringAYield_data()
 {
-    using Event = std::function<void()>;
-    QTest::addColumn<Event>("event"); // when the 30th row has arrived
-    QTest::addColumn<int>("fetched");
-    QTest::newRow("stopped") << Event([this] { m_paging->stop(); }) << 30;
-    QTest::newRow("next set") << Event([this] { m_paging->retrieveNext(); }) << 100;
-    QTest::newRow("all again") << Event([this] { m_paging->retrieveAll(); }) << 100;
-    QTest::newRow("connection closed") << Event([this] { m_connection->Close(); }) << 30;
-    QTest::newRow("another query") << Event([this] { open(numbers(60)); }) << 25;
-    QTest::newRow("query without rows") << Event([this] { open(u"select 1 where 1 = 2"_s); }) << 0;
-    QTest::newRow("statement without a query")
-        << Event([this] { m_paging->setResult(std::make_shared<Recordset>()); }) << 30;
-    QTest::newRow("query that fails")
-        << Event([this] { raisedError([this] { open(u"select"_s); }); }) << 0;
+    const DataRows<int, std::function<void()>> row("fetched", "event"); // at the 30th row
+    row("stopped", 30, [this] { m_paging->stop(); });
+    row("next set", 100, [this] { m_paging->retrieveNext(); });
+    row("all again", 100, [this] { m_paging->retrieveAll(); });
+    row("connection closed", 30, [this] { m_connection->Close(); });
+    row("another query", 25, [this] { open(numbers(60)); });
+    row("query without rows", 0, [this] { open(u"select 1 where 1 = 2"_s); });
+    row("no query", 30, [this] { m_paging->setResult(std::make_shared<Recordset>()); });
+    row("query that fails", 0, [this] { raisedError([this] { open(u"select"_s); }); });
 }
 
 void tst_ResultPaging::whatHappensDuringAYield()
@@ -185,14 +185,6 @@ void tst_ResultPaging::ownerGoneDuringAYield()
     QCOMPARE(yields, 1);
     QVERIFY(paging.expired());
     QVERIFY(result.expired());
-}
-
-void tst_ResultPaging::nothingToRetrieve()
-{
-    QCOMPARE(raisedError([this] { m_paging->retrieveNext(); }), ErrorNumber::ObjectVariableNotSet);
-    m_paging->stop();
-    m_paging->retrieveAll();
-    QCOMPARE(m_paging->recordsFetched(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_ResultPaging)

@@ -2,7 +2,7 @@
 #include "sqltext/selectionEdits.h"
 #include "sqltext/sqlFilters.h"
 #include "support/DataRows.h"
-#include "support/LiteralCommentFilter.h"
+#include "support/literallyStripped.h"
 #include "support/textRows.h"
 
 #include <QRandomGenerator>
@@ -88,7 +88,7 @@ void tst_SqlFilters::comments()
 {
     QFETCH(QString, text);
     QTEST(stripComments(text), "stripped");
-    QTEST(LiteralCommentFilter(text).filtered(), "stripped");
+    QTEST(literallyStripped(text), "stripped");
 }
 
 void tst_SqlFilters::commentsOfRandomTexts()
@@ -97,8 +97,8 @@ void tst_SqlFilters::commentsOfRandomTexts()
     for (const auto &[texts, longest] : {std::pair{300'000, 24}, {5'000, 300}, {40, 5'000}}) {
         for (int i = 0; i < texts; ++i) {
             const QString text = randomText(random, random.bounded(longest + 1));
-            if (stripComments(text) != LiteralCommentFilter(text).filtered())
-                QCOMPARE(stripComments(text), LiteralCommentFilter(text).filtered());
+            if (stripComments(text) != literallyStripped(text))
+                QCOMPARE(stripComments(text), literallyStripped(text));
         }
     }
 }

@@ -15,11 +15,12 @@ QString classOfKey(const QString &key)
     return QString::number(number);
 }
 
-/// The word at the caret, which stands where `^` does, with its start and length.
+/// The word at the caret, which stands where `^` does, or beyond a text without one, with its start
+/// and length.
 TextFunction wordAt(KeyClass lastKey)
 {
     return [lastKey](QString text) {
-        const auto caret = static_cast<int>(text.indexOf(u'^'));
+        const auto caret = text.contains(u'^') ? static_cast<int>(text.indexOf(u'^')) : 99;
         const WordAtCaret found = wordAtCaret(text.remove(u'^'), caret, lastKey);
         return u"%1 %2 %3"_s.arg(found.word).arg(found.start).arg(found.length);
     };
@@ -39,7 +40,6 @@ class tst_WordAtCaret : public QObject
 private slots:
     void rules_data();
     void rules() { compareTextRow(); }
-    void caretBeyondTheText();
     void groupEndsAtItsFirstEmptyEntry();
 };
 
@@ -51,17 +51,12 @@ void tst_WordAtCaret::rules_data()
                 "57 0|57 3|48 5|56 1|0 1→0"_s);
     addTextRows("word", wordAt(KeyClass::Other),
                 u"^→ 1 0|select^→select 1 6|a se^lect b|a ^select b→select 3 6|select ^→ 8 0|"
-                "a\ti^n\tb→in 3 2|a\r\ni^n\r\nb→in 4 2|end;^→end; 1 4|a (^ b→ 4 0"_s);
+                "a\ti^n\tb→in 3 2|a\r\ni^n\r\nb→in 4 2|end;^→end; 1 4|a (^ b→ 4 0|abc→abc 1 3"_s);
     addTextRows("word after a blank", wordAt(KeyClass::Blank), u"^→ 1 0|select ^→select 1 6"_s);
     addTextRows("word after a parenthesis", wordAt(KeyClass::OpenParenthesis), u"x in(^→in 3 2"_s);
     // The first and the last word of each class among them.
     addTextRows("group", groupOf,
                 u"SELECT|As|sElEcT|;|java class→6|varchar2|cursor→1|emp|SELEC|→0"_s);
-}
-
-void tst_WordAtCaret::caretBeyondTheText()
-{
-    QCOMPARE(wordAtCaret(u"abc"_s, 99, KeyClass::Other).word, u"abc"_s);
 }
 
 void tst_WordAtCaret::groupEndsAtItsFirstEmptyEntry()
