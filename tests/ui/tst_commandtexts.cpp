@@ -1,5 +1,6 @@
 #include "controls/EditorControl.h"
 #include "platform/systemClock.h"
+#include "support/DataRows.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
@@ -58,31 +59,26 @@ QString TestCommandTexts::sent()
 
 void TestCommandTexts::runs_data()
 {
-    QTest::addColumn<QString>("statement");
-    QTest::addColumn<int>("tab");
-    QTest::addColumn<QString>("sent");
-    QTest::newRow("statement that changes data")
-        << u" update t\r\nset c = 'it''s' -- so\r\nwhere 1 = 1 "_s << 0
-        << u"--\nbegin \r\n execute immediate ' update t\nset c = ''it''''s'' -- so\n"
-           "where 1 = 1 '; end;\n"_s;
-    QTest::newRow("query, without comments and carriage returns")
-        << u"  rows 3 integer\r\n-- a comment\r\nend  "_s << 0 << u"--\nrows 3 integer\n\nend\n"_s;
-    QTest::newRow("blanks") << u"   "_s << 0 << QString();
-    QTest::newRow("plan")
-        << u"select ':x' from t"_s << 1
-        << u"--\nDELETE FROM PLAN_TABLE WHERE statement_id = '%1'\n"
-           "--\nEXPLAIN PLAN set statement_id = '%1' FOR select '&x' from t\n"
-           "--\n SELECT  rtrim(substr(OPERATION || ' ' || OPTIONS    || ' ' ||  OPTIMIZER,1,500))"
-           "  Query_Plan, level, id,parent_id, nvl(object_name,' ') object_name, "
-           "nvl(to_char(cardinality),' ') cardinality, nvl(to_char(bytes),' ') bytes, "
-           "nvl(to_char(COST),' ') cost From (SELECT * FROM PLAN_TABLE WHERE statement_id = '%1')"
-           "    START      WITH ID= 0  CONNECT    BY PRIOR ID= PARENT_ID\n"_s.arg(
-               u"scott1/2/2026 03:04:05"_s);
-    QTest::newRow("server output")
-        << u"begin null; end;"_s << 2
-        << u"--\n{call dbms_output.disable}\n--\n{call dbms_output.enable(no number)}\n"
-           "--\nbegin null; end;\n--\n{call dbms_output.get_line(?, ?)}\n"
-           "--\n{call dbms_output.disable}\n"_s;
+    const DataRows<QString, int, QString> row("statement", "tab", "sent");
+    row("statement that changes data", u" update t\r\nset c = 'it''s' -- so\r\nwhere 1 = 1 "_s, 0,
+        u"--\nbegin \r\n execute immediate ' update t\nset c = ''it''''s'' -- so\n"
+        "where 1 = 1 '; end;\n"_s);
+    row("query, without comments and carriage returns",
+        u"  rows 3 integer\r\n-- a comment\r\nend  "_s, 0, u"--\nrows 3 integer\n\nend\n"_s);
+    row("blanks", u"   "_s, 0, QString());
+    row("plan", u"select ':x' from t"_s, 1,
+        u"--\nDELETE FROM PLAN_TABLE WHERE statement_id = '%1'\n"
+        "--\nEXPLAIN PLAN set statement_id = '%1' FOR select '&x' from t\n"
+        "--\n SELECT  rtrim(substr(OPERATION || ' ' || OPTIONS    || ' ' ||  OPTIMIZER,1,500))"
+        "  Query_Plan, level, id,parent_id, nvl(object_name,' ') object_name, "
+        "nvl(to_char(cardinality),' ') cardinality, nvl(to_char(bytes),' ') bytes, "
+        "nvl(to_char(COST),' ') cost From (SELECT * FROM PLAN_TABLE WHERE statement_id = '%1')"
+        "    START      WITH ID= 0  CONNECT    BY PRIOR ID= PARENT_ID\n"_s.arg(
+            u"scott1/2/2026 03:04:05"_s));
+    row("server output", u"begin null; end;"_s, 2,
+        u"--\n{call dbms_output.disable}\n--\n{call dbms_output.enable(no number)}\n"
+        "--\nbegin null; end;\n--\n{call dbms_output.get_line(?, ?)}\n"
+        "--\n{call dbms_output.disable}\n"_s);
 }
 
 void TestCommandTexts::runs()
@@ -102,15 +98,13 @@ void TestCommandTexts::runs()
 
 void TestCommandTexts::buttons_data()
 {
-    QTest::addColumn<int>("button");
-    QTest::addColumn<QString>("sent");
-    QTest::newRow("script")
-        << 2
-        << u"--\nBegin \r\nexecute immediate ('drop table x');\r\nend;\n"
-           "--\nBegin \r\nexecute immediate ('\nrefuse 1');\r\nend;\n"
-           "--\nBegin \r\nexecute immediate ('\ninsert into t values (''a'')');\r\nend;\n"_s;
-    QTest::newRow("commit") << 6 << u"--\n(commit)\n"_s;
-    QTest::newRow("rollback") << 7 << u"--\n(rollback)\n"_s;
+    const DataRows<int, QString> row("button", "sent");
+    row("script", 2,
+        u"--\nBegin \r\nexecute immediate ('drop table x');\r\nend;\n"
+        "--\nBegin \r\nexecute immediate ('\nrefuse 1');\r\nend;\n"
+        "--\nBegin \r\nexecute immediate ('\ninsert into t values (''a'')');\r\nend;\n"_s);
+    row("commit", 6, u"--\n(commit)\n"_s);
+    row("rollback", 7, u"--\n(rollback)\n"_s);
 }
 
 void TestCommandTexts::buttons()

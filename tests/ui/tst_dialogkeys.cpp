@@ -10,6 +10,7 @@
 #include "export/frmExport.h"
 #include "history/frmSQLHistory.h"
 #include "platform/applicationFolder.h"
+#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
 #include "uisupport/accessibleNames.h"
 
@@ -93,13 +94,7 @@ void tst_dialogkeys::cleanupTestCase()
 
 void tst_dialogkeys::dialogs_data()
 {
-    QTest::addColumn<DialogMaker>("make");
-    QTest::addColumn<QString>("tabOrder");
-    QTest::addColumn<QString>("defaultButton");
-    const auto row = [](const char *name, const DialogMaker &make, const QString &tabOrder,
-                        const QString &defaultButton = {}) {
-        QTest::newRow(name) << make << tabOrder << defaultButton;
-    };
+    const DataRows<DialogMaker, QString, QString> row("make", "tabOrder", "defaultButton");
     row("frmQuernaLogin", plain<frmQuernaLogin>,
         u"txtUserName txtPassword txtDb optPrefConn_0 optSYS_0 cmdOK cmdCancel"_s, u"cmdOK"_s);
     row(
@@ -112,9 +107,9 @@ void tst_dialogkeys::dialogs_data()
         u"cmdFindFirst"_s);
     row("frmRecords", plain<frmRecords>, u"txtRecords cmdOK cmdCancel"_s, u"cmdOK"_s);
     row("frmExport", plain<frmExport>, u"optExport_0 cmdExpOK cmdExpCancel"_s, u"cmdExpOK"_s);
-    row("frmSQLHistory", plain<frmSQLHistory>, u"msfgSQL"_s);
-    row("frmObject", picker<frmObject>, u"cmbSchema lstObject"_s);
-    row("frmObjectColumn", picker<frmObjectColumn>, u"cmbSchema cmbTable lstObject"_s);
+    row("frmSQLHistory", plain<frmSQLHistory>, u"msfgSQL"_s, {});
+    row("frmObject", picker<frmObject>, u"cmbSchema lstObject"_s, {});
+    row("frmObjectColumn", picker<frmObjectColumn>, u"cmbSchema cmbTable lstObject"_s, {});
 }
 
 void tst_dialogkeys::dialogs()

@@ -6,6 +6,7 @@
 #include "platform/applicationFolder.h"
 #include "platform/privateSettings.h"
 #include "platform/settings.h"
+#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
@@ -210,14 +211,13 @@ void TestDiskFaults::checkSettings(bool canBeMade)
 
 void TestDiskFaults::files_data()
 {
-    QTest::addColumn<QString>("error");
-    QTest::addColumn<QString>("readError");
+    const DataRows<QString, QString> row("error", "readError");
     const QString noAccess = errorDescription(ErrorNumber::PathFileAccessError);
     const QString noPath = errorDescription(ErrorNumber::PathNotFound);
-    QTest::newRow("full") << errorDescription(ErrorNumber::DiskFull) << QString();
-    QTest::newRow("read-only") << noAccess << QString();
-    QTest::newRow("forbidden") << noAccess << QString();
-    QTest::newRow("vanished") << noPath << noPath;
+    row("full", errorDescription(ErrorNumber::DiskFull), QString());
+    row("read-only", noAccess, QString());
+    row("forbidden", noAccess, QString());
+    row("vanished", noPath, noPath);
 }
 
 void TestDiskFaults::files()

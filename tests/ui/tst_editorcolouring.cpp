@@ -1,6 +1,7 @@
 #include "controls/EditorControl.h"
 #include "controls/StyleBytes.h"
 #include "controls/SyntaxColouring.h"
+#include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 
@@ -108,14 +109,11 @@ void tst_EditorColouring::wordsHaveTheirClassColours()
 
 void tst_EditorColouring::editsLeaveNoStaleColour_data()
 {
-    QTest::addColumn<QString>("separator");
-    QTest::addColumn<int>("pieces");
-    QTest::addColumn<int>("edits");
-
-    QTest::newRow("lines") << u"\n"_s << 60 << 400;
-    QTest::newRow("one long line") << u" "_s << 4000 << 60;
-    QTest::newRow("one huge line") << u" "_s << 24000 << 12;
-    QTest::newRow("long lines") << u" select 1 \n"_s + u"in "_s.repeated(2000) << 12 << 60;
+    const DataRows<QString, int, int> row("separator", "pieces", "edits");
+    row("lines", u"\n"_s, 60, 400);
+    row("one long line", u" "_s, 4000, 60);
+    row("one huge line", u" "_s, 24000, 12);
+    row("long lines", u" select 1 \n"_s + u"in "_s.repeated(2000), 12, 60);
 }
 
 void tst_EditorColouring::editsLeaveNoStaleColour()

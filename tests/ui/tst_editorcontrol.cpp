@@ -1,4 +1,5 @@
 #include "controls/EditorControl.h"
+#include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 
@@ -79,19 +80,15 @@ void tst_EditorControl::positionsAreUtf16Units()
 
 void tst_EditorControl::selectionIsClamped_data()
 {
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("length");
-    QTest::addColumn<QString>("selected");
-    QTest::addColumn<int>("expectedStart");
-
-    QTest::newRow("inside") << 1 << 2 << u"bc"_s << 1;
-    QTest::newRow("beyond the end") << 2 << 2147483647 << u"cd\r\ne"_s << 2;
-    QTest::newRow("start beyond the end") << 99 << 5 << u""_s << 7;
-    QTest::newRow("start before the text") << -3 << 1 << u"a"_s << 0;
-    QTest::newRow("negative length") << 2 << -1 << u""_s << 2;
-    QTest::newRow("from inside a line end") << 5 << 1 << u"\r\n"_s << 4;
-    QTest::newRow("up to inside a line end") << 3 << 2 << u"d\r\n"_s << 3;
-    QTest::newRow("caret inside a line end") << 5 << 0 << u""_s << 4;
+    const DataRows<int, int, QString, int> row("start", "length", "selected", "expectedStart");
+    row("inside", 1, 2, u"bc"_s, 1);
+    row("beyond the end", 2, 2147483647, u"cd\r\ne"_s, 2);
+    row("start beyond the end", 99, 5, u""_s, 7);
+    row("start before the text", -3, 1, u"a"_s, 0);
+    row("negative length", 2, -1, u""_s, 2);
+    row("from inside a line end", 5, 1, u"\r\n"_s, 4);
+    row("up to inside a line end", 3, 2, u"d\r\n"_s, 3);
+    row("caret inside a line end", 5, 0, u""_s, 4);
 }
 
 void tst_EditorControl::selectionIsClamped()
@@ -203,24 +200,20 @@ void tst_EditorControl::readOnlyTextStays()
 
 void tst_EditorControl::keysAreReported_data()
 {
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("shift");
-
+    const DataRows<Qt::Key, Qt::KeyboardModifiers, int, int> row("key", "modifiers", "code",
+                                                                 "shift");
     const Qt::KeyboardModifiers none;
-    QTest::newRow("blank") << Qt::Key_Space << none << 32 << 0;
-    QTest::newRow("tab") << Qt::Key_Tab << none << 9 << 0;
-    QTest::newRow("Shift+Tab") << Qt::Key_Backtab << (none | Qt::ShiftModifier) << 9 << 1;
-    QTest::newRow("nine") << Qt::Key_9 << (none | Qt::ShiftModifier) << 57 << 1;
-    QTest::newRow("opening parenthesis")
-        << Qt::Key_ParenLeft << (none | Qt::ShiftModifier) << 57 << 1;
-    QTest::newRow("zero") << Qt::Key_0 << none << 48 << 0;
-    QTest::newRow("pad's nine") << Qt::Key_9 << (none | Qt::KeypadModifier) << 0 << 0;
-    QTest::newRow("pad's Enter") << Qt::Key_Enter << (none | Qt::KeypadModifier) << 13 << 0;
-    QTest::newRow("Backspace") << Qt::Key_Backspace << (none | Qt::ControlModifier) << 8 << 2;
-    QTest::newRow("Delete") << Qt::Key_Delete << (none | Qt::AltModifier) << 46 << 4;
-    QTest::newRow("letter") << Qt::Key_A << none << 0 << 0;
+    row("blank", Qt::Key_Space, none, 32, 0);
+    row("tab", Qt::Key_Tab, none, 9, 0);
+    row("Shift+Tab", Qt::Key_Backtab, Qt::ShiftModifier, 9, 1);
+    row("nine", Qt::Key_9, Qt::ShiftModifier, 57, 1);
+    row("opening parenthesis", Qt::Key_ParenLeft, Qt::ShiftModifier, 57, 1);
+    row("zero", Qt::Key_0, none, 48, 0);
+    row("pad's nine", Qt::Key_9, Qt::KeypadModifier, 0, 0);
+    row("pad's Enter", Qt::Key_Enter, Qt::KeypadModifier, 13, 0);
+    row("Backspace", Qt::Key_Backspace, Qt::ControlModifier, 8, 2);
+    row("Delete", Qt::Key_Delete, Qt::AltModifier, 46, 4);
+    row("letter", Qt::Key_A, none, 0, 0);
 }
 
 void tst_EditorControl::keysAreReported()

@@ -1,8 +1,9 @@
 #include "controls/uiPresenters.h"
-#include "dataaccess/Recordset.h"
 #include "export/frmExport.h"
 #include "platform/applicationFolder.h"
 #include "platform/mousePointer.h"
+#include "support/DataRows.h"
+#include "support/tables.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/userActions.h"
@@ -23,35 +24,18 @@ enum Option { Comma, Worksheet, Tab, Insert, OtherDelimiter };
 
 using RecordsetPtr = std::shared_ptr<Recordset>;
 
-/// ID, NAME and HIRED of two people, the second without a date.
+/// ID, NAME and HIRED of two people, the second, who is current, without a date.
 RecordsetPtr people()
 {
-    auto recordset = std::make_shared<Recordset>();
-    recordset->appendField(u"ID"_s, adInteger);
-    recordset->appendField(u"NAME"_s, adVarChar, 50);
-    recordset->appendField(u"HIRED"_s, adDBTimeStamp);
-    recordset->Open();
-    recordset->AddNew();
-    recordset->setValue(0, 1);
-    recordset->setValue(1, u" Ann, A. "_s);
-    recordset->setValue(2, Timestamp{.year = 2024, .month = 3, .day = 5, .hour = 9});
-    recordset->AddNew();
-    recordset->setValue(0, 2);
-    recordset->setValue(1, u"O'Neil"_s);
-    recordset->setValue(2, NullValue());
-    return recordset;
+    const Timestamp hired{.year = 2024, .month = 3, .day = 5, .hour = 9};
+    return makeTable(
+        {{u"ID"_s, adInteger}, {u"NAME"_s, adVarChar, 50}, {u"HIRED"_s, adDBTimeStamp}},
+        {{1, u" Ann, A. "_s, hired}, {2, u"O'Neil"_s, NullValue()}});
 }
 
 RecordsetPtr numbers(int count)
 {
-    auto recordset = std::make_shared<Recordset>();
-    recordset->appendField(u"ID"_s, adInteger);
-    recordset->Open();
-    for (int i = 0; i < count; ++i) {
-        recordset->AddNew();
-        recordset->setValue(0, i);
-    }
-    return recordset;
+    return makeTable({{u"ID"_s, adInteger}}, QList<QList<Value>>(count, {7}));
 }
 
 /// The export dialog, driven by the names of its controls.
@@ -142,30 +126,22 @@ void tst_exportdialog::delimiterIsOpenForItsOptionOnly()
 
 void tst_exportdialog::formats_data()
 {
-    QTest::addColumn<int>("option");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("dialogTitle");
-    QTest::addColumn<QString>("fileName");
-    QTest::addColumn<QString>("successTitle"); // empty where nothing is said
-    QTest::addColumn<QString>("cancelTitle");
-    QTest::addColumn<bool>("reportsErrors");
-    QTest::newRow("comma") << int{Comma} << "1,Ann, A.,3/5/2024 09:00:00\r\n2,O'Neil,,\r\n"_ba
-                           << u"Save Comma Delimited Export File"_s << u"Export.csv"_s << QString()
-                           << QString() << false;
-    QTest::newRow("tab") << int{Tab} << "1\tAnn, A.\t3/5/2024 09:00:00\r\n2\tO'Neil\t\t\r\n"_ba
-                         << u"Save Tab Delimited Export File"_s << u"Export.txt"_s
-                         << u"Comma delimited file"_s << u"comma Delimited Export File"_s << true;
-    QTest::newRow("semicolon") << int{OtherDelimiter}
-                               << "1;Ann, A.;3/5/2024 09:00:00\r\n2;O'Neil;\t\r\n"_ba
-                               << u"Save Tab Delimited Export File"_s << u"Export.txt"_s
-                               << u"Comma delimited file"_s << u"comma Delimited Export File"_s
-                               << false;
-    QTest::newRow("insert statements")
-        << int{Insert}
-        << "Insert into EMP (ID,NAME,HIRED) VALUES ('1' ,' Ann, A. ' ,'05-Mar-2024' );\r\n"
-           "Insert into EMP (ID,NAME,HIRED) VALUES ('2' ,'O'Neil' ,'' );\r\n"_ba
-        << u"Save SQL Export File"_s << u"Export.sql"_s << u"SQL file"_s << u"SQL Export File"_s
-        << true;
+    // Titles are empty where nothing is said.
+    const DataRows<int, QByteArray, QString, QString, QString, QString, bool> row(
+        "option", "content", "dialogTitle", "fileName", "successTitle", "cancelTitle",
+        "reportsErrors");
+    row("comma", Comma, "1,Ann, A.,3/5/2024 09:00:00\r\n2,O'Neil,,\r\n"_ba,
+        u"Save Comma Delimited Export File"_s, u"Export.csv"_s, QString(), QString(), false);
+    row("tab", Tab, "1\tAnn, A.\t3/5/2024 09:00:00\r\n2\tO'Neil\t\t\r\n"_ba,
+        u"Save Tab Delimited Export File"_s, u"Export.txt"_s, u"Comma delimited file"_s,
+        u"comma Delimited Export File"_s, true);
+    row("semicolon", OtherDelimiter, "1;Ann, A.;3/5/2024 09:00:00\r\n2;O'Neil;\t\r\n"_ba,
+        u"Save Tab Delimited Export File"_s, u"Export.txt"_s, u"Comma delimited file"_s,
+        u"comma Delimited Export File"_s, false);
+    row("insert statements", Insert,
+        "Insert into EMP (ID,NAME,HIRED) VALUES ('1' ,' Ann, A. ' ,'05-Mar-2024' );\r\n"
+        "Insert into EMP (ID,NAME,HIRED) VALUES ('2' ,'O'Neil' ,'' );\r\n"_ba,
+        u"Save SQL Export File"_s, u"Export.sql"_s, u"SQL file"_s, u"SQL Export File"_s, true);
 }
 
 // The file there is replaced without asking, and the second record was the current one.

@@ -1,6 +1,7 @@
 #include "controls/EditorControl.h"
 #include "controls/uiPresenters.h"
 #include "dialogs/frmFind.h"
+#include "support/DataRows.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/userActions.h"
 
@@ -96,14 +97,13 @@ void tst_finddialog::findsFromTheBeginning()
 
 void tst_finddialog::findNext_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("wanted");
-    QTest::addColumn<QList<int>>("starts"); // the caret that is left over is the last one
-    QTest::newRow("overlapping") << u"aaa"_s << u"aa"_s << QList<int>{0, 1, 3};
-    QTest::newRow("once") << u"one two three"_s << u"two"_s << QList<int>{4, 6};
+    // The last one of the starts is the caret that is left over.
+    const DataRows<QString, QString, QList<int>> row("text", "wanted", "starts");
+    row("overlapping", u"aaa"_s, u"aa"_s, {0, 1, 3});
+    row("once", u"one two three"_s, u"two"_s, {4, 6});
     // The step of two characters may end between the two of a line end, in the middle of a
     // character that takes two units, or before its time at the text's end.
-    QTest::newRow("line ends") << u"ab\r\nb\r\n\r\nb😀b"_s << u"b"_s << QList<int>{1, 4, 9, 12, 13};
+    row("line ends", u"ab\r\nb\r\n\r\nb😀b"_s, u"b"_s, {1, 4, 9, 12, 13});
 }
 
 void tst_finddialog::findNext()

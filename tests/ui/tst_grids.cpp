@@ -2,7 +2,9 @@
 #include "controls/DataGrid.h"
 #include "controls/FlexGrid.h"
 #include "platform/eventYield.h"
+#include "support/DataRows.h"
 #include "support/raisedError.h"
+#include "support/tables.h"
 
 #include <QClipboard>
 #include <QElapsedTimer>
@@ -18,15 +20,6 @@ namespace {
 
 using RecordsetPtr = std::shared_ptr<Recordset>;
 
-RecordsetPtr table(const QStringList &columns)
-{
-    auto recordset = std::make_shared<Recordset>();
-    for (const QString &column : columns)
-        recordset->appendField(column, adVariant);
-    recordset->Open();
-    return recordset;
-}
-
 void addRow(const RecordsetPtr &recordset, const QList<Value> &values)
 {
     recordset->AddNew();
@@ -37,17 +30,15 @@ void addRow(const RecordsetPtr &recordset, const QList<Value> &values)
 /// Rows and columns of texts "r.c".
 RecordsetPtr numberedCells(int rows, int columns)
 {
-    QStringList names;
+    QList<TableColumn> names;
     for (int c = 0; c < columns; ++c)
-        names += u"C%1"_s.arg(c);
-    RecordsetPtr recordset = table(names);
+        names += {u"C%1"_s.arg(c)};
+    QList<QList<Value>> values(rows);
     for (int r = 0; r < rows; ++r) {
-        QList<Value> values;
         for (int c = 0; c < columns; ++c)
-            values += Value(u"%1.%2"_s.arg(r).arg(c));
-        addRow(recordset, values);
+            values[r] += Value(u"%1.%2"_s.arg(r).arg(c));
     }
-    return recordset;
+    return makeTable(names, values);
 }
 
 QString shown(const DataGrid &grid, int row, int column)
@@ -88,11 +79,10 @@ private slots:
 
 void tst_grids::gridShowsItsRecordset()
 {
-    const RecordsetPtr recordset = table({u"NAME"_s, u"SAL"_s, u"NONE"_s});
-    addRow(recordset, {Value(u"SMITH"_s), Value(ExactNumber{u"800.5"_s}), Value(NullValue{})});
-    addRow(recordset, {Value(u"JONES"_s), Value(1), Value(7)});
     DataGrid grid;
-    grid.setDataSource(recordset);
+    grid.setDataSource(
+        makeTable({{u"NAME"_s}, {u"SAL"_s}, {u"NONE"_s}},
+                  {{u"SMITH"_s, ExactNumber{u"800.5"_s}, NullValue{}}, {u"JONES"_s, 1, 7}}));
 
     const QAbstractItemModel &model = *grid.model();
     QCOMPARE(model.rowCount(), 2);
@@ -111,7 +101,7 @@ void tst_grids::gridIsEmptyWithoutRows()
 {
     const RecordsetPtr closed = numberedCells(50, 3);
     for (const RecordsetPtr &recordset :
-         {RecordsetPtr(), std::make_shared<Recordset>(), table({u"A"_s}), closed}) {
+         {RecordsetPtr(), std::make_shared<Recordset>(), makeTable({{u"A"_s}}, {}), closed}) {
         DataGrid grid;
         grid.setDataSource(numberedCells(3, 2));
         grid.setDataSource(recordset);
@@ -164,7 +154,7 @@ void tst_grids::gridTakesAddedRowsInBatches()
 
 void tst_grids::gridFitsWidthsOnce()
 {
-    const RecordsetPtr recordset = table({u"A"_s, u"LONG_COLUMN_NAME"_s, u"TEXT"_s});
+    const RecordsetPtr recordset = makeTable({{u"A"_s}, {u"LONG_COLUMN_NAME"_s}, {u"TEXT"_s}}, {});
     DataGrid grid;
     grid.setDataSource(recordset);
     const int beforeRows = grid.columnWidth(0);
@@ -187,25 +177,21 @@ void tst_grids::gridFitsWidthsOnce()
 
 void tst_grids::gridShowsLongTextsOnOneLine_data()
 {
-    QTest::addColumn<Value>("value");
-    QTest::addColumn<QString>("start");
+    const DataRows<Value, QString> row("value", "start");
     const QString code = u"begin\r\n\tnull;\nend;"_s;
     const QString codeOnOneLine = u"begin\u21B5 null;\u21B5end;"_s;
-    QTest::newRow("text") << Value(code + QString(100000, u'x')) << codeOnOneLine + u"xxx"_s;
-    QTest::newRow("text beyond Latin-1")
-        << Value(code + QString(100000, u'\u0416')) << codeOnOneLine + u"\u0416\u0416"_s;
-    QTest::newRow("binary") << Value(QByteArray(100000, '\x1f')) << u"1F1F1F"_s;
+    row("text", Value(code + QString(100000, u'x')), codeOnOneLine + u"xxx"_s);
+    row("text beyond Latin-1", Value(code + QString(100000, u'\u0416')),
+        codeOnOneLine + u"\u0416\u0416"_s);
+    row("binary", Value(QByteArray(100000, '\x1f')), u"1F1F1F"_s);
 }
 
 void tst_grids::gridShowsLongTextsOnOneLine()
 {
     QFETCH(Value, value);
     QFETCH(QString, start);
-    const RecordsetPtr recordset = table({u"A"_s, u"B"_s});
-    addRow(recordset, {value, Value(u"last"_s)});
-    addRow(recordset, {Value(1), Value(2)});
     DataGrid grid;
-    grid.setDataSource(recordset);
+    grid.setDataSource(makeTable({{u"A"_s}, {u"B"_s}}, {{value, u"last"_s}, {1, 2}}));
     const QString text = shown(grid, 0, 0);
     QCOMPARE(text.left(start.size()), start);
     QVERIFY(text.size() < 1000);
@@ -233,20 +219,18 @@ void tst_grids::coloursFollowThePalette()
 
 void tst_grids::selectionAsText_data()
 {
-    QTest::addColumn<CellsList>("selected");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("nothing") << CellsList{} << QString();
-    QTest::newRow("one cell") << CellsList{{1, 1, 1, 1}} << u"1.1"_s;
-    QTest::newRow("block") << CellsList{{1, 0, 2, 1}} << u"1.0\t1.1\r\n2.0\t2.1"_s;
-    QTest::newRow("rows picked upwards")
-        << CellsList{{3, 0, 3, 1}, {1, 0, 1, 1}} << u"1.0\t1.1\r\n3.0\t3.1"_s;
-    QTest::newRow("columns picked leftwards")
-        << CellsList{{0, 3, 1, 3}, {0, 0, 1, 0}} << u"0.0\t0.3\r\n1.0\t1.3"_s;
-    QTest::newRow("diagonal") << CellsList{{0, 0, 0, 0}, {2, 2, 2, 2}} << u"0.0\t\r\n\t2.2"_s;
-    QTest::newRow("overlapping blocks")
-        << CellsList{{0, 0, 1, 1}, {1, 1, 2, 2}} << u"0.0\t0.1\t\r\n1.0\t1.1\t1.2\r\n\t2.1\t2.2"_s;
-    QTest::newRow("wide gap within a row")
-        << CellsList{{0, 0, 0, 3}, {1, 3, 1, 3}} << u"0.0\t0.1\t0.2\t0.3\r\n\t\t\t1.3"_s;
+    const DataRows<CellsList, QString> row("selected", "text");
+    row("nothing", CellsList{}, QString());
+    row("one cell", CellsList{{1, 1, 1, 1}}, u"1.1"_s);
+    row("block", CellsList{{1, 0, 2, 1}}, u"1.0\t1.1\r\n2.0\t2.1"_s);
+    row("rows picked upwards", CellsList{{3, 0, 3, 1}, {1, 0, 1, 1}}, u"1.0\t1.1\r\n3.0\t3.1"_s);
+    row("columns picked leftwards", CellsList{{0, 3, 1, 3}, {0, 0, 1, 0}},
+        u"0.0\t0.3\r\n1.0\t1.3"_s);
+    row("diagonal", CellsList{{0, 0, 0, 0}, {2, 2, 2, 2}}, u"0.0\t\r\n\t2.2"_s);
+    row("overlapping blocks", CellsList{{0, 0, 1, 1}, {1, 1, 2, 2}},
+        u"0.0\t0.1\t\r\n1.0\t1.1\t1.2\r\n\t2.1\t2.2"_s);
+    row("wide gap within a row", CellsList{{0, 0, 0, 3}, {1, 3, 1, 3}},
+        u"0.0\t0.1\t0.2\t0.3\r\n\t\t\t1.3"_s);
 }
 
 void tst_grids::selectionAsText()

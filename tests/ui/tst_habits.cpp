@@ -1,6 +1,7 @@
 #include "app/MDIFormQuerna.h"
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
+#include "support/DataRows.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
@@ -65,19 +66,17 @@ private slots:
 
 void tst_habits::keys_data()
 {
-    QTest::addColumn<QKeyCombination>("key");
-    QTest::addColumn<QString>("result");
+    const DataRows<QKeyCombination, QString> row("key", "result");
     const QString unchanged = u"--aB c"_s;
-    QTest::newRow("F5") << QKeyCombination(Qt::Key_F5) << unchanged;
-    QTest::newRow("Ctrl+Return") << QKeyCombination(Qt::CTRL | Qt::Key_Return) << unchanged;
-    QTest::newRow("Ctrl+Enter") << QKeyCombination(Qt::ControlModifier | Qt::KeypadModifier,
-                                                   Qt::Key_Enter)
-                                << unchanged;
-    QTest::newRow("upper case") << QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_U) << u"--AB C"_s;
-    QTest::newRow("lower case") << QKeyCombination(Qt::CTRL, Qt::Key_U) << u"--ab c"_s;
-    QTest::newRow("initials") << QKeyCombination(Qt::CTRL, Qt::Key_I) << u"--ab C"_s;
-    QTest::newRow("comment") << QKeyCombination(Qt::CTRL, Qt::Key_K) << u"----aB c"_s;
-    QTest::newRow("uncomment") << QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_K) << u"aB c"_s;
+    row("F5", QKeyCombination(Qt::Key_F5), unchanged);
+    row("Ctrl+Return", QKeyCombination(Qt::CTRL | Qt::Key_Return), unchanged);
+    row("Ctrl+Enter", QKeyCombination(Qt::ControlModifier | Qt::KeypadModifier, Qt::Key_Enter),
+        unchanged);
+    row("upper case", QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_U), u"--AB C"_s);
+    row("lower case", QKeyCombination(Qt::CTRL, Qt::Key_U), u"--ab c"_s);
+    row("initials", QKeyCombination(Qt::CTRL, Qt::Key_I), u"--ab C"_s);
+    row("comment", QKeyCombination(Qt::CTRL, Qt::Key_K), u"----aB c"_s);
+    row("uncomment", QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_K), u"aB c"_s);
 }
 
 void tst_habits::keys()

@@ -4,6 +4,7 @@
 #include "editor/frmQuerna.h"
 #include "export/exportFormats.h"
 #include "platform/RuntimeError.h"
+#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
@@ -140,12 +141,11 @@ void TestHeldValues::values()
 
 void TestHeldValues::longTexts_data()
 {
-    QTest::addColumn<QString>("piece");
-    QTest::addColumn<int>("count");
-    QTest::newRow("beyond the basic plane") << smile << 20'000;
-    QTest::newRow("pairs at odd places") << u"x"_s + smile << 20'001;
-    QTest::newRow("three bytes") << u"€"_s << 30'000;
-    QTest::newRow("64 MB") << u"0123456789abcdef"_s << 4 * 1024 * 1024;
+    const DataRows<QString, int> row("piece", "count");
+    row("beyond the basic plane", smile, 20'000);
+    row("pairs at odd places", u"x"_s + smile, 20'001);
+    row("three bytes", u"€"_s, 30'000);
+    row("64 MB", u"0123456789abcdef"_s, 4 * 1024 * 1024);
 }
 
 void TestHeldValues::longTexts()

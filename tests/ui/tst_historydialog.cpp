@@ -5,6 +5,7 @@
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"
 #include "platform/systemClock.h"
+#include "support/tables.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 
@@ -179,15 +180,9 @@ void tst_historydialog::failedLoadingIsToldAndOpens()
 
 void tst_historydialog::nullReadsAsNull()
 {
-    Recordset recordset;
-    recordset.appendField(u"A"_s, adVarChar, 10);
-    recordset.appendField(u"B"_s, adInteger);
-    recordset.Open();
-    recordset.AddNew();
-    recordset.setValue(0, NullValue());
-    recordset.setValue(1, 42);
+    const auto recordset = makeTable({{u"A"_s}, {u"B"_s}}, {{NullValue(), 42}});
     FlexGrid grid;
-    frmSQLHistory::fillGrid(grid, recordset);
+    frmSQLHistory::fillGrid(grid, *recordset);
     QCOMPARE(grid.Rows(), 2);
     QCOMPARE(grid.TextMatrix(0, 2), u"B"_s);
     QCOMPARE(grid.TextMatrix(1, 1), u"NULL"_s);

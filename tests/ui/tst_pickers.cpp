@@ -3,6 +3,7 @@
 #include "dataaccess/Recordset.h"
 #include "dialogs/frmObject.h"
 #include "dialogs/frmObjectColumn.h"
+#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
 #include "uisupport/ModalAnswers.h"
 
@@ -227,14 +228,13 @@ void tst_pickers::userWithoutTables()
 
 void tst_pickers::failedLoadingShowsNothing_data()
 {
-    QTest::addColumn<std::shared_ptr<Connection>>("connection");
-    QTest::addColumn<QString>("user");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("closed") << std::make_shared<Connection>() << u"scott"_s
-                            << u"Operation is not allowed when the object is closed."_s;
-    QTest::newRow("none") << std::shared_ptr<Connection>() << u"scott"_s
-                          << u"Object variable or With block variable not set"_s;
-    QTest::newRow("server's error") << m_connection << u"o'neil"_s << u"NEIL''"_s;
+    const DataRows<std::shared_ptr<Connection>, QString, QString> row("connection", "user",
+                                                                      "message");
+    row("closed", std::make_shared<Connection>(), u"scott"_s,
+        u"Operation is not allowed when the object is closed."_s);
+    row("none", std::shared_ptr<Connection>(), u"scott"_s,
+        u"Object variable or With block variable not set"_s);
+    row("server's error", m_connection, u"o'neil"_s, u"NEIL''"_s);
 }
 
 void tst_pickers::failedLoadingShowsNothing()

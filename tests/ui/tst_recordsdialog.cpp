@@ -1,6 +1,7 @@
 #include "connection/session.h"
 #include "controls/uiPresenters.h"
 #include "dialogs/frmRecords.h"
+#include "support/DataRows.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/userActions.h"
 
@@ -21,22 +22,17 @@ private slots:
 
 void tst_recordsdialog::limit_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<int>("limit");
-    QTest::addColumn<QString>("message"); // the dialog stays open where there is one
-    const auto row = [](const char *name, const QString &typed, int limit,
-                        const QString &message = {}) {
-        QTest::newRow(name) << typed << limit << message;
-    };
-    row("highest", u"10000"_s, 10000);
-    row("over the highest means all", u"10001"_s, 0);
-    row("highest of 32 bits", u"2147483647"_s, 0);
-    row("zero", u"0"_s, 0);
-    row("negative", u"-5"_s, -5);
-    row("blanks around", u"  250 "_s, 250);
-    row("half to even", u"2.5"_s, 2);
-    row("nothing", QString(), 77);
-    row("only blanks", u"   "_s, 77);
+    // The dialog stays open where there is a message.
+    const DataRows<QString, int, QString> row("typed", "limit", "message");
+    row("highest", u"10000"_s, 10000, {});
+    row("over the highest means all", u"10001"_s, 0, {});
+    row("highest of 32 bits", u"2147483647"_s, 0, {});
+    row("zero", u"0"_s, 0, {});
+    row("negative", u"-5"_s, -5, {});
+    row("blanks around", u"  250 "_s, 250, {});
+    row("half to even", u"2.5"_s, 2, {});
+    row("nothing", QString(), 77, {});
+    row("only blanks", u"   "_s, 77, {});
     row("letters", u"many"_s, 77, u"Type mismatch"_s);
     row("out of 32 bits", u"2147483648"_s, 77, u"Overflow"_s);
 }

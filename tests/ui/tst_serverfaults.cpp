@@ -5,6 +5,7 @@
 #include "dataaccess/sandbox/SandboxServer.h"
 #include "editor/frmQuerna.h"
 #include "platform/mousePointer.h"
+#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
@@ -158,10 +159,8 @@ void TestServerFaults::initTestCase()
 {
     qputenv(SandboxFixture::folderVariable, m_folder.filePath(u"s"_s).toLocal8Bit());
     qputenv("ODBCINI", m_folder.filePath(u"odbc.ini"_s).toLocal8Bit());
-    const auto connection = std::make_shared<Connection>();
-    connection->Open(sandbox);
     const QByteArray socket =
-        SandboxFixture::scalar(connection, u"select @@socket"_s).toLocal8Bit();
+        SandboxFixture::scalar(SandboxFixture::logOn(), u"select @@socket"_s).toLocal8Bit();
 
     const QString noLibrary = m_folder.filePath(u"broken.so"_s);
     makeFile(noLibrary, "no library");
@@ -214,15 +213,11 @@ void TestServerFaults::goOnWith(ProgramFixture &program)
 
 void TestServerFaults::commandWithoutAServer_data()
 {
-    QTest::addColumn<Command>("command");
-    QTest::addColumn<QString>("message");  // a pattern; by the driver's texts where it speaks
-    QTest::addColumn<bool>("keepsResult"); // a Run begins with a new one
+    // The message is a pattern, by the driver's texts where it speaks; a Run begins with a new
+    // result.
+    const DataRows<Command, QString, bool> row("command", "message", "keepsResult");
     const QString lost =
         u"(erver has gone away|Lost connection to server|Connection not open)[^\r]*"_s;
-    const auto row = [&](const char *name, const Command &command, const QString &message,
-                         bool keepsResult = true) {
-        QTest::newRow(name) << command << message << keepsResult;
-    };
     const auto runs = [](const QString &statement, int tab = 0) {
         return [=](ProgramFixture &program) { program.run(statement, tab); };
     };
@@ -230,17 +225,17 @@ void TestServerFaults::commandWithoutAServer_data()
         return [=](ProgramFixture &program) { program.press(u"tbrQuerna"_s, button); };
     };
     row("query", runs(u"select * from dept"_s), lost, false);
-    row("plan", runs(u"select * from dept"_s, 1), lost);
-    row("output", runs(u"begin dbms_output.put_line('x'); end;"_s, 2), lost);
+    row("plan", runs(u"select * from dept"_s, 1), lost, true);
+    row("output", runs(u"begin dbms_output.put_line('x'); end;"_s, 2), lost, true);
     row(
         "script",
         [](ProgramFixture &program) {
             program.text()->setText(u"delete from dept; delete from emp;"_s);
             program.press(u"tbrQuerna"_s, 2);
         },
-        u" .*"_s + lost + u"\r\n .*"_s + lost + u"\r\n"_s);
-    row("commit", presses(6), lost);
-    row("picker", presses(17), lost);
+        u" .*"_s + lost + u"\r\n .*"_s + lost + u"\r\n"_s, true);
+    row("commit", presses(6), lost, true);
+    row("picker", presses(17), lost, true);
 }
 
 void TestServerFaults::commandWithoutAServer()
@@ -349,8 +344,7 @@ void TestServerFaults::logOnsThatFail()
         {u"broken"_s, u"broken.so"_s},
         {u"alien"_s, u"SQLAllocHandle"_s},
     };
-    const auto keepsTheServer = std::make_shared<Connection>();
-    keepsTheServer->Open(sandbox);
+    const auto keepsTheServer = SandboxFixture::logOn();
     const QString password = u"open sesame"_s;
     ProgramFixture program;
     prepare(program);

@@ -4,6 +4,7 @@
 #include "dataaccess/Recordset.h"
 #include "editor/frmQuerna.h"
 #include "platform/mousePointer.h"
+#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
@@ -145,11 +146,8 @@ void TestWhileRetrieving::everyHarmlessCommand()
 
 void TestWhileRetrieving::commandsThatMatter_data()
 {
-    QTest::addColumn<UserAction>("command");
-    QTest::addColumn<qint64>("rows"); // at the end; 0: no window is left, -1: some
-    const auto row = [](const char *name, qint64 rows, const UserAction &command) {
-        QTest::newRow(name) << command << rows;
-    };
+    // The rows are those at the end; 0 means that no window is left, -1 some rows.
+    const DataRows<qint64, UserAction> row("rows", "command");
     row("retrieve all again", 30000, presses(u"Toolbar1"_s, 2));
     row("next set", 30000, presses(u"Toolbar1"_s, 1));
     row("stop", -1, presses(u"Toolbar1"_s, 3));
