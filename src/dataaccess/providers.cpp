@@ -29,7 +29,7 @@ QString quoted(const QString &value)
 
 QString oracleDriver()
 {
-    const QString chosen = getSetting(u"Orbek Oracle"_s, u"Settings"_s, u"OracleDriver"_s);
+    QString chosen = getSetting(u"Orbek Oracle"_s, u"Settings"_s, u"OracleDriver"_s);
     if (!chosen.isEmpty())
         return chosen;
     const QStringList drivers = installedDrivers();

@@ -8,10 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr SQLLEN firstPiece = 16 * 1024;
-constexpr SQLLEN largestPiece = 16 * 1024 * 1024;
+constexpr SQLLEN firstPiece = SQLLEN{16} * 1024;
+constexpr SQLLEN largestPiece = SQLLEN{16} * 1024 * 1024;
 /// Lengths up to this are believed at once; longer ones only as far as bytes really arrive.
-constexpr SQLLEN believedLength = 256 * 1024 * 1024;
+constexpr SQLLEN believedLength = SQLLEN{256} * 1024 * 1024;
 
 /// A value of unknown length that goes on after this is one that never ends.
 constexpr qsizetype longestValue = qsizetype{1} << 31;

@@ -112,7 +112,8 @@ void PlanReader::readChildren(const QJsonObject &node, int parent)
         } else if (value.isObject()) {
             readChildren(value.toObject(), parent);
         } else if (value.isArray()) {
-            for (const QJsonValue &item : value.toArray())
+            const QJsonArray items = value.toArray();
+            for (const QJsonValue item : items)
                 readChildren(item.toObject(), parent);
         }
     }
@@ -129,7 +130,7 @@ void PlanReader::readBlock(const QJsonObject &block, int parent)
         m_steps[within].filterPredicates = condition;
     }
     readChildren(body, within);
-    for (const QJsonValue &subquery : subqueries)
+    for (const QJsonValue subquery : subqueries)
         readChildren(subquery.toObject(), within);
 }
 
@@ -146,7 +147,7 @@ void PlanReader::readUnion(const QJsonObject &result, int parent)
                               : all                  ? u"UNION-ALL"_s
                                                      : u"UNION"_s;
     const int step = addStep(parent, operation);
-    for (const QJsonValue &part : parts)
+    for (const QJsonValue part : parts)
         readChildren(part.toObject(), step);
 }
 
