@@ -43,9 +43,10 @@ void ParameterBuffer::bind(const OdbcHandle &statement, SQLUSMALLINT number)
 
 void ParameterBuffer::raiseTooLong(const Parameter &parameter)
 {
-    throw RuntimeError(ErrorNumber::MultipleStepErrors,
-                       u"The text of parameter \"%1\" is longer than its size of %2 characters."_s
-                           .arg(parameter.name, QString::number(parameter.size)));
+    throw RuntimeError(
+        ErrorNumber::MultipleStepErrors,
+        u"The text of parameter \"%1\" is longer than its size of %2 characters."_s.arg(
+            parameter.name, QString::number(parameter.size)));
 }
 
 Value ParameterBuffer::load(const Parameter &parameter) const
