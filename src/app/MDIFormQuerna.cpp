@@ -2,6 +2,8 @@
 
 #include "app/FrameCommands.h"
 #include "app/FrameView.h"
+#include "app/RecoveryBar.h"
+#include "app/TextKeeper.h"
 #include "app/frameMenus.h"
 #include "connection/commandLine.h"
 #include "connection/frmQuernaLogin.h"
@@ -116,6 +118,8 @@ MDIFormQuerna::MDIFormQuerna(QWidget *parent)
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_area);
+    m_recovery = new RecoveryBar(this);
+    addToolBar(m_recovery);
     createFrameMenus(*menuBar(), *m_commands);
     connect(m_area, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow *window) {
         if (frmQuerna *editor = editorIn(window))
@@ -185,8 +189,22 @@ frmQuerna *MDIFormQuerna::editorWindow()
         m_view->follow(*m_editor->txtSQL());
         connect(m_editor->txtSQL(), &EditorControl::fileDropped, m_editor,
                 [this](const QString &path) { m_commands->openDropped(*m_editor, path); });
+        keepText(*m_editor->txtSQL());
     }
     return m_editor;
+}
+
+/// Keeps the text against a sudden end, and offers what sudden ends have left.
+void MDIFormQuerna::keepText(EditorControl &editor)
+{
+    auto *keeper = new TextKeeper(editor);
+    connect(keeper, &QObject::destroyed, m_recovery, &QWidget::hide);
+    m_recovery->offerLostTexts([&editor, keeper](const QString &text) {
+        editor.setSelStart(editor.textLength());
+        editor.InsertText(editor.textLength() == 0 ? text : u"\r\n"_s + text);
+        editor.setFocus();
+        keeper->keepNow();
+    });
 }
 
 void MDIFormQuerna::showEditorWindow()

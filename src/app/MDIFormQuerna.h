@@ -5,9 +5,11 @@
 
 #include <memory>
 
+class EditorControl;
 class FrameCommands;
 class FrameView;
 class QMdiArea;
+class RecoveryBar;
 class frmQuerna;
 class frmQuernaLogin;
 
@@ -37,9 +39,11 @@ protected:
 private:
     frmQuerna *editorWindow();
     void showEditorWindow();
+    void keepText(EditorControl &editor);
     void openCommandLine(const QString &connectionString);
 
     QMdiArea *m_area;
+    RecoveryBar *m_recovery;
     std::unique_ptr<FrameCommands> m_commands;
     std::unique_ptr<FrameView> m_view;
     QPointer<frmQuerna> m_editor;

@@ -1,3 +1,4 @@
+#include "platform/RecoveryFile.h"
 #include "platform/privateSettings.h"
 #include "platform/registry.h"
 #include "platform/settings.h"
@@ -10,8 +11,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
 #include <memory>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +46,7 @@ private slots:
     void storeThatCannotBeUsed();
     void registryKeys();
     void registryValues();
+    void textsOutliveASuddenEnd();
 
 private:
     std::unique_ptr<QTemporaryDir> m_config;
@@ -136,6 +141,59 @@ void tst_Platform::registryValues()
     QCOMPARE(SetRegValue(controlKey, name, QString()), 1);
     QCOMPARE(SetRegValue(controlKey, name, QString()), 0);
     QCOMPARE(CreateRegKey(controlKey), 2);
+}
+
+void tst_Platform::textsOutliveASuddenEnd()
+{
+    const QString state = m_config->filePath(u"state"_s);
+    qputenv("XDG_STATE_HOME", QFile::encodeName(state));
+    const auto lost = [] {
+        QByteArrayList texts;
+        for (const std::unique_ptr<LostText> &text : LostText::all())
+            texts += text->text();
+        return texts.join('|');
+    };
+    // In a process of its own, which ends as @p end has it.
+    const auto keepAnd = [](const QByteArray &text, auto &&end) {
+        const pid_t child = fork();
+        if (child == 0) {
+            RecoveryFile file;
+            file.keep("an older text");
+            file.keep(text);
+            end();
+        }
+        return child;
+    };
+    const auto killed = [] { ::raise(SIGKILL); };
+    const auto goingOn = [] { ::pause(); };
+    const auto endOf = [](pid_t child) { ::waitpid(child, nullptr, 0); };
+
+    endOf(keepAnd("select 'ä'", killed));
+    QCOMPARE(lost(), "select 'ä'");
+    const pid_t living = keepAnd("still at work", goingOn);
+    const auto filesThere = [&] {
+        return QDir(state + u"/Querna"_s).entryList({u"*.sql"_s}, QDir::Files).size();
+    };
+    QTRY_COMPARE(filesThere(), 2);
+    QCOMPARE(lost(), "select 'ä'");
+    ::kill(living, SIGKILL);
+    endOf(living);
+    QCOMPARE(lost(), "select 'ä'|still at work");
+
+    RecoveryFile own;
+    own.keep("mine");
+    {
+        const auto texts = LostText::all();
+        QCOMPARE(texts.size(), 2U);
+        QCOMPARE(lost(), ""); // whoever holds them offers them alone
+        texts.front()->discard();
+    }
+    QCOMPARE(lost(), "still at work");
+    for (const QFileInfo &file : QDir(state + u"/Querna"_s).entryInfoList({u"*.sql"_s}))
+        QCOMPARE(modeOf(file.filePath()), 0600);
+    QCOMPARE(modeOf(state + u"/Querna"_s), 0700);
+    own.keep({});
+    QCOMPARE(filesThere(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_Platform)

@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QDirIterator>
 #include <QFontDialog>
 #include <QLabel>
@@ -89,6 +90,7 @@ private slots:
     void clipboardCommands();
     void saveAndOpen();
     void fontCommand();
+    void textsOfWindowsThatEndedUnexpectedly();
 };
 
 // Of blanks and quotes there is nothing left.
@@ -430,6 +432,32 @@ void TestFrame::fontCommand()
     QCOMPARE(look(6), std::pair(true, 17L));
     QCOMPARE(look(0), before);
     QVERIFY(program.ends.empty());
+}
+
+/// Each is offered above the editor, and what is typed from then on is kept, too.
+void TestFrame::textsOfWindowsThatEndedUnexpectedly()
+{
+    ProgramFixture program;
+    const QDir kept(program.folder() + u"/state/Querna"_s);
+    QVERIFY(kept.mkpath(u"."_s));
+    makeFile(kept.filePath(u"1.sql"_s), "select 1");
+    makeFile(kept.filePath(u"2.sql"_s), "select 1");
+    program.start(sqlite);
+    const auto *bar = program.control<QToolBar>(u"tbrRecovery"_s);
+    QVERIFY(bar->isVisible());
+    program.text()->setText(u"mine"_s);
+
+    bar->findChild<QAction *>(u"tbrRecovery_Restore"_s)->trigger();
+    QCOMPARE(program.text()->Text(), u"mine\r\nselect 1"_s);
+    QCOMPARE(kept.entryList({u"*.sql"_s}).size(), 2); // the window's own and the other one
+    QVERIFY(bar->isVisible());
+    bar->findChild<QAction *>(u"tbrRecovery_Discard"_s)->trigger();
+    QVERIFY(!bar->isVisible());
+    program.text()->ExecuteCommand(EditorControl::CommandUndo);
+    QCOMPARE(program.text()->Text(), u"mine"_s);
+    QTRY_COMPARE(contentOf(kept.filePath(kept.entryList({u"*.sql"_s}).value(0))), "mine");
+    program.frame().close();
+    QTRY_COMPARE(kept.entryList({u"*.sql"_s}).size(), 0);
 }
 
 QTEST_MAIN(TestFrame)

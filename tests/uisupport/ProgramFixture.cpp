@@ -28,6 +28,7 @@ ProgramFixture::ProgramFixture()
     QApplication::setQuitOnLastWindowClosed(false);
     setApplicationFolder(m_folder.path());
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.filePath(u"settings"_s)));
+    qputenv("XDG_STATE_HOME", QFile::encodeName(m_folder.filePath(u"state"_s)));
     setProgramEnd([this](int exitCode) { ends.push_back(exitCode); });
     prepareApplication();
     m_frame = std::make_unique<MDIFormQuerna>();
