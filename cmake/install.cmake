@@ -4,7 +4,7 @@
 
 install(TARGETS Querna DESTINATION .)
 install(FILES ${QUERNA_APP_DIR}/T-SQL.bcp ${QUERNA_APP_DIR}/dummy.sql DESTINATION .)
-install(FILES resources/icons/querna.svg README.md LICENSE DESTINATION .)
+install(FILES resources/icons/querna.svg packaging/README.md LICENSE DESTINATION .)
 install(PROGRAMS packaging/add-to-menu packaging/uninstall DESTINATION .)
 
 # cpack --config build/release/CPackConfig.cmake packs that folder.

@@ -29,6 +29,7 @@
 #include <QWindow>
 
 #include <chrono>
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -144,7 +145,8 @@ void MDIFormQuerna::Form_Load(const QString &commandLine)
             return;
         }
         openCommandLine(connectionString);
-    } catch (...) { // a program that cannot start its session ends without a word
+    } catch (...) { // no window says a word about it
+        std::fprintf(stderr, "Querna: %s\n", qPrintable(currentRuntimeError().description));
         endProgram(1);
         return;
     }

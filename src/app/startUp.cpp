@@ -7,7 +7,40 @@
 #include <QApplication>
 #include <QStringList>
 
+#include <cstdio>
+#include <string_view>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *help = R"(Querna                         starts with the login dialog
+Querna "<connection string>"   starts on that database
+Querna --version               tells the version
+Querna --help                  tells this
+
+A connection string is a list of items that each end with a semicolon, for example
+  "DSN=payroll;Uid=me;Pwd=secret;"
+  "Provider=OraOLEDB.Oracle;Data Source=ORCL;User ID=scott;Password=tiger;"
+  "Provider=OrbekSandbox;Data Source=SANDBOX;User ID=scott;Password=tiger;"
+The last one opens the practice database.
+)";
+
+/// Answers what a shell may ask where there is no display.
+/// @returns whether it was asked
+bool answeredWithoutWindow(int argc, char **argv)
+{
+    const std::string_view asked = argc == 2 ? argv[1] : "";
+    if (asked == "--help" || asked == "-h")
+        std::fputs(help, stdout);
+    else if (asked == "--version")
+        std::puts("Querna " QUERNA_VERSION);
+    else
+        return false;
+    return true;
+}
+
+} // namespace
 
 void prepareApplication()
 {
@@ -23,6 +56,8 @@ QString commandLineOf(const QStringList &arguments)
 
 int runQuerna(int &argc, char **argv)
 {
+    if (answeredWithoutWindow(argc, argv))
+        return 0;
     QApplication application(argc, argv);
     prepareApplication();
     MDIFormQuerna frame;
