@@ -32,7 +32,8 @@ struct ExactNumber
 /// 24:00 does not occur.
 struct Timestamp
 {
-    qint16 year = 0; ///< -9999 to 9999; 0 with month 0 and day 0: a time of day alone
+    qint16 year =
+        0; ///< negative before the common era; 0 with month 0 and day 0: a time of day alone
     quint8 month = 0;
     quint8 day = 0;
     quint8 hour = 0;

@@ -48,7 +48,11 @@ void appendYear(int year, ShortText &text)
 {
     if (year < 0)
         text.append('-');
-    text.appendTwoDigits(qAbs(year) / 100);
+    const int century = qAbs(year) / 100;
+    if (century < 100)
+        text.appendTwoDigits(century);
+    else
+        text.appendNumber(century);
     text.appendTwoDigits(qAbs(year) % 100);
 }
 

@@ -32,7 +32,7 @@ QString dateTimeToText(const QDateTime &dateTime);
 /// thousands.
 struct ClockTime
 {
-    int year = 0; ///< -9999 to 9999, negative before the common era
+    int year = 0; ///< -32768 to 32767, negative before the common era
     int month = 0;
     int day = 0;
     int hour = 0;

@@ -102,6 +102,7 @@ void tst_TextForms::oddDates()
     };
     QCOMPARE(dayMonthYear(2024, 3, 5), u"05-Mar-2024"_s);
     QCOMPARE(dayMonthYear(987, 12, 31), u"31-Dec-0987"_s);
+    QCOMPARE(dayMonthYear(32767, 1, 1), u"01-Jan-32767"_s);
     QCOMPARE(dayMonthYear(0, 0, 0), QString());
 }
 
