@@ -62,7 +62,7 @@ void ResultPaging::openResult(QString &sql, const std::shared_ptr<Connection> &c
     m_source = makeSource();
     m_recordsFetched = 0;
     m_source->Open(sql, connection);
-    if (m_source->Eof())
+    if (m_source->State() == adStateClosed || m_source->Eof())
         return;
     buildResultFields(*m_source, *m_result);
     m_source->MoveFirst();

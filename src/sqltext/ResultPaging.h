@@ -31,14 +31,15 @@ public:
     std::shared_ptr<Recordset> result() const { return m_result; }
 
     /// Opens @p sql on @p connection and copies the first set into the result(), which has to be
-    /// set; a query without rows leaves the result closed and without columns. Line ends in @p sql
-    /// become line feeds. A text of blanks does nothing.
-    /// @throws RuntimeError the server's; 3704 when the statement returns no rows at all
+    /// set; a query without rows, and a statement that is no query, leave the result closed and
+    /// without columns. Line ends in @p sql become line feeds. A text of blanks does nothing.
+    /// @throws RuntimeError the server's
     void openResult(QString &sql, const std::shared_ptr<Connection> &connection);
 
     /// Copies the next set.
-    /// @throws RuntimeError 91 before the first query, 3704 when it could not be opened or its
-    ///         connection is closed, otherwise the server's
+    /// @throws RuntimeError 91 before the first query, 3704 when it was none or could not be
+    /// opened,
+    ///         or its connection is closed, otherwise the server's
     void retrieveNext();
     /// Copies all that is left, or as much as arrives until stop().
     /// @throws RuntimeError the server's; the rows before the failure stay
