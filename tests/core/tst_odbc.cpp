@@ -203,10 +203,11 @@ void tst_odbc::valuesComeWhole_data()
     row("no text", u"varchar(10)"_s, u"''"_s, QString(u""_s));
     row("longer than declared", u"varchar(3)"_s, u"'%1'"_s.arg(QString(5000, u'x')),
         QString(5000, u'x'));
-    row("date", u"date"_s, u"'2024-02-29'"_s, Timestamp{2024, 2, 29, 0, 0, 0, 0});
-    row("timestamp", u"timestamp"_s, u"'2024-02-29 23:59:58'"_s,
-        Timestamp{2024, 2, 29, 23, 59, 58, 0});
-    row("time of day", u"time"_s, u"'23:59:58'"_s, Timestamp{0, 0, 0, 23, 59, 58, 0});
+    row("text in a truth value's column", u"boolean"_s, u"'abc'"_s, u"abc"_s);
+    row("number in a date's column", u"date"_s, u"1700000000"_s, 1'700'000'000);
+    row("text in a timestamp's column", u"timestamp"_s, u"'29.02.2024'"_s, u"29.02.2024"_s);
+    row("time in a timestamp's column", u"datetime"_s, u"'12:34:56.780'"_s, u"12:34:56.780"_s);
+    row("time of day", u"time"_s, u"'23:59:58.10'"_s, u"23:59:58.10"_s);
     row("bytes", u"blob"_s, u"x'00ff10'"_s, QByteArray("\0\xFF\x10", 3));
     row("4 MB of bytes", u"blob"_s, u"zeroblob(4000000)"_s, QByteArray(4'000'000, '\0'));
     // More than the largest piece that is read at once.

@@ -90,7 +90,7 @@ bool readNumber(const CellView &cell, Number &number)
     return error == std::errc() && stop == end && (isDigit(end[-1]) || end[-1] == '.');
 }
 
-Value anyNumber(const CellView &cell)
+Value anything(const CellView &cell)
 {
     std::int64_t integer = 0;
     double number = 0;
@@ -101,7 +101,7 @@ Value anyNumber(const CellView &cell)
     return textFromUtf8({cell.bytes, static_cast<qsizetype>(cell.length)});
 }
 
-void packAnyNumber(const CellView &cell, RowWriter &row)
+void packAnything(const CellView &cell, RowWriter &row)
 {
     std::int64_t integer = 0;
     double number = 0;
@@ -130,8 +130,8 @@ Value toValue(ColumnForm form, const CellView &cell)
         return readAs<SQLDOUBLE>(cell);
     case ColumnForm::Digits:
         return ExactNumber{latin1(cell)};
-    case ColumnForm::AnyNumber:
-        return anyNumber(cell);
+    case ColumnForm::Anything:
+        return anything(cell);
     case ColumnForm::Timestamp:
         return toTimestamp(cell);
     case ColumnForm::TimeOfDay: {
@@ -167,8 +167,8 @@ void packCell(ColumnForm form, const CellView &cell, NullForm nulls, RowWriter &
         return row.addDouble(readAs<SQLDOUBLE>(cell));
     case ColumnForm::Digits:
         return row.addDigits(cell.bytes, cell.length);
-    case ColumnForm::AnyNumber:
-        return packAnyNumber(cell, row);
+    case ColumnForm::Anything:
+        return packAnything(cell, row);
     case ColumnForm::Timestamp:
         return row.addTimestamp(toTimestamp(cell));
     case ColumnForm::TimeOfDay:

@@ -117,7 +117,7 @@ size_t expectedBytes(ColumnForm form, SQLULEN size)
         return sizeof(SQL_TIMESTAMP_STRUCT);
     case ColumnForm::TimeOfDay:
         return timeOfDayBytes;
-    case ColumnForm::AnyNumber:
+    case ColumnForm::Anything:
         return usualPrecision + digitsSlack;
     case ColumnForm::Digits:
         return std::max(isUseful ? static_cast<size_t>(size) : 0, usualPrecision) + digitsSlack;
@@ -129,12 +129,6 @@ size_t expectedBytes(ColumnForm form, SQLULEN size)
         return isUseful ? size * mostUtf8Bytes : 0;
     }
     return 0;
-}
-
-bool isNumberForm(ColumnForm form)
-{
-    return form == ColumnForm::Integer || form == ColumnForm::Single ||
-           form == ColumnForm::Double || form == ColumnForm::Digits;
 }
 
 } // namespace
@@ -154,7 +148,7 @@ SQLSMALLINT OdbcColumn::cType() const
     case ColumnForm::Binary:
         return SQL_C_BINARY;
     case ColumnForm::Digits:
-    case ColumnForm::AnyNumber:
+    case ColumnForm::Anything:
     case ColumnForm::TimeOfDay:
     case ColumnForm::Utf8Text:
         return SQL_C_CHAR;
@@ -170,7 +164,7 @@ size_t OdbcColumn::terminatorBytes() const
     case ColumnForm::Text:
         return sizeof(SQLWCHAR);
     case ColumnForm::Digits:
-    case ColumnForm::AnyNumber:
+    case ColumnForm::Anything:
     case ColumnForm::TimeOfDay:
     case ColumnForm::Utf8Text:
         return sizeof(SQLCHAR);
@@ -195,8 +189,9 @@ std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement, const OdbcA
         if (described.sqlType == SQL_BIGINT &&
             numericAttribute(statement, number, SQL_DESC_UNSIGNED) == SQL_TRUE)
             column.form = ColumnForm::Digits;
-        if (!abilities.declarationsBindValues && isNumberForm(column.form))
-            column.form = ColumnForm::AnyNumber;
+        if (!abilities.declarationsBindValues && column.form != ColumnForm::Text &&
+            column.form != ColumnForm::Binary)
+            column.form = ColumnForm::Anything;
         if (abilities.givesUtf8 && column.form == ColumnForm::Text)
             column.form = ColumnForm::Utf8Text;
         column.expectedBytes = expectedBytes(column.form, described.size);

@@ -12,8 +12,8 @@ enum class ColumnForm {
     Integer,
     Single,
     Double,
-    Digits,    ///< exact numbers, as the digits that the driver writes
-    AnyNumber, ///< as text, where a column of numbers may hold numbers of any kind, and texts
+    Digits,   ///< exact numbers, as the digits that the driver writes
+    Anything, ///< as text, where a column may hold numbers of any kind, and texts
     Timestamp,
     TimeOfDay, ///< as text: some servers' times of day go beyond 24 hours
     Binary,

@@ -30,7 +30,7 @@ size_t wantedWidth(const OdbcColumn &column)
 bool hasFreeSize(const OdbcColumn &column)
 {
     return column.form == ColumnForm::Text || column.form == ColumnForm::Utf8Text ||
-           column.form == ColumnForm::Binary || column.form == ColumnForm::AnyNumber;
+           column.form == ColumnForm::Binary || column.form == ColumnForm::Anything;
 }
 
 /// Whether values may well be longer than the driver says.
