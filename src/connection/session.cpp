@@ -11,7 +11,7 @@ qint32 maxRecords = 0;
 
 std::shared_ptr<Connection> requireConnection()
 {
-    if (!gConnection)
-        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    if (!gConnection || gConnection->State() == adStateClosed)
+        throw RuntimeError(ErrorNumber::InvalidConnection);
     return gConnection;
 }

@@ -49,7 +49,7 @@ private slots:
     void planFailures();
     void serverOutput();
     void script();
-    void commitAndRollbackReportFailures();
+    void missingConnectionIsReportedAlike();
 
 private:
     /// Keeps the server running, which would otherwise end with each window.
@@ -260,7 +260,7 @@ void TestRun::script()
     program.press(u"tbrQuerna"_s, 7);
 }
 
-void TestRun::commitAndRollbackReportFailures()
+void TestRun::missingConnectionIsReportedAlike()
 {
     ProgramFixture program(sandbox);
     gConnection->Close();
@@ -268,7 +268,9 @@ void TestRun::commitAndRollbackReportFailures()
     program.press(u"tbrQuerna"_s, 6);
     program.press(u"tbrQuerna"_s, 7);
     program.press(u"tbrQuerna"_s, 15);
-    QCOMPARE(messages.texts.size(), 2);
+    for (const int tab : {0, 1, 2})
+        program.run(u"select 1 from dual"_s, tab);
+    QCOMPARE(messages.texts, QStringList(5, errorDescription(ErrorNumber::InvalidConnection)));
     QVERIFY(program.ends.empty());
     program.press(u"tbrQuerna"_s, 20);
     QCOMPARE(program.ends.size(), size_t{1});
