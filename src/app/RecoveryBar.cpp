@@ -67,8 +67,8 @@ void RecoveryBar::showOffer()
     const QString text = QString::fromUtf8(lost.text());
     const QString others =
         m_texts.size() == 1 ? QString() : tr(" (the first of %1)").arg(m_texts.size());
-    m_label->setText(tr("Text of a window that ended unexpectedly, kept %1%2:  %3…")
-                         .arg(dateTimeToText(lost.time()), others,
-                              text.left(shownBeginning).simplified()));
+    m_label->setText(
+        tr("Text of a window that ended unexpectedly, kept %1%2:  %3…")
+            .arg(dateTimeToText(lost.time()), others, text.left(shownBeginning).simplified()));
     m_label->setToolTip(text.left(longestBeginning));
 }

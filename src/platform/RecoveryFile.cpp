@@ -28,8 +28,7 @@ QString recoveryFolder()
     const QString chosen = qEnvironmentVariable("XDG_STATE_HOME");
     const QString states = chosen.isEmpty() ? QDir::homePath() + u"/.local/state"_s : chosen;
 #else
-    const QString states =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const QString states = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
 #endif
     return states + u"/Querna"_s;
 }
@@ -88,7 +87,8 @@ std::vector<std::unique_ptr<LostText>> LostText::all()
 {
     std::vector<std::unique_ptr<LostText>> found;
     const QDir folder(recoveryFolder());
-    for (const QString &name : folder.entryList({u'*' + suffix}, QDir::Files, QDir::Time | QDir::Reversed)) {
+    for (const QString &name :
+         folder.entryList({u'*' + suffix}, QDir::Files, QDir::Time | QDir::Reversed)) {
         const QString path = folder.filePath(name);
         std::unique_ptr<QLockFile> lock = lockOf(path);
         // The process may have ended in order, removing it, after the folder was read.
