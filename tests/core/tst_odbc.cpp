@@ -57,6 +57,7 @@ private slots:
     void cutValuesAreReadAgain_data();
     void cutValuesAreReadAgain();
     void openResultsAreReleased();
+    void transactionsOutliveFailures();
     void lostConnectionEndsTheReader_data();
     void lostConnectionEndsTheReader();
     void outputsAreReadAfterTheLastResult();
@@ -267,6 +268,8 @@ void tst_odbc::diagnosticsAreGathered()
     }
     QCOMPARE(connection->Execute(u"rows 1 integer"_s)->value(0).toInteger(), 0);
     QCOMPARE(raisedError([&] { connection->Execute(u"nothing but late"_s); }), 1476);
+    for (const int number : {14, 3709}) // some drivers are not to be asked again after that
+        QCOMPARE(raisedError([&] { connection->Execute(u"rows 1 nomemory"_s); }), number);
 }
 
 void tst_odbc::cutValuesAreReadAgain_data()
@@ -339,6 +342,21 @@ void tst_odbc::openResultsAreReleased()
         QCOMPARE(rest.last(), u"49,"_s + fakeText(49, 20));
         QCOMPARE(remainingRows(second), QStringList({u"0"_s, u"1"_s, u"2"_s}));
     }
+}
+
+// PostgreSQL's driver, as it is registered for narrow texts.
+void tst_odbc::transactionsOutliveFailures()
+{
+    const auto connection = fake(u"NAME=psqlodbca.so;NARROW=1;ROLLSBACK=1"_s);
+    Recordset reader;
+    reader.setCacheSize(10);
+    reader.Open(u"rows 50 text 20 20"_s, connection);
+    QCOMPARE(raisedError([&] { connection->Execute(u"refuse 1"_s); }), 901);
+    reader.MoveNext();
+    connection->Execute(u"rollback"_s);
+    const QStringList rest = remainingRows(reader);
+    QCOMPARE(rest.size(), 49);
+    QCOMPARE(rest.last(), fakeText(49, 20));
 }
 
 void tst_odbc::lostConnectionEndsTheReader_data()

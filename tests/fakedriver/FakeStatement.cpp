@@ -1,6 +1,7 @@
 #include "FakeStatement.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <sstream>
 
@@ -26,10 +27,18 @@ SQLRETURN parse(Statement &statement, std::istringstream words)
         } else if (word == "broken") {
             words >> statement.brokenRow;
         } else if (word == "refuse") {
+            if (statement.connection->item("ROLLSBACK", 0) != 0 &&
+                statement.connection->item("AB", 0) != 20)
+                statement.endAllResults();
             for (words >> number; number > 0; --number)
                 statement.fail("42000", static_cast<SQLINTEGER>(900 + number),
                                "reason " + std::to_string(number));
             return SQL_ERROR;
+        } else if (word == "nomemory") {
+            statement.connection->isBroken = true;
+            return statement.fail("HY001", 14, "no memory");
+        } else if (word == "rollback") {
+            statement.endAllResults();
         }
         statement.storedLength |= word == "storedlength";
         statement.misreckons |= word == "misreckoned";
@@ -53,6 +62,8 @@ SQLRETURN execute(Statement &statement, const std::string &text)
         return statement.fail("HY000", 0, "Connection is busy with results for another command");
     if (statement.hasOpenRows())
         return statement.fail("24000", 0, "Invalid cursor state");
+    if (statement.connection->isBroken)
+        std::abort();
     statement.close();
     return parse(statement, std::istringstream(text));
 }
@@ -67,14 +78,15 @@ std::string valueBytes(const Column &column, SQLULEN row)
     }
     for (size_t i = 0; i < column.length; ++i) {
         bytes += static_cast<char>('a' + (row + i) % 26);
-        bytes += '\0';
+        if (!column.isNarrow)
+            bytes += '\0';
     }
     return bytes;
 }
 
 size_t store(const Column &column, const std::string &bytes, char *target, SQLLEN room)
 {
-    const size_t terminator = column.isText ? sizeof(SQLWCHAR) : 0;
+    const size_t terminator = column.isNarrow ? 1 : column.isText ? sizeof(SQLWCHAR) : 0;
     const size_t stored = std::min(bytes.size(), static_cast<size_t>(room) - terminator);
     std::memcpy(target, bytes.data(), stored);
     std::memset(target + stored, 0, terminator);

@@ -32,6 +32,7 @@ struct Connection : Handle
 {
     std::map<std::string, std::string> items;
     std::vector<Statement *> statements;
+    bool isBroken = false;
 
     long item(const std::string &name, long otherwise) const
     {
@@ -46,6 +47,7 @@ struct Column
     bool isTableColumn;
     SQLULEN size;
     size_t length;
+    bool isNarrow = false;
     SQLSMALLINT cType = 0; ///< 0 while unbound
     char *values = nullptr;
     SQLLEN width = 0;
@@ -90,6 +92,11 @@ struct Statement : Handle
     bool isLate = false;
 
     bool hasOpenRows() const { return !columns.empty() && fetched < rows; }
+    void endAllResults()
+    {
+        for (Statement *statement : connection->statements)
+            statement->rows = statement->fetched;
+    }
     void close()
     {
         columns.clear();
@@ -103,7 +110,7 @@ struct Statement : Handle
 SQLRETURN execute(Statement &statement, const std::string &text);
 /// Fetches the row that stands at position into place @p inBlock of the bound memory.
 SQLRETURN fillRow(Statement &statement, SQLULEN inBlock);
-/// A value in UTF-16, or as a 64-bit number.
+/// A value as its bound type has it: a text, or a 64-bit number.
 std::string valueBytes(const Column &column, SQLULEN row);
 /// Stores as much of @p bytes as fits. @returns the bytes stored
 size_t store(const Column &column, const std::string &bytes, char *target, SQLLEN room);

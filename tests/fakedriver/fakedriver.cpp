@@ -5,6 +5,9 @@
 //     ONERESULT=1     refuses a statement while another's rows are still to be read
 //     ACTIVITIES=<n>  what SQL_MAX_CONCURRENT_ACTIVITIES says
 //     NOBEGIN=1       refuses to turn autocommit off
+//     NAME=<name>     what SQL_DRIVER_NAME says
+//     ROLLSBACK=1     rolls back and ends all results in silence when a statement fails, unless
+//     AB=20 NARROW=1        gives narrow texts alone
 //
 // The connection string is written to the file that the environment names in FAKEDRIVER_RECORD.
 // Every statement, and every end of a transaction, is added to the file named in
@@ -24,6 +27,8 @@
 //     broken <row>             a long value of that row breaks off once it was given in part
 //     refuse <n>               fails with n diagnostic records
 //     badlengths               makes diagnostic records tell lengths that are not theirs
+//     nomemory                 fails for want of memory; the next statement crashes
+//     rollback                 ends all results in silence
 //     late                     succeeds without rows; asking for more results fails
 // A text in row r has the character 'a' + (r + i) % 26 at place i. A statement with parameter marks
 // sets text outputs to "out" and integer outputs to 7, but only once all results are taken in.
@@ -150,11 +155,17 @@ SQLRETURN SQL_API SQLGetInfo(SQLHDBC handle, SQLUSMALLINT what, SQLPOINTER value
         return give(value, static_cast<SQLUSMALLINT>(connection.item("ACTIVITIES", 0)));
     case SQL_CURSOR_COMMIT_BEHAVIOR:
     case SQL_CURSOR_ROLLBACK_BEHAVIOR:
-        return give(value, SQLUSMALLINT{SQL_CB_PRESERVE});
+        return give(value, static_cast<SQLUSMALLINT>(connection.item("ROLLSBACK", 0) != 0
+                                                         ? SQL_CB_CLOSE
+                                                         : SQL_CB_PRESERVE));
     case SQL_DRIVER_ODBC_VER:
     case SQL_DBMS_NAME:
     case SQL_DRIVER_NAME: {
-        const std::string text = what == SQL_DRIVER_ODBC_VER ? "03.51" : "Fake";
+        const auto name = connection.items.find("NAME");
+        const std::string text = what == SQL_DRIVER_ODBC_VER ? "03.51"
+                                 : what == SQL_DRIVER_NAME && name != connection.items.end()
+                                     ? name->second
+                                     : "Fake";
         std::snprintf(static_cast<char *>(value), static_cast<size_t>(room), "%s", text.c_str());
         if (length != nullptr)
             *length = static_cast<SQLSMALLINT>(text.size());
@@ -277,6 +288,10 @@ SQLRETURN SQL_API SQLBindCol(SQLHSTMT handle, SQLUSMALLINT number, SQLSMALLINT c
                              SQLPOINTER values, SQLLEN width, SQLLEN *indicators)
 {
     Column &column = as<Statement>(handle).columns[number - 1U];
+    column.isNarrow = column.isText && cType == SQL_C_CHAR;
+    if (static_cast<Statement *>(handle)->connection->item("NARROW", 0) != 0 &&
+        cType == SQL_C_WCHAR)
+        return static_cast<Statement *>(handle)->fail("07006", 14, "unsupported type");
     column.cType = cType;
     column.values = static_cast<char *>(values);
     column.width = column.isText ? width : SQLLEN{sizeof(SQLBIGINT)};

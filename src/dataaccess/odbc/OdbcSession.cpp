@@ -1,6 +1,7 @@
 #include "dataaccess/odbc/OdbcSession.h"
 
 #include "dataaccess/SessionClient.h"
+#include "dataaccess/SqlTokens.h"
 #include "dataaccess/commandText.h"
 #include "dataaccess/odbc/OdbcCursor.h"
 #include "platform/RuntimeError.h"
@@ -22,6 +23,15 @@ SQLPOINTER attributeValue(SQLULEN value)
     return reinterpret_cast<SQLPOINTER>(static_cast<std::uintptr_t>(value));
 }
 
+void driverConnect(const OdbcHandle &connection, const QString &connectionString)
+{
+    SQLSMALLINT length = 0;
+    checkOdbc(SQLDriverConnectW(connection.get(), nullptr, odbcText(connectionString),
+                                static_cast<SQLSMALLINT>(connectionString.size()), nullptr, 0,
+                                &length, SQL_DRIVER_NOPROMPT),
+              connection);
+}
+
 QStringView withoutLastCharacter(const QString &text)
 {
     const QStringView trimmed = QStringView(text).trimmed();
@@ -39,6 +49,22 @@ bool saysResultsAreOpen(const RuntimeError &error)
         "statements? in progress|table is locked"_s,
         QRegularExpression::CaseInsensitiveOption);
     return texts.match(error.description).hasMatch();
+}
+
+/// Whether the driver ran out of memory. MariaDB's has lost track of its server then, and crashes
+/// when it is given another statement.
+bool saysMemoryRanOut(const RuntimeError &error, bool isMariaDb)
+{
+    constexpr int clientOutOfMemory = 2008;
+    return error.sqlState == "HY001"_L1 || (isMariaDb && error.nativeError == clientOutOfMemory);
+}
+
+/// Whether @p text ends the transaction that it is sent in.
+bool endsTransaction(const QString &text)
+{
+    const SqlToken word = SqlTokens(text).next();
+    return word.isWord(u"rollback") || word.isWord(u"abort") || word.isWord(u"commit") ||
+           word.isWord(u"end");
 }
 
 /// Whether the driver manager has room for the names of drivers in @p connectionString; one that is
@@ -73,6 +99,16 @@ QString textInfo(const OdbcHandle &connection, SQLUSMALLINT what)
     SQLSMALLINT bytes = 0;
     SQLGetInfoW(connection.get(), what, name, sizeof name - sizeof name[0], &bytes);
     return QString::fromUtf16(name);
+}
+
+/// For PostgreSQL's driver, which guards uncommitted work against a statement that fails by a
+/// savepoint: to send that by itself (a round trip). Otherwise it goes in one piece with the
+/// statement, is never made if that has a fault of syntax, and all work is rolled back in silence.
+const QString postgreSqlSafeguards = u";Protocol=7.4-2;AB=20"_s;
+
+bool isPostgreSql(const OdbcHandle &connection)
+{
+    return textInfo(connection, SQL_DRIVER_NAME).startsWith("psqlodbc"_L1, Qt::CaseInsensitive);
 }
 
 /// Sends a text through the driver and back. With a driver that has no wide functions the driver
@@ -152,22 +188,28 @@ void OdbcSession::connect(const QString &odbcConnectionString)
         throw RuntimeError(ErrorNumber::InvalidArgument);
     // A courtesy that not every driver knows.
     SQLSetConnectAttr(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attributeValue(loginTimeout), 0);
-    SQLSMALLINT length = 0;
-    checkOdbc(SQLDriverConnectW(m_connection.get(), nullptr, odbcText(odbcConnectionString),
-                                static_cast<SQLSMALLINT>(odbcConnectionString.size()), nullptr, 0,
-                                &length, SQL_DRIVER_NOPROMPT),
-              m_connection);
+    driverConnect(m_connection, odbcConnectionString);
+    if (isPostgreSql(m_connection)) {
+        SQLDisconnect(m_connection.get());
+        driverConnect(m_connection, odbcConnectionString + postgreSqlSafeguards);
+    }
     m_connected = true;
     m_connection.setTakesUtf8(!passesWideText(m_connection));
 }
 
 void OdbcSession::readAbilities()
 {
+    const QString driver = textInfo(m_connection, SQL_DRIVER_NAME);
     m_abilities.getDataExtensions = info<SQLUINTEGER>(m_connection, SQL_GETDATA_EXTENSIONS, 0);
     m_abilities.declarationsBindValues = textInfo(m_connection, SQL_DBMS_NAME) != "SQLite"_L1;
-    m_abilities.isMariaDb = textInfo(m_connection, SQL_DRIVER_NAME).contains("libmaodbc"_L1);
+    m_abilities.isMariaDb = driver.contains("libmaodbc"_L1);
     if (m_abilities.isMariaDb)
         m_abilities.givesUtf8 = scalar(u"select @@character_set_results"_s).startsWith("utf8"_L1);
+    // PostgreSQL's driver without wide functions, such as psqlodbca.so, gives narrow texts alone.
+    if (isPostgreSql(m_connection) && driver.section(u'.', 0, 0).endsWith(u'a')) {
+        execute(u"set client_encoding to 'UTF8'"_s);
+        m_abilities.givesUtf8 = true;
+    }
     m_oneResultOnly = info<SQLUSMALLINT>(m_connection, SQL_MAX_CONCURRENT_ACTIVITIES, 0) == 1;
     m_commitKeepsResults = keepsResults(m_connection, SQL_CURSOR_COMMIT_BEHAVIOR);
     m_rollbackKeepsResults = keepsResults(m_connection, SQL_CURSOR_ROLLBACK_BEHAVIOR);
@@ -183,7 +225,7 @@ void OdbcSession::close()
         m_clients.pop_back();
         client->sessionClosing();
     }
-    if (!m_autocommit)
+    if (!m_autocommit && !m_isLost)
         SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), SQL_ROLLBACK);
     m_spareStatement.reset();
     SQLDisconnect(m_connection.get());
@@ -228,6 +270,8 @@ void OdbcSession::endTransaction(SQLSMALLINT completion)
 
 void OdbcSession::prepareToSend()
 {
+    if (m_isLost)
+        throw RuntimeError(ErrorNumber::InvalidConnection);
     if (!m_inTransaction)
         setAutocommit(true);
     if (m_oneResultOnly)
@@ -249,12 +293,16 @@ OdbcHandle OdbcSession::statementFor(const QString &text)
 
 OdbcHandle OdbcSession::send(const QString &text)
 {
+    if (!(m_commitKeepsResults && m_rollbackKeepsResults) && endsTransaction(text))
+        releaseResults();
     OdbcHandle statement;
     withResultsReleased([&] {
         statement = statementFor(text);
         executeText(statement, text);
     });
-    if (skipToColumns(statement))
+    bool hasColumns = false;
+    watchMemory([&] { hasColumns = skipToColumns(statement); });
+    if (hasColumns)
         return statement;
     if (SQL_SUCCEEDED(SQLFreeStmt(statement.get(), SQL_CLOSE)))
         m_spareStatement = std::move(statement);
@@ -265,14 +313,24 @@ void OdbcSession::withResultsReleased(const std::function<void()> &action)
 {
     prepareToSend();
     try {
-        action();
+        watchMemory(action);
         return;
     } catch (const RuntimeError &error) {
         if (!hasOpenResults() || !saysResultsAreOpen(error))
             throw;
     }
     releaseResults();
-    action();
+    watchMemory(action);
+}
+
+void OdbcSession::watchMemory(const std::function<void()> &action)
+{
+    try {
+        action();
+    } catch (const RuntimeError &error) {
+        m_isLost |= saysMemoryRanOut(error, m_abilities.isMariaDb);
+        throw;
+    }
 }
 
 QString OdbcSession::adapted(const QString &text)

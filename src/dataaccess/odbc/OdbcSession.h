@@ -59,6 +59,8 @@ private:
     void readAbilities();
     void setAutocommit(bool on);
     void prepareToSend();
+    /// Runs @p action; after a failure for want of memory, nothing more is sent.
+    void watchMemory(const std::function<void()> &action);
     OdbcHandle send(const QString &text);
     bool hasOpenResults() const;
     void releaseResults();
@@ -72,6 +74,7 @@ private:
     std::vector<SessionClient *> m_clients;
     OdbcAbilities m_abilities;
     bool m_connected = false;
+    bool m_isLost = false; ///< nothing but the end may be asked of the driver any more
     bool m_oneResultOnly = false;
     bool m_commitKeepsResults = false;
     bool m_rollbackKeepsResults = false;
