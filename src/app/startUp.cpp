@@ -1,6 +1,7 @@
 #include "app/startUp.h"
 
 #include "app/MDIFormQuerna.h"
+#include "controls/editorKeys.h"
 #include "controls/icons.h"
 #include "controls/uiPresenters.h"
 
@@ -47,6 +48,7 @@ void prepareApplication()
     QApplication::setDesktopFileName(u"querna"_s);
     QApplication::setWindowIcon(themedIcon(u"querna"_s));
     installUiPresenters();
+    stopAltCharacters();
 }
 
 QString commandLineOf(const QStringList &arguments)

@@ -39,15 +39,23 @@ EditorChanges::EditorChanges(QsciScintilla &editor, SyntaxColouring &colouring,
     });
 }
 
-/// Behind every change that it tells of, the base class counts all characters before it for screen
-/// readers, whether there are any or not. In a large text only what comes before a change is
-/// asked for, therefore.
+/// After every change that it tells of, the base class counts all characters before it for screen
+/// readers, whether there are any or not. In a large text, and of many changes at once, only what
+/// comes before a change is asked for, therefore.
 void EditorChanges::listen()
 {
     m_isLarge = isLarge(m_editor);
+    if (m_isLarge)
+        collect();
+    else
+        m_editor.SendScintilla(Sci::SCI_SETMODEVENTMASK,
+                               Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT);
+}
+
+void EditorChanges::collect()
+{
     m_editor.SendScintilla(Sci::SCI_SETMODEVENTMASK,
-                           m_isLarge ? Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE
-                                     : Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT);
+                           Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE);
 }
 
 void EditorChanges::note(long position, int type, long length)
@@ -69,20 +77,9 @@ void EditorChanges::note(long position, int type, long length)
 
 void EditorChanges::tell()
 {
+    listen();
     if (!std::exchange(m_isUntold, false))
         return;
     emit m_editor.linesChanged();
     emit m_editor.textChanged();
-}
-
-void EditorChanges::pause()
-{
-    m_editor.SendScintilla(Sci::SCI_SETMODEVENTMASK, 0L);
-}
-
-void EditorChanges::resume()
-{
-    listen();
-    m_isUntold = true;
-    tell();
 }

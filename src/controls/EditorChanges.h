@@ -15,13 +15,10 @@ class EditorChanges : public QObject
 public:
     EditorChanges(QsciScintilla &editor, SyntaxColouring &colouring, EditorFormats &formats);
 
+    /// From here to tell() any number of changes is told of as one, at that moment.
+    void collect();
     /// Tells now what would be told a moment later.
     void tell();
-
-    /// From here to resume(), which tells of one change, nothing is followed; the colouring has to
-    /// be told that it is to begin anew.
-    void pause();
-    void resume();
 
 private:
     void listen();

@@ -5,13 +5,16 @@
 #include "controls/EditorLook.h"
 #include "controls/EditorPageSetup.h"
 #include "controls/EditorSearch.h"
+#include "controls/EditorSelection.h"
 #include "controls/SyntaxColouring.h"
 #include "controls/editorKeys.h"
 #include "sqltext/textFile.h"
 
 #include <Qsci/qscicommandset.h>
 
+#include <QClipboard>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QUrl>
@@ -23,6 +26,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int charactersPerTab = 4;
+constexpr auto lineEnd = "\r\n";
+constexpr int lineEndLength = 2;
 
 /// The local file that is being dragged; an empty text when it is something else.
 QString draggedFile(const QMimeData *data)
@@ -67,6 +72,7 @@ void EditorControl::setUpEditing()
     setTabWidth(charactersPerTab);
     setIndentationsUseTabs(true);
     setWrapMode(WrapNone);
+    SendScintilla(SCI_SETADDITIONALSELECTIONTYPING, 1L);
     SendScintilla(SCI_SETSCROLLWIDTH, 1L);
     SendScintilla(SCI_SETSCROLLWIDTHTRACKING, 1L);
     setAcceptDrops(true);
@@ -103,20 +109,32 @@ QString EditorControl::GetText() const
 
 void EditorControl::setText(const QString &text)
 {
-    SendScintilla(SCI_BEGINUNDOACTION);
     replaceAll(editorUtf8(text));
-    SendScintilla(SCI_ENDUNDOACTION);
-    m_changes->tell();
-    select(0, 0);
 }
 
+/// Puts another text in the place of the whole one.
 void EditorControl::replaceAll(const QByteArray &text)
 {
     const bool readOnly = isReadOnly();
     SendScintilla(SCI_SETREADONLY, 0L);
     m_formats.forgetPending();
-    exchangeBytes(0, SendScintilla(SCI_GETLENGTH), text);
+    changeAtOnce([&] { exchangeBytes(0, SendScintilla(SCI_GETLENGTH), text); });
     SendScintilla(SCI_SETREADONLY, static_cast<long>(readOnly));
+    select(0, 0);
+}
+
+/// Makes any number of changes one step for undo, and one change for whoever watches the text.
+/// Meanwhile no position can be converted.
+template <typename Change>
+void EditorControl::changeAtOnce(Change change)
+{
+    m_changes->collect();
+    m_positions.dropIndex();
+    SendScintilla(SCI_BEGINUNDOACTION);
+    change();
+    SendScintilla(SCI_ENDUNDOACTION);
+    m_positions.buildIndex();
+    m_changes->tell();
 }
 
 QByteArray EditorControl::textBytes(long begin, long end) const
@@ -172,7 +190,7 @@ int EditorControl::positionAt(const QPoint &point) const
 
 int EditorControl::SelStart() const
 {
-    return m_positions.toUnits(SendScintilla(SCI_GETSELECTIONSTART));
+    return m_positions.toUnits(selectedRanges(*this).front().begin);
 }
 
 void EditorControl::setSelStart(int position)
@@ -183,7 +201,10 @@ void EditorControl::setSelStart(int position)
 
 int EditorControl::SelLength() const
 {
-    return m_positions.toUnits(SendScintilla(SCI_GETSELECTIONEND)) - SelStart();
+    int length = -lineEndLength;
+    for (const ByteRange &row : selectedRanges(*this))
+        length += m_positions.toUnits(row.end) - m_positions.toUnits(row.begin) + lineEndLength;
+    return length;
 }
 
 void EditorControl::setSelLength(int length)
@@ -212,59 +233,56 @@ void EditorControl::select(long anchor, long caret)
 
 QString EditorControl::SelText() const
 {
-    if (SendScintilla(SCI_SELECTIONISRECTANGLE) == 0)
-        return QString::fromUtf8(
-            textBytes(SendScintilla(SCI_GETSELECTIONSTART), SendScintilla(SCI_GETSELECTIONEND)));
-    QByteArray lines(SendScintilla(SCI_GETSELTEXT), '\0');
-    SendScintilla(SCI_GETSELTEXT, lines.data());
-    return QString::fromUtf8(lines.constData());
+    QByteArray text;
+    const char *separator = "";
+    for (const ByteRange &row : selectedRanges(*this)) {
+        text += separator + textBytes(row.begin, row.end);
+        separator = lineEnd;
+    }
+    return QString::fromUtf8(text);
 }
 
 void EditorControl::setSelText(const QString &text)
 {
     if (isReadOnly())
         return;
+    const std::vector<ByteRange> rows = selectedRanges(*this);
     const QByteArray inserted = editorUtf8(text);
-    const EditorFormats::Format format = m_formats.forInsertion();
-    SendScintilla(SCI_BEGINUNDOACTION);
-    SendScintilla(SCI_REPLACESEL, "");
-    const long begin = SendScintilla(SCI_GETCURRENTPOS);
-    SendScintilla(SCI_ADDTEXT, static_cast<uintptr_t>(inserted.size()), inserted.constData());
-    SendScintilla(SCI_ENDUNDOACTION);
-    m_formats.apply(format, begin, inserted.size());
-    m_formats.continueAt(begin + inserted.size());
-    SendScintilla(SCI_SCROLLCARET);
+    long end = 0;
+    if (rows.size() == 1)
+        end = replaceRange(rows.front(), inserted);
+    else
+        changeAtOnce([&] { end = replaceRows(rows, inserted); });
+    SendScintilla(SCI_GOTOPOS, end);
+    m_formats.continueAt(end);
     reportCaret();
 }
 
-void EditorControl::setSelColor(const QColor &color)
+/// @returns the end of what was put in
+long EditorControl::replaceRange(const ByteRange &range, const QByteArray &text)
 {
-    m_formats.setColor(color);
+    const EditorFormats::Format format = m_formats.forInsertion(range);
+    exchangeBytes(range.begin, range.end, text);
+    m_formats.apply(format, range.begin, text.size());
+    return range.begin + text.size();
 }
 
-void EditorControl::setSelFontSize(double points)
+/// Gives every row of a block its line of @p text.
+long EditorControl::replaceRows(const std::vector<ByteRange> &rows, const QByteArray &text)
 {
-    m_formats.setPoints(points);
-}
-
-void EditorControl::setSelBold(bool on)
-{
-    m_formats.setBold(on);
-}
-
-void EditorControl::setSelItalic(bool on)
-{
-    m_formats.setItalic(on);
-}
-
-void EditorControl::setSelUnderline(bool on)
-{
-    m_formats.setUnderline(on);
-}
-
-void EditorControl::setSelStrikeThru(bool on)
-{
-    m_formats.setStrikeThru(on);
+    // Each change would have the widget adjust all the rows that are selected.
+    SendScintilla(SCI_SETEMPTYSELECTION, rows.front().begin);
+    long end = 0;
+    long shift = 0;
+    qsizetype from = 0;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const qsizetype lineEndAt = i + 1 < rows.size() ? text.indexOf(lineEnd, from) : -1;
+        const qsizetype to = lineEndAt < 0 ? text.size() : lineEndAt;
+        end = replaceRange({rows[i].begin + shift, rows[i].end + shift}, text.mid(from, to - from));
+        shift = end - rows[i].end;
+        from = lineEndAt < 0 ? to : to + lineEndLength;
+    }
+    return end;
 }
 
 void EditorControl::setFontName(const QString &family)
@@ -289,10 +307,12 @@ QColor EditorControl::BackColor() const
 
 void EditorControl::ExecuteCommand(int number)
 {
+    m_changes->collect();
     if (number == CommandUndo)
         SendScintilla(SCI_UNDO);
     else if (number == CommandRedo)
         SendScintilla(SCI_REDO);
+    m_changes->tell();
     reportCaret();
 }
 
@@ -311,18 +331,8 @@ void EditorControl::setWordClasses(const WordClasses &classes)
 
 void EditorControl::LoadFile(const QString &path)
 {
-    const QByteArray text = editorUtf8FromFile(readWholeFile(path));
-    SendScintilla(SCI_SETUNDOCOLLECTION, 0L);
-    m_changes->pause();
-    m_positions.dropIndex();
-    replaceAll(text);
-    m_positions.buildIndex();
-    m_colouring->colourEverythingAgain();
-    SendScintilla(SCI_SETUNDOCOLLECTION, 1L);
-    SendScintilla(SCI_EMPTYUNDOBUFFER);
-    m_changes->resume();
+    replaceAll(editorUtf8FromFile(readWholeFile(path)));
     SendScintilla(SCI_SETSAVEPOINT);
-    select(0, 0);
 }
 
 void EditorControl::FindDialog()
@@ -402,10 +412,22 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
         zoomTo(0);
         break;
     case ZoomCommand::None:
-        QsciScintilla::keyPressEvent(event);
+        if (typesAltCharacter(*event))
+            event->ignore();
+        else if (event->matches(QKeySequence::Paste) && selectedRanges(*this).size() > 1)
+            setSelText(QGuiApplication::clipboard()->text());
+        else
+            QsciScintilla::keyPressEvent(event);
         reportCaret();
         break;
     }
+}
+
+/// The widget ends a block with a line end.
+QMimeData *EditorControl::toMimeData(const QByteArray &text, bool rectangular) const
+{
+    const bool ends = rectangular && text.endsWith(lineEnd);
+    return QsciScintilla::toMimeData(ends ? text.chopped(lineEndLength) : text, rectangular);
 }
 
 void EditorControl::focusInEvent(QFocusEvent *event)

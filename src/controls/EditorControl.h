@@ -12,6 +12,7 @@
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 class EditorChanges;
 class EditorLook;
@@ -43,14 +44,17 @@ public:
     int textLength() const { return m_positions.length(); }
 
     // Selection. It never cuts a line end in two: between CR and LF, it begins before the CR and
-    // ends behind the LF.
+    // ends after the LF. The text of a rectangular one is its rows with line ends between them,
+    // and so long; what is set here is never rectangular.
     int SelStart() const;
     /// Moves the caret and selects nothing; positions past the end mean the end.
     void setSelStart(int position);
     int SelLength() const;
     void setSelLength(int length);
     QString SelText() const;
-    /// Replaces the selection, or inserts at the caret; the caret ends behind the new text.
+    /// Replaces the selection, or inserts at the caret, in one step for undo; the caret ends after
+    /// the new text. In a rectangular selection every row gets a line of the text: rows that are
+    /// left over become empty, and lines that are left over stay with the last row.
     void setSelText(const QString &text);
     QString GetSelection() const { return SelText(); }
     void InsertText(const QString &text) { setSelText(text); }
@@ -58,13 +62,13 @@ public:
     // Character format of the selection; lies over the word colours. With nothing selected it is
     // the format of the text that is inserted next, until the caret moves elsewhere.
     /// Black is the colour of plain text; with nothing selected, what follows is coloured as usual.
-    void setSelColor(const QColor &color);
+    void setSelColor(const QColor &color) { m_formats.setColor(color); }
     /// Sizes from 1 to 400 points.
-    void setSelFontSize(double points);
-    void setSelBold(bool on);
-    void setSelItalic(bool on);
-    void setSelUnderline(bool on);
-    void setSelStrikeThru(bool on);
+    void setSelFontSize(double points) { m_formats.setPoints(points); }
+    void setSelBold(bool on) { m_formats.setBold(on); }
+    void setSelItalic(bool on) { m_formats.setItalic(on); }
+    void setSelUnderline(bool on) { m_formats.setUnderline(on); }
+    void setSelStrikeThru(bool on) { m_formats.setStrikeThru(on); }
 
     /// The font family of the whole text.
     void setFontName(const QString &family);
@@ -88,7 +92,7 @@ public:
     void setWordClasses(const WordClasses &classes);
 
     /// Replaces the text by a file's: UTF-8 (with or without a mark), UTF-16 or Latin-1, any line
-    /// ends. Nothing of it can be undone.
+    /// ends. One step for undo. The caret goes to the start.
     /// @throws RuntimeError 53, 70, 75 or 76, 57 when the reading breaks off, 7 when the file is
     /// larger than 1 GB; the text then stays as it was
     void LoadFile(const QString &path);
@@ -140,6 +144,7 @@ protected:
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    QMimeData *toMimeData(const QByteArray &text, bool rectangular) const override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -154,6 +159,10 @@ private:
     QByteArray textBytes(long begin, long end) const;
     void exchangeBytes(long begin, long end, const QByteArray &text);
     void replaceAll(const QByteArray &text);
+    template <typename Change>
+    void changeAtOnce(Change change);
+    long replaceRange(const ByteRange &range, const QByteArray &text);
+    long replaceRows(const std::vector<ByteRange> &rows, const QByteArray &text);
 
     Utf16Positions m_positions;
     EditorFormats m_formats;

@@ -53,18 +53,16 @@ EditorFormats::EditorFormats(QsciScintillaBase &editor)
 void EditorFormats::setColor(const QColor &color)
 {
     const int rgb = rgbOf(color);
-    if (selectionIsEmpty()) {
-        // Black ends a colour that was set for insertions: what follows is coloured as usual.
-        pending().color = rgb == black ? std::nullopt : std::optional(rgb);
-        return;
+    for (const ByteRange &range : selectedRanges(m_editor)) {
+        if (range.length() == 0) {
+            // Black ends a colour that was set for insertions: what follows is coloured as usual.
+            pending(range.begin).color = rgb == black ? std::nullopt : std::optional(rgb);
+            continue;
+        }
+        setValue(colorIndicator, 0, range.begin, range.length());
+        setValue(blackIndicator, 0, range.begin, range.length());
+        apply({.color = rgb}, range.begin, range.length());
     }
-    setValue(colorIndicator, 0, selectionStart(), selectionLength());
-    setValue(blackIndicator, 0, selectionStart(), selectionLength());
-    if (rgb == black)
-        setValue(blackIndicator, 1, selectionStart(), selectionLength());
-    else
-        setValue(colorIndicator, widgetColor(rgb) | colorIsSet, selectionStart(),
-                 selectionLength());
 }
 
 void EditorFormats::setPoints(double points)
@@ -84,27 +82,31 @@ void EditorFormats::setItalic(bool on)
 
 void EditorFormats::setUnderline(bool on)
 {
-    if (selectionIsEmpty())
-        pending().underline = on;
-    else
-        setValue(underlineIndicator, on, selectionStart(), selectionLength());
+    setFlag(underlineIndicator, on, &Format::underline);
 }
 
 void EditorFormats::setStrikeThru(bool on)
 {
-    if (selectionIsEmpty())
-        pending().strikeThru = on;
-    else
-        setValue(strikeIndicator, on, selectionStart(), selectionLength());
+    setFlag(strikeIndicator, on, &Format::strikeThru);
 }
 
-EditorFormats::Format EditorFormats::forInsertion()
+void EditorFormats::setFlag(int indicator, bool on, bool Format::*flag)
 {
-    if (m_pendingAt != selectionStart() || !selectionIsEmpty())
+    for (const ByteRange &range : selectedRanges(m_editor)) {
+        if (range.length() == 0)
+            pending(range.begin).*flag = on;
+        else
+            setValue(indicator, on, range.begin, range.length());
+    }
+}
+
+EditorFormats::Format EditorFormats::forInsertion(const ByteRange &range)
+{
+    const long at = range.begin;
+    if (m_pendingAt != at || range.length() > 0)
         forgetPending();
-    if (selectionIsEmpty())
+    if (range.length() == 0)
         return m_pendingAt < 0 ? Format() : m_pending;
-    const long at = selectionStart();
     Format format;
     if (valueAt(blackIndicator, at) != 0)
         format.color = black;
@@ -178,17 +180,17 @@ void EditorFormats::changeFonts(Change change)
         change(font);
         return slotOf(font);
     };
-    if (selectionIsEmpty()) {
-        pending().font = changed(pending().font);
-        return;
+    for (const ByteRange &range : selectedRanges(m_editor)) {
+        if (range.length() == 0)
+            pending(range.begin).font = changed(pending(range.begin).font);
+        for (long at = range.begin; at < range.end;) {
+            const long next = std::min(fontEnd(at), range.end);
+            setValue(fontIndicator, changed(fontSlotAt(at)), at, next - at);
+            at = next;
+        }
+        if (range.length() > 0)
+            m_fontsChanged(range.begin, range.end);
     }
-    const long end = selectionStart() + selectionLength();
-    for (long at = selectionStart(); at < end;) {
-        const long next = std::min(fontEnd(at), end);
-        setValue(fontIndicator, changed(fontSlotAt(at)), at, next - at);
-        at = next;
-    }
-    m_fontsChanged(selectionStart(), end);
 }
 
 int EditorFormats::slotOf(const FontFormat &font)
@@ -218,26 +220,11 @@ int EditorFormats::valueAt(int indicator, long position) const
     return static_cast<int>(m_editor.SendScintilla(Sci::SCI_INDICATORVALUEAT, indicator, position));
 }
 
-EditorFormats::Format &EditorFormats::pending()
+EditorFormats::Format &EditorFormats::pending(long position)
 {
-    if (m_pendingAt != selectionStart()) {
+    if (m_pendingAt != position) {
         m_pending = Format();
-        m_pendingAt = selectionStart();
+        m_pendingAt = position;
     }
     return m_pending;
-}
-
-bool EditorFormats::selectionIsEmpty() const
-{
-    return selectionLength() == 0;
-}
-
-long EditorFormats::selectionStart() const
-{
-    return m_editor.SendScintilla(Sci::SCI_GETSELECTIONSTART);
-}
-
-long EditorFormats::selectionLength() const
-{
-    return m_editor.SendScintilla(Sci::SCI_GETSELECTIONEND) - selectionStart();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/EditorSelection.h"
+
 #include <QColor>
 
 #include <functional>
@@ -44,10 +46,9 @@ public:
         bool underline = false;
         bool strikeThru = false;
     };
-    /// The formats of text that is put in the selection's place: those at its start, or with
-    /// nothing selected those that were set for the next insertion; what was set elsewhere is
-    /// forgotten.
-    Format forInsertion();
+    /// The formats of text that is put in the place of @p range: those at its start, or where it is
+    /// empty those that were set for the next insertion; what was set elsewhere is forgotten.
+    Format forInsertion(const ByteRange &range);
     /// Gives a range of bytes the formats.
     void apply(const Format &format, long begin, long length);
     /// What was set for the next insertion goes on with one at @p position.
@@ -77,12 +78,10 @@ private:
     template <typename Change>
     void changeFonts(Change change);
     int slotOf(const FontFormat &font);
+    void setFlag(int indicator, bool on, bool Format::*flag);
     void setValue(int indicator, int value, long begin, long length);
     int valueAt(int indicator, long position) const;
-    Format &pending();
-    bool selectionIsEmpty() const;
-    long selectionStart() const;
-    long selectionLength() const;
+    Format &pending(long position);
 
     QsciScintillaBase &m_editor;
     /// For text that is inserted at m_pendingAt.

@@ -1,6 +1,28 @@
 #include "controls/editorKeys.h"
 
+#include "controls/EditorControl.h"
+
+#include <QApplication>
 #include <QKeyEvent>
+
+namespace {
+
+/// The editor control hears of every key, and sees to this itself.
+class AltCharacterStop : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        return event->type() == QEvent::KeyPress && watched->isWidgetType() &&
+               !qobject_cast<EditorControl *>(watched) &&
+               typesAltCharacter(*static_cast<QKeyEvent *>(event));
+    }
+};
+
+} // namespace
 
 int windowsKeyCode(const QKeyEvent &event)
 {
@@ -56,4 +78,17 @@ ZoomCommand zoomCommand(const QKeyEvent &event)
     default:
         return ZoomCommand::None;
     }
+}
+
+bool typesAltCharacter(const QKeyEvent &event)
+{
+    constexpr Qt::KeyboardModifiers commands =
+        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return (event.modifiers() & commands) == Qt::AltModifier && !event.text().isEmpty() &&
+           event.text().front().isPrint();
+}
+
+void stopAltCharacters()
+{
+    qApp->installEventFilter(new AltCharacterStop(qApp));
 }

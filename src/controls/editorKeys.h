@@ -16,3 +16,10 @@ enum class ZoomCommand { None, In, Out, Reset };
 
 /// Ctrl with plus, minus or 0, on either part of the keyboard.
 ZoomCommand zoomCommand(const QKeyEvent &event);
+
+/// Whether a key is Alt with a character. The toolkit's text boxes would type it, where it is
+/// nobody's access key.
+bool typesAltCharacter(const QKeyEvent &event);
+
+/// From now on, no text box of the program types such a character.
+void stopAltCharacters();

@@ -46,7 +46,10 @@ QList<Button> toolbarButtons()
         {"Background color"_L1, "background-color"_L1, {Qt::CTRL | Qt::SHIFT | Qt::Key_B}},
         {"Commit"_L1, "commit"_L1, {Qt::Key_F9}},
         {"Rollback"_L1, "rollback"_L1, {Qt::SHIFT | Qt::Key_F9}},
-        {"Uppe case"_L1, "upper-case"_L1, {Qt::CTRL | Qt::SHIFT | Qt::Key_U}},
+        // Ctrl+Shift+U goes to the input method on many desktops.
+        {"Uppe case"_L1,
+         "upper-case"_L1,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_X, Qt::CTRL | Qt::SHIFT | Qt::Key_U}},
         {"Lower case"_L1, "lower-case"_L1, {Qt::CTRL | Qt::Key_U}},
         {"Initcap"_L1, "initcap"_L1, {Qt::CTRL | Qt::Key_I}},
         {"Comment text"_L1, "comment"_L1, {Qt::CTRL | Qt::Key_K}},

@@ -3,6 +3,7 @@
 #include "controls/ColumnTree.h"
 #include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
+#include "controls/OutputPane.h"
 #include "controls/StatusPanels.h"
 #include "controls/editorFont.h"
 #include "controls/twips.h"
@@ -10,7 +11,6 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QToolBar>
 
@@ -85,7 +85,7 @@ void WindowControls::createOutputTab()
     txtBufferSize->setObjectName(u"txtBufferSize"_s);
     lblBufferSize->setBuddy(txtBufferSize);
     txtBufferSize->setAccessibleName(QObject::tr("Buffer size"));
-    rtbdbms = new QPlainTextEdit(page);
+    rtbdbms = new OutputPane(page);
     rtbdbms->setObjectName(u"rtbdbms"_s);
     rtbdbms->setAccessibleName(QObject::tr("Server output"));
     rtbdbms->setUndoRedoEnabled(false);

@@ -25,6 +25,7 @@ private slots:
     void replacingTheTextIsOneStep();
     void loading();
     void largeFileIsWatchedToo();
+    void blocksAreTakenByLine();
     void readOnlyTextStays();
     void keysAreReported_data();
     void keysAreReported();
@@ -135,7 +136,48 @@ void tst_EditorControl::replacingTheTextIsOneStep()
     QCOMPARE(editor.GetText(), u"second\r\nline"_s);
 }
 
-// A load that fails leaves the text and its steps, one that does not forgets them.
+void tst_EditorControl::blocksAreTakenByLine()
+{
+    const QString text = u"abcß\r\nx\r\nefgh"_s;
+    EditorControl editor;
+    editor.setText(text);
+    const auto selectBlock = [&](long anchor, long caret) { // in bytes
+        editor.SendScintilla(QsciScintilla::SCI_SETRECTANGULARSELECTIONANCHOR, anchor);
+        editor.SendScintilla(QsciScintilla::SCI_SETRECTANGULARSELECTIONCARET, caret);
+    };
+    for (const auto &[replacement, expected] :
+         {std::tuple(u"BCSS\r\n\r\nFGH"_s, u"aBCSS\r\nx\r\neFGH"_s),
+          std::tuple(u"1"_s, u"a1\r\nx\r\ne"_s), std::tuple(u""_s, u"a\r\nx\r\ne"_s),
+          std::tuple(u"1\n2\n3\n4"_s, u"a1\r\nx2\r\ne3\r\n4"_s)}) {
+        selectBlock(1, 14);
+        QCOMPARE(editor.SelText(), u"bcß\r\n\r\nfgh"_s);
+        QCOMPARE(editor.SelStart(), 1);
+        QCOMPARE(editor.SelLength(), 10);
+        editor.setSelText(replacement);
+        QCOMPARE(editor.GetText(), expected);
+        QCOMPARE(editor.SelStart(), expected.size());
+        editor.ExecuteCommand(EditorControl::CommandUndo);
+        QCOMPARE(editor.GetText(), text);
+    }
+    selectBlock(11, 5);
+    QTest::keyClick(&editor, Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"bcß\r\n\r\nfgh"_s);
+    QTest::keyClicks(&editor, u"-"_s);
+    QCOMPARE(editor.GetText(), u"a-\r\nx-\r\ne-"_s);
+    QGuiApplication::clipboard()->setText(u"1\n2"_s);
+    QTest::keyClick(&editor, Qt::Key_Left, Qt::AltModifier | Qt::ShiftModifier);
+    QTest::keyClick(&editor, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(editor.GetText(), u"a1\r\nx2\r\ne"_s);
+    // Every row of a large one is replaced without a look at all the others.
+    editor.setText(u"ab\r\n"_s.repeated(50000));
+    selectBlock(1, 4 * 49999 + 2);
+    editor.setSelText(editor.SelText().toUpper());
+    QCOMPARE(editor.GetText(), u"aB\r\n"_s.repeated(50000));
+    editor.ExecuteCommand(EditorControl::CommandUndo);
+    QCOMPARE(editor.GetText(), u"ab\r\n"_s.repeated(50000));
+}
+
+// A load that fails changes nothing, one that does not is one step.
 void tst_EditorControl::loading()
 {
     const QTemporaryDir folder;
@@ -154,7 +196,10 @@ void tst_EditorControl::loading()
     editor.LoadFile(file);
     QCOMPARE(editor.GetText(), u"a\r\nä"_s);
     QCOMPARE(editor.SelStart(), 0);
-    editor.ExecuteCommand(100);
+    QVERIFY(!editor.isModified());
+    editor.ExecuteCommand(EditorControl::CommandUndo);
+    QCOMPARE(editor.GetText(), u"typed"_s);
+    editor.ExecuteCommand(EditorControl::CommandRedo);
     QCOMPARE(editor.GetText(), u"a\r\nä"_s);
     QVERIFY(!editor.isModified());
 }
