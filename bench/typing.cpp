@@ -51,8 +51,8 @@ int main(int argc, char **argv)
     prepare(plain);
     prepare(kept);
     new TextKeeper(kept);
-    const TwoSides seconds =
-        measureInTurn(rounds, [&] { type(plain); }, [&] { type(kept); });
+    const TwoSides seconds = measureInTurn(
+        rounds, [&] { type(plain); }, [&] { type(kept); });
     if (LostText::all().empty() && QDir(folder.path() + u"/Querna"_s).isEmpty())
         giveUp(u"The text was not kept."_s);
     printFigure(u"a key in a text of 1 MB that is kept, with its painting"_s,

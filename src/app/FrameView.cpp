@@ -2,6 +2,7 @@
 
 #include "controls/EditorControl.h"
 #include "platform/errorTraps.h"
+#include "platform/process.h"
 #include "platform/settings.h"
 
 #include <QEvent>
@@ -17,6 +18,8 @@ namespace {
 
 /// In lines of the desktop's font, which is as large as its user needs it.
 constexpr QSize firstSize(79, 56);
+/// For what the desktop puts around a window, which nobody knows before it is shown.
+constexpr QSize roomForDecoration(1, 3);
 constexpr int smallestZoom = -10;
 constexpr int largestZoom = 20;
 constexpr auto pauseBeforeKeeping = 300ms;
@@ -31,14 +34,24 @@ const QString zoomKey = u"Zoom"_s;
 FrameView::FrameView(QWidget &frame)
     : m_frame(frame)
 {
+    const int line = frame.fontMetrics().height();
     frame.resize(
-        (firstSize * frame.fontMetrics().height()).boundedTo(frame.screen()->availableSize()));
+        (firstSize * line).boundedTo(frame.screen()->availableSize() - roomForDecoration * line));
     frame.restoreGeometry(QByteArray::fromHex(remembered(geometryKey).toLatin1()));
     m_zoom = std::clamp(remembered(zoomKey).toInt(), smallestZoom, largestZoom);
     m_untilKept.setSingleShot(true);
     m_untilKept.setInterval(pauseBeforeKeeping);
     connect(&m_untilKept, &QTimer::timeout, this, &FrameView::keepChanges);
     frame.installEventFilter(this);
+}
+
+void FrameView::show()
+{
+    m_maximizedByStarter = startsMaximized();
+    if (m_maximizedByStarter)
+        m_frame.showMaximized();
+    else
+        m_frame.show();
 }
 
 void FrameView::follow(EditorControl &editor)
@@ -53,9 +66,12 @@ void FrameView::follow(EditorControl &editor)
 bool FrameView::eventFilter(QObject *, QEvent *event)
 {
     switch (event->type()) {
+    case QEvent::WindowStateChange:
+        if (!m_frame.isMaximized() && !m_frame.isMinimized())
+            m_maximizedByStarter = false;
+        [[fallthrough]];
     case QEvent::Move:
     case QEvent::Resize:
-    case QEvent::WindowStateChange:
         m_untilKept.start();
         break;
     case QEvent::Close:
@@ -70,7 +86,8 @@ bool FrameView::eventFilter(QObject *, QEvent *event)
 void FrameView::keepChanges()
 {
     m_untilKept.stop();
-    remember(geometryKey, QString::fromLatin1(m_frame.saveGeometry().toHex()));
+    if (!m_maximizedByStarter)
+        remember(geometryKey, QString::fromLatin1(m_frame.saveGeometry().toHex()));
     remember(zoomKey, QString::number(m_zoom));
 }
 

@@ -21,6 +21,10 @@ public:
     /// Puts @p frame, which is not on the screen yet, where it was left.
     explicit FrameView(QWidget &frame);
 
+    /// Shows the frame: as it was left, or maximized where whoever started the program wants that,
+    /// which is then not taken as the user's wish.
+    void show();
+
     /// Zooms the editor as it was left, and keeps its zoom from now on.
     void follow(EditorControl &editor);
 
@@ -33,6 +37,7 @@ private:
     void keepChanges();
 
     QWidget &m_frame;
+    bool m_maximizedByStarter = false;
     int m_zoom = 0;
     QTimer m_untilKept;
     QHash<QString, QString> m_kept; ///< what is written down, by key

@@ -12,18 +12,21 @@
 #include "controls/icons.h"
 #include "dataaccess/connectionString.h"
 #include "dataaccess/sandbox/Sandbox.h"
+#include "editor/caption.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
 #include "platform/process.h"
 #include "platform/registry.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QThread>
 #include <QWindow>
@@ -118,6 +121,7 @@ MDIFormQuerna::MDIFormQuerna(QWidget *parent)
     m_area->setObjectName(u"mdiArea"_s);
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setCentralWidget(m_area);
     m_recovery = new RecoveryBar(this);
     addToolBar(m_recovery);
@@ -135,10 +139,7 @@ void MDIFormQuerna::Form_Load(const QString &commandLine)
 {
     try {
         writeRegistry();
-        if (startsMaximized())
-            showMaximized();
-        else
-            show();
+        m_view->show();
         const QString connectionString = cleanedCommandLine(commandLine);
         if (connectionString.isEmpty()) {
             showLogin();
@@ -184,10 +185,7 @@ frmQuerna *MDIFormQuerna::editorWindow()
 {
     if (!m_editor) {
         m_editor = new frmQuerna;
-        QMdiSubWindow *window = m_area->addSubWindow(m_editor);
-        window->setObjectName(u"editorSubWindow"_s);
-        window->setAttribute(Qt::WA_DeleteOnClose);
-        window->setWindowIcon(windowIcon());
+        addChildWindow(*m_editor);
         m_view->follow(*m_editor->txtSQL());
         connect(m_editor->txtSQL(), &EditorControl::fileDropped, m_editor,
                 [this](const QString &path) { m_commands->openDropped(*m_editor, path); });
@@ -209,13 +207,42 @@ void MDIFormQuerna::keepText(EditorControl &editor)
     });
 }
 
+/// The child window that holds @p editor, shown once in the frame's whole room; later it is as the
+/// user has left it.
+void MDIFormQuerna::addChildWindow(frmQuerna &editor)
+{
+    const QSize designSize = editor.size();
+    QMdiSubWindow *window = m_area->addSubWindow(&editor);
+    window->setObjectName(u"editorSubWindow"_s);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWindowIcon(windowIcon());
+    window->resize(designSize);
+    // A click on what takes no focus leaves it where it is.
+    window->setFocusPolicy(Qt::NoFocus);
+    // Closing has two keys by default, and one of them is the Exit command's.
+    for (QAction *action : window->systemMenu()->actions()) {
+        if (!action->shortcut().isEmpty())
+            action->setShortcut(Qt::CTRL | Qt::Key_F4);
+    }
+    connect(&editor, &QWidget::windowTitleChanged, window,
+            [window](const QString &caption) { window->setWindowTitle(titleOf(caption)); });
+    window->showMaximized();
+}
+
 void MDIFormQuerna::showEditorWindow()
 {
     frmQuerna *editor = editorWindow();
     editor->refreshCaption();
     editor->showInformation(sessionHint());
-    editor->parentWidget()->showMaximized();
+    m_area->setActiveSubWindow(static_cast<QMdiSubWindow *>(editor->parentWidget()));
     editor->setFocus();
+}
+
+void MDIFormQuerna::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && m_editor)
+        m_editor->refreshCaption();
 }
 
 void MDIFormQuerna::closeEvent(QCloseEvent *event)

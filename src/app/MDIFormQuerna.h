@@ -34,10 +34,12 @@ public:
     void showLogin();
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
     frmQuerna *editorWindow();
+    void addChildWindow(frmQuerna &editor);
     void showEditorWindow();
     void keepText(EditorControl &editor);
     void openCommandLine(const QString &connectionString);

@@ -6,10 +6,13 @@
 #include "controls/uiPresenters.h"
 
 #include <QApplication>
+#include <QByteArray>
 #include <QStringList>
 
+#include <algorithm>
 #include <cstdio>
 #include <string_view>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -56,11 +59,18 @@ QString commandLineOf(const QStringList &arguments)
     return arguments.mid(1).join(u' ');
 }
 
-int runQuerna(int &argc, char **argv)
+int runQuerna(int argc, char **argv)
 {
     if (answeredWithoutWindow(argc, argv))
         return 0;
-    QApplication application(argc, argv);
+    // The application goes on referring to its arguments, which are then out of others' sight.
+    std::vector<QByteArray> texts(argv, argv + argc);
+    std::vector<char *> arguments;
+    for (QByteArray &text : texts)
+        arguments.push_back(text.data());
+    for (int i = 1; i < argc; ++i)
+        std::fill_n(argv[i], texts[static_cast<size_t>(i)].size(), '\0');
+    QApplication application(argc, arguments.data());
     prepareApplication();
     MDIFormQuerna frame;
     frame.Form_Load(commandLineOf(QApplication::arguments()));

@@ -9,6 +9,7 @@ void prepareApplication();
 /// The arguments behind the program's name as one command line.
 QString commandLineOf(const QStringList &arguments);
 
-/// The whole program: its frame, from start to end.
+/// The whole program: its frame, from start to end. The arguments behind the program's name are
+/// overwritten at once, for they are where other users of the system can read them.
 /// @returns the process's exit code
-int runQuerna(int &argc, char **argv);
+int runQuerna(int argc, char **argv);

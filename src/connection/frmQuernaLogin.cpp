@@ -24,9 +24,11 @@ namespace {
 const QString settingsApplication = u"Orbek Oracle"_s;
 const QString settingsSection = u"Settings"_s;
 
-QString setting(const QString &key)
+/// @param otherwise  what the entry becomes when the store cannot be read
+void loadEntry(QLineEdit &entry, const QString &key, const QString &otherwise)
 {
-    return getSetting(settingsApplication, settingsSection, key);
+    entry.setText(otherwise);
+    ignoreErrors([&] { entry.setText(getSetting(settingsApplication, settingsSection, key)); });
 }
 
 void keepSetting(const QString &key, const QString &value)
@@ -48,29 +50,16 @@ QLabel *addEntry(QGridLayout *grid, const QString &labelName, const QString &cap
     return label;
 }
 
-QLineEdit *makeEntry(const QString &name, const QString &text)
-{
-    auto *entry = new QLineEdit(text);
-    entry->setObjectName(name);
-    return entry;
-}
-
 } // namespace
 
 frmQuernaLogin::frmQuernaLogin(QWidget *parent)
-    : QDialog(parent)
+    : FormDialog(u"frmQuernaLogin"_s, u"Querna Login"_s, parent)
 {
-    setObjectName(u"frmQuernaLogin"_s);
-    setWindowTitle(u"Querna Login"_s);
-    setAttribute(Qt::WA_DeleteOnClose);
-    // Esc only hides a dialog, but the next log-on is to begin with the entries that are stored.
-    connect(this, &QDialog::finished, this, &QObject::deleteLater);
     new QVBoxLayout(this);
     createEntries();
     createOptions();
     createButtons();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
-    Form_Load();
 }
 
 void frmQuernaLogin::createEntries()
@@ -87,11 +76,11 @@ void frmQuernaLogin::createEntries()
         QFontMetrics(bannerFont)
             .horizontalAdvance(u"Application for Database Developers and DBAs "_s));
 
-    m_txtUserName = makeEntry(u"txtUserName"_s, u"system"_s);
-    m_txtPassword = makeEntry(u"txtPassword"_s, u"lantern"_s);
+    m_txtUserName = named(new QLineEdit, u"txtUserName"_s);
+    m_txtPassword = named(new QLineEdit, u"txtPassword"_s);
     m_txtPassword->setEchoMode(QLineEdit::Password);
     m_txtPassword->setStyleSheet(u"QLineEdit { lineedit-password-character: 42 }"_s);
-    m_txtDb = makeEntry(u"txtDb"_s, u"dwh"_s);
+    m_txtDb = named(new QLineEdit, u"txtDb"_s);
     m_txtDb->setToolTip(u"Must be ODBC DSN if connecting as SYSDBA or SYSOPER"_s);
 
     auto *grid = new QGridLayout;
@@ -137,7 +126,6 @@ void frmQuernaLogin::createOptions()
         addOption(drivers, u"optPrefConn_1"_s, u"Oracle OLEDB Driver for Oracle"_s, Qt::Key_R,
                   tnsAbove),
         addOption(drivers, u"optPrefConn_2"_s, u"ODBC DSN Connection"_s, Qt::Key_B, {})};
-    m_optPrefConn[0]->setChecked(true);
 
     const QString dsnAbove = u"Specify ODBC DSN in Database box above"_s;
     auto *privileges = makeGroup(u"Frame2"_s, u"SYS Privileges"_s);
@@ -145,7 +133,6 @@ void frmQuernaLogin::createOptions()
         addOption(privileges, u"optSYS_0"_s, u"Normal (No SYS Privileges)"_s, Qt::Key_N, {}),
         addOption(privileges, u"optSYS_1"_s, u"Connect as SYSDBA"_s, Qt::Key_S, dsnAbove),
         addOption(privileges, u"optSYS_2"_s, u"Connect as SYSOPER"_s, Qt::Key_Y, dsnAbove)};
-    m_optSYS[0]->setChecked(true);
     for (int i = 0; i < 3; ++i)
         connect(m_optSYS[static_cast<size_t>(i)], &QRadioButton::clicked, this,
                 [this, i] { optSYS_Click(i); });
@@ -159,12 +146,15 @@ void frmQuernaLogin::createButtons()
     layout()->addWidget(buttons.box);
 }
 
-void frmQuernaLogin::Form_Load()
+bool frmQuernaLogin::Form_Load()
 {
-    // A store that cannot be read leaves the entries that the form was made with.
-    ignoreErrors([this] { m_txtUserName->setText(setting(u"Login"_s)); });
-    ignoreErrors([this] { m_txtPassword->setText(setting(u"Password"_s)); });
-    ignoreErrors([this] { m_txtDb->setText(setting(u"Database"_s)); });
+    loadEntry(*m_txtUserName, u"Login"_s, u"system"_s);
+    loadEntry(*m_txtPassword, u"Password"_s, u"lantern"_s);
+    loadEntry(*m_txtDb, u"Database"_s, u"dwh"_s);
+    m_optSYS[0]->setChecked(true);
+    optSYS_Click(0);
+    m_txtUserName->setFocus();
+    return true;
 }
 
 qint16 frmQuernaLogin::checkedIndex(const std::array<QRadioButton *, 3> &options)

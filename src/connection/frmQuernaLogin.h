@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "controls/FormDialog.h"
 
 #include <array>
 
@@ -10,8 +10,8 @@ class QRadioButton;
 /// Asks for user name, password, database, driver and SYS privilege, and (re)opens the process's
 /// one connection with them. The entries are kept in the per-user settings.
 ///
-/// Shown without blocking the frame; every OK and every Cancel closes and deletes it.
-class frmQuernaLogin : public QDialog
+/// Shown without blocking the frame; every OK and every Cancel closes it.
+class frmQuernaLogin : public FormDialog
 {
     Q_OBJECT
 public:
@@ -27,11 +27,13 @@ public slots:
     void cmdOK_Click();
     void cmdCancel_Click();
 
+protected:
+    bool Form_Load() override;
+
 private:
     void createEntries();
     void createOptions();
     void createButtons();
-    void Form_Load();
     /// The entries become the session's names.
     void takeNames();
     static qint16 checkedIndex(const std::array<QRadioButton *, 3> &options);

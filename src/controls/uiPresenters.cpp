@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -74,9 +75,25 @@ private:
     bool m_changed;
 };
 
+/// The window that a message belongs to. Just after a dialog has closed, and while another program
+/// is in front, none is the active one.
+QWidget *windowInUse()
+{
+    for (QWidget *window : {QApplication::activeModalWidget(), QApplication::activeWindow()}) {
+        if (window != nullptr)
+            return window;
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::find_if(windows.begin(), windows.end(), [](const QWidget *window) {
+        return window->isVisible() && window->parentWidget() == nullptr &&
+               qobject_cast<const QMainWindow *>(window);
+    });
+    return found == windows.end() ? nullptr : *found;
+}
+
 MessageAnswer showBox(const Message &message)
 {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(windowInUse());
     box.setObjectName(u"messageBox"_s);
     box.setWindowTitle(message.title);
     box.setTextFormat(Qt::PlainText);

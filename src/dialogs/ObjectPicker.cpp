@@ -21,6 +21,31 @@ namespace {
 
 constexpr QColor pickColor(255, 140, 0);
 
+/// Has no current entry when it gets the focus, so that the first key leads to the first one.
+class PickList : public QListWidget
+{
+public:
+    using QListWidget::QListWidget;
+
+protected:
+    void focusInEvent(QFocusEvent *event) override
+    {
+        QListWidget::focusInEvent(event);
+        if (selectedItems().isEmpty())
+            setCurrentItem(nullptr);
+    }
+};
+
+/// Enter in a combo box picks what is typed there, if there is such an entry.
+void pickTyped(QComboBox &combo)
+{
+    const int index = combo.findText(combo.currentText(), Qt::MatchFixedString);
+    if (index < 0)
+        return;
+    combo.setCurrentIndex(index);
+    emit combo.activated(index);
+}
+
 } // namespace
 
 ObjectPicker::ObjectPicker(const QString &name, const QString &caption, const QString &listLabel,
@@ -29,7 +54,7 @@ ObjectPicker::ObjectPicker(const QString &name, const QString &caption, const QS
     , m_combos(new QFormLayout)
 {
     cmbSchema = addCombo(u"cmbSchema"_s, u"&Schema"_s);
-    lstObject = named(new QListWidget(this), u"lstObject"_s);
+    lstObject = named<QListWidget>(new PickList(this), u"lstObject"_s);
     lstObject->setUniformItemSizes(true);
     lstObject->setAccessibleName(withoutMnemonic(listLabel));
     auto *label = new QLabel(listLabel, this);
@@ -58,6 +83,8 @@ QComboBox *ObjectPicker::addCombo(const QString &name, const QString &label)
     // A typed name stays as it is typed, and leaving the field does not pick it.
     combo->setCompleter(nullptr);
     disconnect(combo->lineEdit(), &QLineEdit::editingFinished, combo, nullptr);
+    connect(combo->lineEdit(), &QLineEdit::returnPressed, combo, [combo] { pickTyped(*combo); });
+    connect(combo, &QComboBox::activated, combo->lineEdit(), &QLineEdit::selectAll);
     m_combos->addRow(label, combo);
     return combo;
 }
@@ -93,10 +120,15 @@ void ObjectPicker::setTxt(EditorControl *ctl, QWidget *frm)
 bool ObjectPicker::Form_Load()
 {
     lstObject->clear();
-    return reportErrors([this] {
+    const bool loaded = reportErrors([this] {
         loadSchemas();
         loadSchema();
     });
+    // To begin with, the last field that there is something to find in.
+    QWidget *const lastCombo =
+        m_combos->itemAt(m_combos->rowCount() - 1, QFormLayout::FieldRole)->widget();
+    (lstObject->count() > 0 ? lstObject : lastCombo)->setFocus();
+    return loaded;
 }
 
 void ObjectPicker::loadSchemas()
@@ -105,6 +137,7 @@ void ObjectPicker::loadSchemas()
     const QString schema = m_userName.toUpper();
     cmbSchema->setCurrentIndex(cmbSchema->findText(schema, Qt::MatchExactly));
     cmbSchema->setEditText(schema);
+    cmbSchema->lineEdit()->selectAll();
 }
 
 void ObjectPicker::cmbSchema_Click()

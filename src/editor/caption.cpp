@@ -20,3 +20,12 @@ QString captionWithText(const QString &userName, const QString &tnsName, const Q
     return captionAtLoad(userName, tnsName) + u": "_s + trimBlanks(text).left(shownCharacters) +
            u"..."_s;
 }
+
+QString titleOf(QString caption)
+{
+    for (QChar &character : caption) {
+        if (character.isSpace() || character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    return caption.replace(u"[*]"_s, u"[*][*]"_s);
+}

@@ -55,7 +55,6 @@ frmQuerna::frmQuerna(QWidget *parent)
 {
     setObjectName(u"frmQuerna"_s);
     setAccessibleName(tr("SQL editor"));
-    setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     m_controls.create(this);
     m_paging = std::make_shared<ResultPaging>();

@@ -15,6 +15,7 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -186,6 +187,9 @@ void tst_controls::messageShowsTextsAsTheyAre()
 
 void tst_controls::messageAnswers()
 {
+    // Just after a file dialog no window is the active one.
+    QMainWindow frame;
+    frame.show();
     const Message question{u"File Exists - Do you want to overwrite the file?"_s,
                            MessageButtons::YesNo, MessageIcon::Question};
     for (const auto &[button, answer] :
@@ -194,8 +198,11 @@ void tst_controls::messageAnswers()
         QCOMPARE(showMessage(question), answer);
         QCOMPARE(user.titles, QStringList{u"Orbek SQL Editor"_s});
     }
-    QTimer::singleShot(50, this,
-                       [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    QTimer::singleShot(50, this, [&] {
+        QCOMPARE(QApplication::activeModalWidget()->parentWidget(), &frame);
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    });
+    QApplication::setActiveWindow(nullptr);
     QCOMPARE(showMessage(question), MessageAnswer::No);
 }
 

@@ -108,8 +108,8 @@ void tst_dialogkeys::dialogs_data()
     row("frmRecords", plain<frmRecords>, u"txtRecords cmdOK cmdCancel"_s, u"cmdOK"_s);
     row("frmExport", plain<frmExport>, u"optExport_0 cmdExpOK cmdExpCancel"_s, u"cmdExpOK"_s);
     row("frmSQLHistory", plain<frmSQLHistory>, u"msfgSQL"_s, {});
-    row("frmObject", picker<frmObject>, u"cmbSchema lstObject"_s, {});
-    row("frmObjectColumn", picker<frmObjectColumn>, u"cmbSchema cmbTable lstObject"_s, {});
+    row("frmObject", picker<frmObject>, u"lstObject cmbSchema"_s, {});
+    row("frmObjectColumn", picker<frmObjectColumn>, u"cmbTable lstObject cmbSchema"_s, {});
 }
 
 void tst_dialogkeys::dialogs()

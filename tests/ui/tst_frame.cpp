@@ -2,6 +2,7 @@
 #include "app/MDIFormQuerna.h"
 #include "connection/frmQuernaLogin.h"
 #include "connection/session.h"
+#include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
 #include "editor/paneLayout.h"
@@ -21,10 +22,15 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProcess>
 #include <QRadioButton>
+#include <QScreen>
+#include <QStyle>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -80,6 +86,11 @@ private slots:
     void commandLineOpensTheSession();
     void commandLineThatFailsEndsInSilence();
     void menusAndToolbarsStandInOrder();
+    void menuKeysReachTheirItems();
+    void clicksLeaveTheFocus();
+    void captionIsRefreshedOnReturn();
+    void childWindowKeepsItsSize();
+    void passwordLeavesTheProcessList();
     void dividerFollowsTheMouse();
     void panesAreLaidOutInTwips();
     void recordLimitIsShown();
@@ -118,8 +129,12 @@ void TestFrame::emptyCommandLineShowsLogin()
     QVERIFY(option(u"optPrefConn_0"_s)->isChecked());
     QVERIFY(option(u"optPrefConn_1"_s)->isEnabled());
 
+    // Cancelled, and used again before anything else has happened.
     click(*login, u"cmdCancel"_s);
     QVERIFY(program.editor() == nullptr);
+    const MessageAnswers messages;
+    program.logOn({}, {}, u"nowhere"_s);
+    QCOMPARE(messages.texts.size(), 1);
     QVERIFY(program.ends.empty());
 }
 
@@ -197,6 +212,87 @@ mnuorbekusergroup Orbek User Group
              "Recall history of SQL statements|-|Exit Sql Editor"_s);
     QCOMPARE(toolTips(u"Toolbar1"_s), u"Retrieve next set of records|Retrieve all records|"
                                       "Stop retrieval of all records"_s);
+}
+
+void TestFrame::menuKeysReachTheirItems()
+{
+    ProgramFixture program(sqlite);
+    program.grid()->setFocus(); // the editor has some of these keys itself
+    for (QAction *item : program.frame().menuBar()->findChildren<QAction *>()) {
+        if (item->shortcut().isEmpty())
+            continue;
+        int reached = 0;
+        item->disconnect(SIGNAL(triggered(bool)));
+        connect(item, &QAction::triggered, this, [&] { ++reached; });
+        const QKeyCombination key = item->shortcut()[0];
+        QTest::keyClick(program.grid(), key.key(), key.keyboardModifiers());
+        QVERIFY2(reached == 1, qPrintable(item->objectName()));
+    }
+}
+
+// The grid, a pane or a box goes on with what it was doing.
+void TestFrame::clicksLeaveTheFocus()
+{
+    ProgramFixture program(sqlite);
+    program.run(u"select 1 union select 2"_s);
+    QVERIFY(program.text()->hasFocus());
+    program.grid()->setFocus();
+    program.press(u"Toolbar1"_s, 1);
+    QVERIFY(program.grid()->hasFocus());
+    program.control<QTabWidget>(u"tbSql"_s)->setCurrentIndex(2);
+    auto *box = program.control<QLineEdit>(u"txtBufferSize"_s);
+    box->setFocus();
+    program.press(u"tbrQuerna"_s, 18); // the history, only from the editor
+    QVERIFY(box->hasFocus());
+}
+
+void TestFrame::captionIsRefreshedOnReturn()
+{
+    ProgramFixture program(sqlite);
+    program.text()->setText(u"a\r\nb[*]"_s);
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    QApplication::setActiveWindow(&program.frame());
+    QCOMPARE(program.editor()->windowTitle(), u"SCOTT@DWH - SQL Editor: a\r\nb[*]..."_s);
+    // What a title bar cannot show is a blank there, and nothing in it is taken as a mark.
+    QCOMPARE(program.frame().windowHandle()->title(),
+             u"Orbek SQL Editor - [SCOTT@DWH - SQL Editor: a  b[*]...]"_s);
+}
+
+void TestFrame::childWindowKeepsItsSize()
+{
+    ProgramFixture program(sqlite);
+    QWidget *window = program.editor()->parentWidget();
+    QVERIFY(window->isMaximized());
+    window->showNormal();
+    QCOMPARE(window->size(), QSize(1024, 654));
+    window->resize(700, 500);
+    const MessageAnswers messages;
+    program.logOn(u"Bob"_s, {}, u"nowhere"_s);
+    QCOMPARE(window->size(), QSize(700, 500));
+
+    const QSize room = program.frame().screen()->availableSize() - program.frame().size();
+    QVERIFY(room.height() >= program.frame().style()->pixelMetric(QStyle::PM_TitleBarHeight));
+}
+
+void TestFrame::passwordLeavesTheProcessList()
+{
+    const QTemporaryDir folder;
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"XDG_CONFIG_HOME"_s, folder.path());
+    process.setProcessEnvironment(environment);
+    const QString database = folder.filePath(u"used.db"_s);
+    process.start(QStringLiteral(QUERNA_PROGRAM),
+                  {u"DRIVER=SQLite3;Database=%1;PWD=open sesame"_s.arg(database)});
+    QVERIFY(process.waitForStarted());
+    QTRY_VERIFY(QFileInfo::exists(database)); // the arguments have arrived
+    const QByteArray shown = contentOf(u"/proc/%1/cmdline"_s.arg(process.processId()));
+    QVERIFY2(shown.startsWith(QUERNA_PROGRAM), shown);
+    QVERIFY(!shown.contains("sesame"));
+    process.kill();
+    process.waitForFinished();
 }
 
 void TestFrame::dividerFollowsTheMouse()

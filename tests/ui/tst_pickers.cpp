@@ -151,12 +151,18 @@ void tst_pickers::keysPickToo()
 {
     ObjectBench bench(m_connection);
     bench.open();
-    bench.lstObject->setFocus();
-    bench.lstObject->setCurrentRow(0);
-    QTest::keyClick(bench.lstObject, Qt::Key_Down);
+    QTest::keyClick(bench.picker.focusWidget(), Qt::Key_Return);
     QCOMPARE(bench.editor->Text(), QString());
-    QTest::keyClick(bench.lstObject, Qt::Key_Return);
-    QCOMPARE(bench.editor->Text(), u" SCOTT."_s + bench.listed().at(1) + u" "_s);
+    QTest::keyClick(bench.picker.focusWidget(), Qt::Key_Down);
+    QTest::keyClick(bench.picker.focusWidget(), Qt::Key_Return);
+    QCOMPARE(bench.editor->Text(), u" SCOTT.%1 "_s.arg(bench.listed().at(0)));
+
+    // Typing finds a table, and in a combo box replaces what stands there.
+    ColumnBench columns(m_connection);
+    columns.open();
+    QTest::keyClicks(columns.picker.focusWidget(), u"emp"_s);
+    QTest::keyClick(columns.picker.focusWidget(), Qt::Key_Return);
+    QVERIFY(columns.listed().contains(u"ENAME"_s));
 }
 
 void tst_pickers::columnPickGoesIntoTheEditor()
@@ -194,7 +200,7 @@ void tst_pickers::typedSchemaIsLookedUpWhenPicked()
     ObjectBench bench(m_connection);
     bench.open();
     const QStringList tables = bench.listed();
-    bench.cmbSchema->lineEdit()->selectAll();
+    bench.cmbSchema->setFocus(Qt::TabFocusReason);
     QTest::keyClicks(bench.cmbSchema, u"SYSTEM"_s);
     QTest::keyClick(bench.cmbSchema, Qt::Key_Tab);
     QVERIFY(bench.lstObject->hasFocus());

@@ -71,8 +71,6 @@ void ProgramFixture::logOn(const QString &user, const QString &password, const Q
     control<QLineEdit>(u"txtDb"_s)->setText(database);
     control<QAbstractButton>(u"optPrefConn_2"_s)->click();
     QTest::mouseClick(control<QAbstractButton>(u"cmdOK"_s), Qt::LeftButton);
-    // The dialog deletes itself; the next one is another.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 frmQuerna *ProgramFixture::editor() const
