@@ -82,37 +82,42 @@ void MemoryTable::sort(const SortOrder &order)
     m_order.clear();
     if (m_sort.isEmpty())
         return;
-    std::vector<std::vector<Value>> keys;
-    keys.reserve(static_cast<size_t>(m_rows.rowCount()));
+    std::vector<const char *> cells;
+    cells.reserve(m_sort.keys().size() * static_cast<size_t>(m_rows.rowCount()));
     for (qint64 row = 0; row < m_rows.rowCount(); ++row)
-        keys.push_back(sortValues(row));
-    m_order.resize(keys.size());
+        addSortCells(row, cells);
+    m_order.resize(static_cast<size_t>(m_rows.rowCount()));
     std::iota(m_order.begin(), m_order.end(), qint64{0});
-    std::stable_sort(m_order.begin(), m_order.end(), [&](qint64 a, qint64 b) {
-        return m_sort.before(keys[static_cast<size_t>(a)], keys[static_cast<size_t>(b)]);
-    });
+    const auto cellsOf = [&](qint64 row) {
+        return &cells[static_cast<size_t>(row) * m_sort.keys().size()];
+    };
+    std::stable_sort(m_order.begin(), m_order.end(),
+                     [&](qint64 a, qint64 b) { return m_sort.before(cellsOf(a), cellsOf(b)); });
 }
 
-std::vector<Value> MemoryTable::sortValues(qint64 storedRow) const
+void MemoryTable::addSortCells(qint64 storedRow, std::vector<const char *> &cells) const
 {
-    std::vector<Value> values;
     for (const SortOrder::Key &key : m_sort.keys()) {
         const char *cell = m_rows.row(storedRow);
         for (int field = 0; field < key.field; ++field)
             cell = packedCellEnd(cell);
-        values.push_back(packedCellValue(cell));
+        cells.push_back(cell);
     }
-    return values;
 }
 
 void MemoryTable::placeInOrder(qint64 row)
 {
     m_order.erase(std::find(m_order.rbegin(), m_order.rend(), row).base() - 1);
-    const std::vector<Value> values = sortValues(row);
-    const auto place = std::upper_bound(m_order.begin(), m_order.end(), values,
-                                        [this](const std::vector<Value> &added, qint64 other) {
-                                            return m_sort.before(added, sortValues(other));
-                                        });
+    const auto cellsOf = [this](qint64 storedRow) {
+        std::vector<const char *> cells;
+        addSortCells(storedRow, cells);
+        return cells;
+    };
+    const std::vector<const char *> added = cellsOf(row);
+    const auto place =
+        std::upper_bound(m_order.begin(), m_order.end(), row, [&](qint64, qint64 other) {
+            return m_sort.before(added.data(), cellsOf(other).data());
+        });
     m_order.insert(place, row);
 }
 

@@ -52,7 +52,8 @@ private:
     qint64 storedRow(qint64 position) const;
     qint64 positionOf(qint64 storedRow) const; ///< under a sort
     const char *cell(qint64 position, int field) const;
-    std::vector<Value> sortValues(qint64 storedRow) const;
+    /// Adds the cells of a row that it is sorted by.
+    void addSortCells(qint64 storedRow, std::vector<const char *> &cells) const;
     void finishEditing();
     void placeInOrder(qint64 storedRow);
 

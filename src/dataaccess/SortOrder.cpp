@@ -1,5 +1,6 @@
 #include "dataaccess/SortOrder.h"
 
+#include "dataaccess/packedCells.h"
 #include "platform/RuntimeError.h"
 #include "platform/textForms.h"
 
@@ -67,6 +68,15 @@ int compare(const Value &a, const Value &b)
     }
 }
 
+/// Most keys are texts, which need not be taken out of their cells.
+int compareCells(const char *a, const char *b)
+{
+    const auto textA = packedLatin1(a);
+    const auto textB = packedLatin1(b);
+    return textA && textB ? textA->compare(*textB)
+                          : compare(packedCellValue(a), packedCellValue(b));
+}
+
 int fieldNamed(QStringView name, const std::vector<FieldInfo> &fields)
 {
     for (size_t i = 0; i < fields.size(); ++i) {
@@ -125,10 +135,10 @@ SortOrder::SortOrder(const QString &text, const std::vector<FieldInfo> &fields)
     }
 }
 
-bool SortOrder::before(const std::vector<Value> &a, const std::vector<Value> &b) const
+bool SortOrder::before(const char *const *a, const char *const *b) const
 {
     for (size_t i = 0; i < m_keys.size(); ++i) {
-        if (const int order = compare(a[i], b[i]); order != 0)
+        if (const int order = compareCells(a[i], b[i]); order != 0)
             return m_keys[i].descending ? order > 0 : order < 0;
     }
     return false;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "dataaccess/FieldInfo.h"
-#include "dataaccess/Value.h"
 
 #include <vector>
 
@@ -22,8 +21,8 @@ public:
 
     bool isEmpty() const { return m_keys.empty(); }
     const std::vector<Key> &keys() const { return m_keys; }
-    /// Whether a row whose key values are @p a comes before one with @p b.
-    bool before(const std::vector<Value> &a, const std::vector<Value> &b) const;
+    /// Whether a row comes before another. @p a, @p b  their packed cells of the keys' fields
+    bool before(const char *const *a, const char *const *b) const;
 
 private:
     std::vector<Key> m_keys;

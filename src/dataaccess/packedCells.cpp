@@ -294,6 +294,14 @@ std::optional<Timestamp> packedCellTimestamp(const char *cell)
     return readTimestamp(cell);
 }
 
+std::optional<QLatin1StringView> packedLatin1(const char *cell)
+{
+    const quint8 tag = tagOf(cell);
+    if (tag < CellShortLatin1 && tag != CellLatin1)
+        return std::nullopt;
+    return readLatin1(cell);
+}
+
 bool isPackedNull(const char *cell)
 {
     return tagOf(cell) == CellNull;

@@ -43,5 +43,7 @@ QString packedCellTextStart(const char *cell, qsizetype longest);
 const char *appendPackedCellUtf8(const char *cell, ByteBuffer &text);
 /// The point in time that a cell holds, if it holds one.
 std::optional<Timestamp> packedCellTimestamp(const char *cell);
+/// The text that a cell holds, if it holds one of such characters alone.
+std::optional<QLatin1StringView> packedLatin1(const char *cell);
 bool isPackedNull(const char *cell);
 bool isPackedNumber(const char *cell);
