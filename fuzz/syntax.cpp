@@ -3,9 +3,9 @@
 
 #include "sqltext/SqlTokenizer.h"
 #include "sqltext/SyntaxDefinition.h"
-#include "sqltext/textFile.h"
 #include "sqltext/wordClasses.h"
 
+#include "platform/FileReader.h"
 #include "platform/RuntimeError.h"
 #include "support/fuzzInput.h"
 #include "support/require.h"
@@ -86,7 +86,7 @@ SqlTokenizer tokenizerOf(const SyntaxDefinition &definition)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static const SyntaxDefinition definition = parseSyntaxDefinition(
-        QString::fromUtf8(readWholeFile(QStringLiteral(QUERNA_SYNTAX_DEFINITION))));
+        QString::fromUtf8(FileReader(QStringLiteral(QUERNA_SYNTAX_DEFINITION)).readAll()));
     static const SqlTokenizer shipped = tokenizerOf(definition);
     static SqlTokenizer odd = tokenizerOf(definition);
 

@@ -8,7 +8,8 @@
 #include "controls/EditorSelection.h"
 #include "controls/SyntaxColouring.h"
 #include "controls/editorKeys.h"
-#include "sqltext/textFile.h"
+#include "platform/FileReader.h"
+#include "platform/textFile.h"
 
 #include <Qsci/qscicommandset.h>
 
@@ -318,7 +319,7 @@ void EditorControl::ExecuteCommand(int number)
 
 void EditorControl::LoadSyntax(const QString &path)
 {
-    const QString text = QString::fromUtf8(editorUtf8FromFile(readWholeFile(path)));
+    const QString text = QString::fromUtf8(editorUtf8FromFile(FileReader(path).readAll()));
     m_colouring->setDefinition(parseSyntaxDefinition(text));
     m_look->apply();
 }
@@ -331,7 +332,7 @@ void EditorControl::setWordClasses(const WordClasses &classes)
 
 void EditorControl::LoadFile(const QString &path)
 {
-    replaceAll(editorUtf8FromFile(readWholeFile(path)));
+    replaceAll(editorUtf8FromFile(FileReader(path).readAll()));
     SendScintilla(SCI_SETSAVEPOINT);
 }
 

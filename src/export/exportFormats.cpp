@@ -3,7 +3,7 @@
 #include "dataaccess/Recordset.h"
 #include "dataaccess/RowCells.h"
 #include "platform/ByteBuffer.h"
-#include "platform/TextFileWriter.h"
+#include "platform/FileWriter.h"
 #include "platform/checkedArithmetic.h"
 #include "platform/errorTraps.h"
 #include "platform/textForms.h"
@@ -107,7 +107,7 @@ Count writeLines(Recordset &recordset, const QString &path, const Line &line)
     recordset.MoveFirst(); // before a file is replaced by nothing
     // However it ends: a recordset at its end would not be exported again.
     const auto rewind = qScopeGuard([&] { ignoreErrors([&] { recordset.MoveFirst(); }); });
-    TextFileWriter file(path, TextFileWriter::Mode::Replace);
+    FileWriter file(path, FileWriter::Mode::Replace);
     RowCells cells;
     ByteBuffer text;
     Count count;

@@ -2,15 +2,29 @@
 
 #include "dataaccess/Recordset.h"
 #include "history/HistoryLoader.h"
-#include "platform/LineReader.h"
-#include "platform/TextFileWriter.h"
+#include "platform/FileReader.h"
+#include "platform/FileWriter.h"
 #include "platform/applicationFolder.h"
+#include "platform/fileErrors.h"
 #include "platform/systemClock.h"
 #include "platform/textForms.h"
 
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Adds to the file, which its owner alone can read if it is made now: statements hold passwords.
+void append(const QString &path, const QByteArray &text)
+{
+    requireOrdinaryFile(path);
+    FileWriter file(path, FileWriter::Mode::Append, QFile::ReadOwner | QFile::WriteOwner);
+    file.write(text);
+    file.close();
+}
+
+} // namespace
 
 QString historyFileName()
 {
@@ -21,17 +35,15 @@ void appendToHistory(const QString &statement)
 {
     const QString record = trimBlanks(statement) + "\r\nSQLTIME\r\n"_L1 +
                            dateTimeToText(localNow()) + "\r\nSQLEND\r\n"_L1;
-    TextFileWriter file(applicationFile(historyFileName()), TextFileWriter::Mode::Append);
-    file.write(record.toLocal8Bit());
-    file.close();
+    append(applicationFile(historyFileName()), record.toLocal8Bit());
 }
 
 void loadHistory(const QString &fileName, const QString & /*path*/, Recordset &recordset)
 {
     const QString file = applicationFile(fileName);
     if (!QFileInfo::exists(file))
-        TextFileWriter(file, TextFileWriter::Mode::Replace).close();
-    LineReader lines(file);
+        append(file, {});
+    FileReader lines(file);
 
     recordset.setCursorLocation(adUseClient);
     recordset.setCursorType(adOpenStatic);

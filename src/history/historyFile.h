@@ -6,7 +6,8 @@ class Recordset;
 
 /// The history of statements: a text file in the application folder that only grows, in the
 /// system's 8-bit encoding, with CR LF line ends. A record is the statement, the line SQLTIME, date
-/// and time, and the line SQLEND.
+/// and time, and the line SQLEND. Its owner alone can read it, unless it was there before. A device
+/// or a pipe in its place is refused.
 
 /// Its name in the application folder.
 QString historyFileName();

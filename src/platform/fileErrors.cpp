@@ -4,6 +4,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int fileErrorNumber(int osError, const QString &path, FileUse use)
@@ -45,4 +47,18 @@ int fileErrorNumber(int osError, const QString &path, FileUse use)
 RuntimeError fileError(int osError, const QString &path, FileUse use)
 {
     return RuntimeError(fileErrorNumber(osError, path, use));
+}
+
+RuntimeError fileError(const QFileDevice &file, FileUse use)
+{
+    const bool isFull = file.error() == QFileDevice::ResourceError;
+    return fileError(isFull ? ENOSPC : errno, file.fileName(), use);
+}
+
+void requireOrdinaryFile(const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile() && !info.isDir())
+        throw RuntimeError(ErrorNumber::PathFileAccessError,
+                           path + u" is a device or a pipe and not an ordinary file."_s);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 
+#include <QFileDevice>
 #include <QString>
 
 /// What a file is opened for.
@@ -10,5 +11,13 @@ enum class FileUse { Read, Write };
 /// The run-time error that an operating system's failure with a file amounts to:
 /// 53 no such file, 76 no such folder, 75 a file that may not be written (or is a folder), 70 one
 /// that may not be read or is locked, 61 no room, 7 no memory, 57 a failing device.
-/// @param osError  the value of errno after the failed operation
+/// @param osError  the value of errno after the failed operation, 0 when it was not the system
+///                 that refused
 RuntimeError fileError(int osError, const QString &path, FileUse use);
+
+/// The same for the operation on @p file that has just failed; errno has to be as that left it.
+RuntimeError fileError(const QFileDevice &file, FileUse use);
+
+/// Opening a pipe would wait for somebody at its other end, and a device may never end.
+/// @throws RuntimeError 75 when @p path is there and is neither a file nor a folder; it says so
+void requireOrdinaryFile(const QString &path);

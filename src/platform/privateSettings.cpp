@@ -1,6 +1,6 @@
 #include "platform/privateSettings.h"
 
-#include "platform/RuntimeError.h"
+#include "platform/fileErrors.h"
 
 #include <QDir>
 #include <QFile>
@@ -49,6 +49,7 @@ void createPrivately(const QString &path)
         QFile file(path);
         require(file.open(QIODevice::WriteOnly | QIODevice::NewOnly, ownerFile));
     }
+    requireOrdinaryFile(path);
     require(QFileInfo(path).isFile());
     restrict(path, ownerFile);
 }
@@ -65,6 +66,7 @@ void readPrivateSettings(const QString &name, const std::function<void(QSettings
     const QString path = privateSettingsPath(name);
     if (!QFileInfo::exists(path))
         return;
+    requireOrdinaryFile(path);
     require(QFile(path).open(QIODevice::ReadOnly));
     QSettings settings(path, QSettings::IniFormat);
     read(settings);

@@ -7,7 +7,8 @@
 class QSettings;
 
 /// The program's own settings files: INI files in the user's configuration folder, in a folder
-/// that only the owner can open (0700), each readable by the owner alone (0600).
+/// that only the owner can open (0700), each readable by the owner alone (0600). A device or a pipe
+/// in the place of one is refused.
 
 /// The path of the settings file with base name @p name. Nothing is created.
 QString privateSettingsPath(const QString &name);

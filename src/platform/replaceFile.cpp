@@ -1,32 +1,82 @@
 #include "platform/replaceFile.h"
 
-#include "platform/TextFileWriter.h"
+#include "platform/FileWriter.h"
 #include "platform/fileErrors.h"
 
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void fail(const QSaveFile &file, const QString &path)
+/// @returns whether it is done; it is not when no new file can take the place of the one there
+bool putNewFile(const QString &path, QByteArrayView contents)
 {
-    // QSaveFile refuses folders and write-protected files by itself, without a system error.
-    int osError = errno;
-    if (file.error() == QFileDevice::ResourceError)
-        osError = ENOSPC;
-    else if (osError == 0)
-        osError = EACCES;
-    throw fileError(osError, path, FileUse::Write);
+    QSaveFile file(path);
+    errno = 0;
+    if (file.open(QIODevice::WriteOnly) &&
+        file.write(contents.data(), contents.size()) == contents.size() && file.commit())
+        return true;
+    const RuntimeError error = fileError(file, FileUse::Write);
+    if (error.number == ErrorNumber::DiskFull || !QFileInfo(path).isFile())
+        throw error;
+    return false;
 }
 
-/// Devices and pipes are written to; a file in their place would be no use to anybody.
-void writeThrough(const QString &path, QByteArrayView contents)
+bool hasFurtherNames(const QString &path)
 {
-    TextFileWriter file(path, TextFileWriter::Mode::Replace);
-    file.write(contents);
-    file.close();
+    std::error_code failure;
+    return std::filesystem::hard_link_count(QFileInfo(path).filesystemFilePath(), failure) > 1 &&
+           !failure;
+}
+
+/// Writes at a place of an unbuffered file, onto the disk: some file systems find out late that
+/// they have no room. @param written  becomes the number of bytes that the file has taken
+bool writeAt(QFile &file, qint64 place, QByteArrayView bytes, qint64 &written)
+{
+    errno = 0;
+    written = file.seek(place) ? std::max<qint64>(0, file.write(bytes.data(), bytes.size())) : 0;
+    if (written < bytes.size())
+        return false;
+#ifdef Q_OS_UNIX
+    return ::fsync(file.handle()) == 0;
+#else
+    return true;
+#endif
+}
+
+void writeInPlace(const QString &path, QByteArrayView contents)
+{
+    QFile file(path);
+    errno = 0;
+    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
+        throw fileError(file, FileUse::Write);
+    const qint64 oldSize = file.size();
+    const QByteArray old = file.read(std::min<qint64>(oldSize, contents.size()));
+    if (old.size() < std::min<qint64>(oldSize, contents.size()))
+        throw fileError(file, FileUse::Read);
+
+    // What goes beyond the file's end comes first: it does no harm if there is no room for it.
+    qint64 added = 0;
+    qint64 replaced = 0;
+    if (writeAt(file, old.size(), contents.sliced(old.size()), added) &&
+        writeAt(file, 0, contents.first(old.size()), replaced) && file.resize(contents.size()))
+        return;
+    RuntimeError error = fileError(file, FileUse::Write);
+    if (!writeAt(file, 0, QByteArrayView(old).first(replaced), replaced) || !file.resize(oldSize))
+        error = RuntimeError(error.number, error.description + u"\r\n"_s + path +
+                                               u" does not hold any more what it held."_s);
+    throw error;
 }
 
 } // namespace
@@ -34,12 +84,12 @@ void writeThrough(const QString &path, QByteArrayView contents)
 void replaceFile(const QString &path, QByteArrayView contents)
 {
     const QFileInfo target(path);
-    if (target.exists() && !target.isFile() && !target.isDir())
-        return writeThrough(path, contents);
-    QSaveFile file(path);
-    errno = 0;
-    if (!file.open(QIODevice::WriteOnly))
-        fail(file, path);
-    if (file.write(contents.data(), contents.size()) != contents.size() || !file.commit())
-        fail(file, path);
+    if (target.exists() && !target.isFile() && !target.isDir()) {
+        FileWriter device(path, FileWriter::Mode::Replace);
+        device.write(contents);
+        device.close();
+        return;
+    }
+    if (hasFurtherNames(path) || !putNewFile(path, contents))
+        writeInPlace(path, contents);
 }

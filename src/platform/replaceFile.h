@@ -3,8 +3,11 @@
 #include <QByteArrayView>
 #include <QString>
 
-/// Writes a file that takes the place of @p path only when all of it has reached the disk: whatever
-/// goes wrong before, the file that was there stays whole. A device or a pipe is written to
-/// instead.
-/// @throws RuntimeError of fileErrors.h
+/// Gives @p path new contents: with a new file, which takes its place when all of it has reached
+/// the disk. Whatever goes wrong before, the file that was there stays whole.
+///
+/// Where its folder lets no file take its place, or the file has further names (hard links), it is
+/// written in place. The room that it needs is taken first, and what it held is put back when
+/// something goes wrong later. A device or a pipe is written to.
+/// @throws RuntimeError of fileErrors.h; its text says so if the file lost what it held
 void replaceFile(const QString &path, QByteArrayView contents);

@@ -1,35 +1,102 @@
-#include "platform/FileHandle.h"
-#include "platform/LineReader.h"
-#include "platform/TextFileWriter.h"
+#include "platform/FileReader.h"
+#include "platform/FileWriter.h"
+#include "platform/fileErrors.h"
+#include "platform/privateSettings.h"
 #include "platform/replaceFile.h"
-#include "sqltext/textFile.h"
+#include "platform/settings.h"
+#include "platform/textFile.h"
 #include "support/DataRows.h"
+#include "support/SmallDisk.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 #include "support/textRows.h"
 
+#include <QDir>
 #include <QFile>
 #include <QStringConverter>
 #include <QTemporaryDir>
 
 #include <cerrno>
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <utility>
 
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
+using Mode = FileWriter::Mode;
 using Work = std::function<void()>;
 
 namespace {
 
-void writeFile(const QString &path, TextFileWriter::Mode mode, const QByteArray &content)
+void writeFile(const QString &path, FileWriter::Mode mode, const QByteArray &content)
 {
-    TextFileWriter file(path, mode);
+    FileWriter file(path, mode);
     file.write(content);
     file.close();
 }
+
+void setMode(const QString &path, mode_t mode)
+{
+    ::chmod(QFile::encodeName(path).constData(), mode);
+}
+
+void addName(const QString &path, const QString &name)
+{
+    std::filesystem::create_hard_link(path.toStdString(), name.toStdString());
+}
+
+const QString application = u"Orbek Oracle"_s;
+constexpr int sparseSize = 30'000;
+
+/// A folder of the kind that it is called, with an old file, one with a further name, one whose
+/// blocks have not been given out yet, and settings.
+class BadPlace
+{
+public:
+    explicit BadPlace(const QString &kind)
+        : m_path(m_usual.filePath(u"place"_s))
+    {
+        setMode(m_usual.path(), 0711);
+        if (kind == "full"_L1 || kind == "read-only"_L1)
+            m_path = m_disk.emplace("64k").path();
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_path));
+        if (kind == "vanished"_L1 || !canBeMade())
+            return;
+        QDir().mkpath(m_path);
+        for (const QString &name : {u"saved"_s, u"linked"_s, u"sparse"_s})
+            makeFile(file(name), "old");
+        QFile::resize(file(u"sparse"_s), sparseSize);
+        addName(file(u"sparse"_s), file(u"linked to sparse"_s));
+        addName(file(u"linked"_s), file(u"linked too"_s));
+        setLogin(u"old"_s);
+        if (kind == "full"_L1)
+            m_disk->fill(2); // room for a beginning
+        if (kind == "read-only"_L1)
+            m_disk->makeReadOnly();
+        if (kind == "forbidden"_L1) {
+            for (const QString &name : fileNames())
+                setMode(file(name), 0444);
+            setMode(m_path, 0555);
+            m_nobody.emplace();
+        }
+    }
+    bool canBeMade() const { return !m_disk || m_disk->isThere(); }
+    QString file(const QString &name) const { return m_path + u'/' + name; }
+    QStringList fileNames() const { return QDir(m_path).entryList(QDir::Files | QDir::Hidden); }
+    void setLogin(const QString &value) const
+    {
+        saveSetting(application, u"Settings"_s, u"Login"_s, value);
+    }
+
+private:
+    QTemporaryDir m_usual;
+    std::optional<SmallDisk> m_disk;
+    QString m_path;
+    std::optional<WithoutRights> m_nobody;
+};
 
 /// What the editor makes of a file's bytes, each of which is given as a character.
 QString editorText(const QString &bytes)
@@ -45,9 +112,11 @@ class tst_Files : public QObject
     Q_OBJECT
 
 private slots:
-    void replacingAndAppending();
-    void buffering();
-    void failureKeepsWhatWasWritten();
+    void writing();
+    void savingInPlace_data();
+    void savingInPlace();
+    void badPlaces_data();
+    void badPlaces();
     void lines_data();
     void lines();
     void failures_data();
@@ -63,42 +132,99 @@ private:
     QTemporaryDir m_folder;
 };
 
-void tst_Files::replacingAndAppending()
+void tst_Files::writing()
 {
     const QString file = path(u"ä text.txt"_s);
-    writeFile(file, TextFileWriter::Mode::Append, "new\r\n");
-    writeFile(file, TextFileWriter::Mode::Append, "more");
+    writeFile(file, Mode::Append, "new\r\n");
+    writeFile(file, Mode::Append, "more");
     QCOMPARE(contentOf(file), "new\r\nmore");
-    writeFile(file, TextFileWriter::Mode::Replace, "short");
-    QCOMPARE(contentOf(file), "short");
-    writeFile(file, TextFileWriter::Mode::Replace, "");
-    QCOMPARE(contentOf(file), "");
-}
-
-void tst_Files::buffering()
-{
-    // Pieces below, at and above what the writer keeps, in every order.
-    const QList<int> sizes = {1, 256 * 1024, 3, 256 * 1024 + 1, 256 * 1024 - 1, 100'000, 200'000};
+    // Pieces below, at and above what is buffered, and a failure elsewhere after the last one.
     QByteArray written;
-    TextFileWriter file(path(u"pieces"_s), TextFileWriter::Mode::Replace);
-    for (const int size : sizes) {
-        const QByteArray piece(size, static_cast<char>('a' + written.size() % 26));
-        written += piece;
-        file.write(piece);
-    }
-    file.close();
-    QCOMPARE(readWholeFile(path(u"pieces"_s)), written);
-}
-
-void tst_Files::failureKeepsWhatWasWritten()
-{
-    const int raised = raisedError([this] {
-        TextFileWriter file(path(u"half"_s), TextFileWriter::Mode::Replace);
-        file.write("first");
+    const int raised = raisedError([&] {
+        FileWriter writer(file, Mode::Replace);
+        for (const int size : {1, 16 * 1024, 3, 16 * 1024 + 1, 16 * 1024 - 1, 100'000, 5}) {
+            const QByteArray piece(size, static_cast<char>('a' + written.size() % 26));
+            written += piece;
+            writer.write(piece);
+        }
         throw RuntimeError(ErrorNumber::Overflow);
     });
     QCOMPARE(raised, ErrorNumber::Overflow);
-    QCOMPARE(contentOf(path(u"half"_s)), "first");
+    QCOMPARE(FileReader(file).readAll(), written);
+    // Files that do not know their size have one of 0.
+    QVERIFY(FileReader(u"/proc/self/status"_s).readAll().startsWith("Name:"));
+}
+
+// Whoever may write a file can save it, also where nothing can take its place.
+void tst_Files::savingInPlace_data()
+{
+    const DataRows<mode_t, bool, QByteArray> row("mode", "hasFurtherName", "content");
+    row("further name, longer", 0777, true, "a longer text");
+    row("further name, shorter", 0777, true, "");
+    row("folder without write permission", 0555, false, "a longer text");
+    row("folder that gives nothing of others away", 01777, false, "new");
+}
+
+void tst_Files::savingInPlace()
+{
+    QFETCH(mode_t, mode);
+    QFETCH(bool, hasFurtherName);
+    QFETCH(QByteArray, content);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"saved"_s);
+    const QString other = folder.filePath(u"other"_s);
+    makeFile(file, "old text");
+    setMode(file, 0666);
+    if (hasFurtherName)
+        addName(file, other);
+    setMode(folder.path(), mode);
+    {
+        const WithoutRights nobody;
+        replaceFile(file, content);
+    }
+    setMode(folder.path(), 0777);
+    QCOMPARE(contentOf(hasFurtherName ? other : file), content);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(),
+             hasFurtherName ? 2 : 1);
+}
+
+// Whatever is saved, added, written or set there: it fails as it should, and nothing is lost or
+// left over.
+void tst_Files::badPlaces_data()
+{
+    const DataRows<int> row("error");
+    row("full", ErrorNumber::DiskFull);
+    row("read-only", ErrorNumber::PathFileAccessError);
+    row("forbidden", ErrorNumber::PathFileAccessError);
+    row("vanished", ErrorNumber::PathNotFound);
+}
+
+void tst_Files::badPlaces()
+{
+    QFETCH(int, error);
+    const BadPlace place(QString::fromLatin1(QTest::currentDataTag()));
+    if (!place.canBeMade())
+        QSKIP("The system lets this user mount nothing.");
+    const QByteArray much(sparseSize, 'x');
+    const QStringList namesBefore = place.fileNames();
+    for (const QString &name : {u"saved"_s, u"linked"_s, u"sparse"_s, u"new"_s}) {
+        const QByteArray before = contentOf(place.file(name));
+        QCOMPARE(raisedError([&] { replaceFile(place.file(name), much); }), error);
+        QCOMPARE(contentOf(place.file(name)), before);
+    }
+    QCOMPARE(place.fileNames(), namesBefore);
+
+    const QByteArray before = contentOf(place.file(u"saved"_s));
+    QCOMPARE(raisedError([&] { writeFile(place.file(u"saved"_s), Mode::Append, much); }), error);
+    QVERIFY(contentOf(place.file(u"saved"_s)).startsWith(before));
+    QCOMPARE(raisedError([&] { writeFile(place.file(u"new"_s), Mode::Replace, much); }), error);
+
+    const QString settings = privateSettingsPath(application);
+    const QByteArray settingsBefore = contentOf(settings);
+    const bool canBeMadeAgain = error == ErrorNumber::PathNotFound;
+    QCOMPARE(raisedError([&] { place.setLogin(QString(sparseSize, u'x')); }),
+             canBeMadeAgain ? 0 : ErrorNumber::PathFileAccessError);
+    QCOMPARE(contentOf(settings) == settingsBefore, !canBeMadeAgain);
 }
 
 void tst_Files::lines_data()
@@ -117,8 +243,8 @@ void tst_Files::lines_data()
 void tst_Files::lines()
 {
     QFETCH(QByteArray, content);
-    writeFile(path(u"lines"_s), TextFileWriter::Mode::Replace, content);
-    LineReader reader(path(u"lines"_s));
+    writeFile(path(u"lines"_s), Mode::Replace, content);
+    FileReader reader(path(u"lines"_s));
     QByteArrayList lines;
     while (const auto line = reader.nextLine())
         lines.append(line->toByteArray());
@@ -129,12 +255,11 @@ void tst_Files::failures_data()
 {
     const DataRows<Work, int> row("work", "error");
     const auto write = [](const QString &path, const QByteArray &content) {
-        return [=] { writeFile(path, TextFileWriter::Mode::Append, content); };
+        return [=] { writeFile(path, Mode::Replace, content); };
     };
-    const auto read = [](const QString &path) { return [=] { LineReader(path).nextLine(); }; };
+    const auto read = [](const QString &path) { return [=] { FileReader(path).nextLine(); }; };
     row("no file", read(path(u"missing"_s)), ErrorNumber::FileNotFound);
     row("no folder to read from", read(path(u"missing/file"_s)), ErrorNumber::PathNotFound);
-    row("no folder to write to", write(path(u"missing/file"_s), "a"), ErrorNumber::PathNotFound);
     row("file for a folder", write(u"/dev/null/file"_s, "a"), ErrorNumber::PathNotFound);
     row("folder to read", read(m_folder.path()), ErrorNumber::PathFileAccessError);
     row("folder to write", write(m_folder.path(), "a"), ErrorNumber::PathFileAccessError);
@@ -144,14 +269,13 @@ void tst_Files::failures_data()
     row("no room, told when closing", write(u"/dev/full"_s, "a"), ErrorNumber::DiskFull);
     row("no room", write(u"/dev/full"_s, QByteArray(1'000'000, 'a')), ErrorNumber::DiskFull);
 
-    const auto readWhole = [](const QString &path) { return [=] { readWholeFile(path); }; };
-    QCOMPARE(mkfifo(QFile::encodeName(path(u"pipe"_s)).constData(), 0600), 0);
+    const auto readWhole = [](const QString &path) { return [=] { FileReader(path).readAll(); }; };
+    makePipe(path(u"pipe"_s));
     QFile huge(path(u"huge"_s));
     QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{3} << 30));
-    row("whole missing file", readWhole(path(u"missing"_s)), ErrorNumber::FileNotFound);
-    row("whole folder", readWhole(m_folder.path()), ErrorNumber::PathFileAccessError);
-    row("whole pipe", readWhole(path(u"pipe"_s)), ErrorNumber::PathFileAccessError);
-    row("whole huge file", readWhole(huge.fileName()), ErrorNumber::OutOfMemory);
+    row("pipe", readWhole(path(u"pipe"_s)), ErrorNumber::PathFileAccessError);
+    row("device", readWhole(u"/dev/zero"_s), ErrorNumber::PathFileAccessError);
+    row("huge file as a whole", readWhole(huge.fileName()), ErrorNumber::OutOfMemory);
 }
 
 void tst_Files::failures()

@@ -25,14 +25,6 @@ const QString application = u"Orbek Oracle"_s;
 const QString section = u"Settings"_s;
 const QString controlKey = u"Software\\BCDLL\\CurrentVersion"_s;
 
-int modeOf(const QString &path)
-{
-    struct stat status = {};
-    if (stat(QFile::encodeName(path).constData(), &status) != 0)
-        return -1;
-    return static_cast<int>(status.st_mode & 07777);
-}
-
 } // namespace
 
 class tst_Platform : public QObject
@@ -115,6 +107,11 @@ void tst_Platform::storeThatCannotBeUsed()
     QVERIFY(QDir().mkpath(privateSettingsPath(application)));
     QCOMPARE(raisedError(save), ErrorNumber::PathFileAccessError);
     QCOMPARE(raisedError(get), ErrorNumber::PathFileAccessError);
+
+    QVERIFY(QDir().rmdir(privateSettingsPath(application)));
+    makePipe(privateSettingsPath(application));
+    for (const RuntimeError &error : {raised(save), raised(get)})
+        QVERIFY(error.description.endsWith(u"not an ordinary file."_s));
 }
 
 void tst_Platform::registryKeys()

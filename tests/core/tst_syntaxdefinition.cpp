@@ -1,7 +1,7 @@
 #include "sqltext/SqlTokenizer.h"
 #include "sqltext/SyntaxDefinition.h"
-#include "sqltext/textFile.h"
 
+#include "platform/FileReader.h"
 #include "platform/RuntimeError.h"
 #include "support/raisedError.h"
 #include "support/textRows.h"
@@ -15,7 +15,7 @@ namespace {
 SyntaxDefinition shippedDefinition()
 {
     const QString path = QCoreApplication::applicationDirPath() + u"/../app/T-SQL.bcp"_s;
-    return parseSyntaxDefinition(QString::fromUtf8(readWholeFile(path)));
+    return parseSyntaxDefinition(QString::fromUtf8(FileReader(path).readAll()));
 }
 
 /// One letter a byte: what kind of text it is.

@@ -6,5 +6,11 @@
 /// The bytes of a file; "(not there)" when it cannot be read.
 QByteArray contentOf(const QString &path);
 
+/// Its permissions and the bits beside them; -1 when it is not there.
+int modeOf(const QString &path);
+
+/// Makes a pipe that has nobody at its other end.
+void makePipe(const QString &path);
+
 /// Makes a file of these bytes, in the place of one that is there. The program ends when it cannot.
 void makeFile(const QString &path, const QByteArray &content);

@@ -1,9 +1,6 @@
-#include "sqltext/textFile.h"
-
-#include "platform/FileHandle.h"
+#include "platform/textFile.h"
 
 #include <QByteArrayView>
-#include <QFileInfo>
 #include <QStringConverter>
 
 #include <algorithm>
@@ -11,8 +8,6 @@
 #include <optional>
 
 namespace {
-
-constexpr qint64 largestFile = qint64{1} << 30;
 
 /// Walks over the line ends of a text.
 class LineEnds
@@ -160,19 +155,4 @@ QByteArray editorUtf8FromFile(const QByteArray &bytes)
     if (const auto encoding = unmarkedUtf16(bytes))
         return fromUtf16(bytes, *encoding);
     return withCrLf(bytes.isValidUtf8() ? bytes : QString::fromLatin1(bytes).toUtf8());
-}
-
-QByteArray readWholeFile(const QString &path)
-{
-    const QFileInfo info(path);
-    // Opening a pipe would wait for somebody to write into it.
-    if (info.exists() && !info.isFile())
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
-    FileHandle file(path, FileHandle::Mode::Read);
-    if (info.size() > largestFile)
-        throw RuntimeError(ErrorNumber::OutOfMemory);
-    QByteArray content(info.size(), Qt::Uninitialized);
-    content.resize(
-        static_cast<qsizetype>(file.read(content.data(), static_cast<size_t>(content.size()))));
-    return content;
 }
