@@ -103,6 +103,7 @@ bool frmSQLHistory::Form_Load()
             msfgSQL->setColWidth(column, columnWidths[column]);
         if (columns > timeColumn)
             fitHeader(*msfgSQL);
+        msfgSQL->selectRow(0); // Enter takes the newest one at once
     });
     return true;
 }
