@@ -2,9 +2,12 @@
 
 #include "connection/connectDb.h"
 #include "connection/session.h"
+#include "connection/tnsNames.h"
+#include "controls/ArrowList.h"
 #include "controls/OkCancelButtons.h"
 #include "controls/accessKey.h"
 #include "controls/named.h"
+#include "dataaccess/odbc/installedDrivers.h"
 #include "platform/errorTraps.h"
 #include "platform/mousePointer.h"
 #include "platform/settings.h"
@@ -82,6 +85,7 @@ void frmQuernaLogin::createEntries()
     m_txtPassword->setStyleSheet(u"QLineEdit { lineedit-password-character: 42 }"_s);
     m_txtDb = named(new QLineEdit, u"txtDb"_s);
     m_txtDb->setToolTip(u"Must be ODBC DSN if connecting as SYSDBA or SYSOPER"_s);
+    new ArrowList(*m_txtDb, tr("Databases"), [this] { return databases(); });
 
     auto *grid = new QGridLayout;
     addEntry(grid, u"lblLabels_0"_s, u"User Name"_s, m_txtUserName);
@@ -136,6 +140,18 @@ void frmQuernaLogin::createOptions()
     for (int i = 0; i < 3; ++i)
         connect(m_optSYS[static_cast<size_t>(i)], &QRadioButton::clicked, this,
                 [this, i] { optSYS_Click(i); });
+}
+
+/// What the chosen driver may find by name.
+QStringList frmQuernaLogin::databases() const
+{
+    QStringList names;
+    ignoreErrors([&] {
+        const bool isDsn = checkedIndex(m_optPrefConn) == LoginDriver::OdbcDataSource;
+        names = isDsn ? dataSources() : tnsAliases();
+    });
+    names.sort(Qt::CaseInsensitive);
+    return names;
 }
 
 void frmQuernaLogin::createButtons()

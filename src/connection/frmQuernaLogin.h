@@ -34,6 +34,7 @@ private:
     void createEntries();
     void createOptions();
     void createButtons();
+    QStringList databases() const;
     /// The entries become the session's names.
     void takeNames();
     static qint16 checkedIndex(const std::array<QRadioButton *, 3> &options);

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "dataaccess/Connection.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+/// The first field of every row of a dictionary query, in the order in which the rows come.
+/// @throws RuntimeError 91 without a connection, 94 for a null, otherwise the server's
+QStringList namesFrom(const QString &query, const std::shared_ptr<Connection> &connection);
+
+/// The same for a query that nobody has asked for and that may fail: it leaves the open transaction
+/// as it was. Some servers refuse everything but a rollback after a statement has failed, so the
+/// query gets a savepoint of its own. A server without savepoints is not asked.
+QStringList namesFromUnharmed(const QString &query, const std::shared_ptr<Connection> &connection);
