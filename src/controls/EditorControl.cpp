@@ -402,6 +402,10 @@ void EditorControl::changeEvent(QEvent *event)
 void EditorControl::keyPressEvent(QKeyEvent *event)
 {
     emit keyWentDown(windowsKeyCode(*event), windowsShiftState(*event));
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::ControlModifier) {
+        emit completionWanted();
+        return;
+    }
     switch (zoomCommand(*event)) {
     case ZoomCommand::In:
         zoomIn();

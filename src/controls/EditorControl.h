@@ -137,6 +137,8 @@ signals:
     /// @p keyCode is the Windows virtual-key code (32 blank, 9 tab, 48 to 57 digits, 13 Enter, 8
     /// Backspace, 46 Delete, otherwise 0).
     void keyWentDown(int keyCode, int shift);
+    /// Ctrl with the blank was pressed: the name at the caret is to be completed.
+    void completionWanted();
     /// A file was dropped on the control, which leaves it to others to load it.
     void fileDropped(const QString &path);
 

@@ -1,8 +1,7 @@
 #include "dialogs/listFillers.h"
 
-#include "dataaccess/Recordset.h"
-#include "platform/RuntimeError.h"
 #include "platform/mousePointer.h"
+#include "sqltext/dictionaryReader.h"
 
 #include <QComboBox>
 #include <QListWidget>
@@ -10,25 +9,10 @@
 
 namespace {
 
-QString textOf(const Value &value)
+QStringList namesUnderHourglass(const QString &query, const std::shared_ptr<Connection> &connection)
 {
-    if (value.isNull())
-        throw RuntimeError(ErrorNumber::InvalidUseOfNull);
-    return value.toText();
-}
-
-QStringList firstColumn(const QString &query, const std::shared_ptr<Connection> &connection)
-{
-    if (!connection)
-        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
     const HourglassPointer hourglass;
-    const auto rows = connection->Execute(query);
-    QStringList texts;
-    if (rows->Eof())
-        return texts;
-    for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext())
-        texts += textOf(rows->value(0));
-    return texts;
+    return namesFrom(query, connection);
 }
 
 } // namespace
@@ -37,7 +21,7 @@ void fillCombo(const QString &query, QComboBox &combo,
                const std::shared_ptr<Connection> &connection)
 {
     combo.clear();
-    combo.addItems(firstColumn(query, connection));
+    combo.addItems(namesUnderHourglass(query, connection));
     // The toolkit takes the first entry of a filled combo box as picked.
     combo.setCurrentIndex(-1);
 }
@@ -46,5 +30,5 @@ void fillList(const QString &query, QListWidget &list,
               const std::shared_ptr<Connection> &connection)
 {
     list.clear();
-    list.addItems(firstColumn(query, connection));
+    list.addItems(namesUnderHourglass(query, connection));
 }

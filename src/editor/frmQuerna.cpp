@@ -7,6 +7,7 @@
 #include "controls/icons.h"
 #include "controls/keyTips.h"
 #include "controls/twips.h"
+#include "editor/EditorCompletion.h"
 #include "editor/EditorEvents.h"
 #include "editor/RunCommand.h"
 #include "editor/ToolbarCommands.h"
@@ -64,6 +65,7 @@ frmQuerna::frmQuerna(QWidget *parent)
         std::make_unique<EditorEvents>(*m_controls.txtSQL, *this, [this](const QString &text) {
             m_controls.sbSql->setPanelText(CaretPanel, text);
         });
+    new EditorCompletion(*m_controls.txtSQL);
     connectEvents();
     Form_Load();
 }
