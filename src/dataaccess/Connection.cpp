@@ -1,6 +1,5 @@
 #include "dataaccess/Connection.h"
 
-#include "dataaccess/ConnectionPrivate.h"
 #include "dataaccess/Recordset.h"
 #include "dataaccess/odbc/OdbcSession.h"
 #include "dataaccess/providers.h"
@@ -8,65 +7,59 @@
 
 #include <utility>
 
-Connection::Connection()
-    : d(std::make_unique<ConnectionPrivate>())
-{
-}
-
 Connection::~Connection()
 {
-    if (d->session)
-        d->session->close();
+    if (m_session)
+        m_session->close();
 }
 
-CursorLocationEnum Connection::CursorLocation() const
+OdbcSession &Connection::openSession() const
 {
-    return d->cursorLocation;
+    if (!m_session)
+        throw RuntimeError(ErrorNumber::ObjectClosed);
+    return *m_session;
 }
 
-void Connection::setCursorLocation(CursorLocationEnum location)
+std::shared_ptr<OdbcSession> Connection::sessionOf(const std::shared_ptr<Connection> &connection)
 {
-    d->cursorLocation = location;
+    if (!connection || !connection->m_session)
+        throw RuntimeError(ErrorNumber::InvalidConnection);
+    return connection->m_session;
 }
 
 void Connection::Open(const QString &connectionString)
 {
-    if (d->session)
+    if (m_session)
         throw RuntimeError(ErrorNumber::ObjectOpen);
-    d->session = std::make_shared<OdbcSession>(openProvider(connectionString));
+    m_session = std::make_shared<OdbcSession>(openProvider(connectionString));
 }
 
 void Connection::Close()
 {
-    d->openSession();
-    std::exchange(d->session, nullptr)->close();
-}
-
-ObjectStateEnum Connection::State() const
-{
-    return d->session ? adStateOpen : adStateClosed;
+    openSession();
+    std::exchange(m_session, nullptr)->close();
 }
 
 std::shared_ptr<Recordset> Connection::Execute(const QString &commandText)
 {
-    d->openSession();
+    openSession();
     auto recordset = std::make_shared<Recordset>();
-    recordset->setCursorLocation(d->cursorLocation);
+    recordset->setCursorLocation(m_cursorLocation);
     recordset->Open(commandText, shared_from_this());
     return recordset;
 }
 
 void Connection::BeginTrans()
 {
-    d->openSession().beginTransaction();
+    openSession().beginTransaction();
 }
 
 void Connection::CommitTrans()
 {
-    d->openSession().endTransaction(SQL_COMMIT);
+    openSession().endTransaction(SQL_COMMIT);
 }
 
 void Connection::RollbackTrans()
 {
-    d->openSession().endTransaction(SQL_ROLLBACK);
+    openSession().endTransaction(SQL_ROLLBACK);
 }

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-class ConnectionPrivate;
+class OdbcSession;
 class Recordset;
 
 /// One session with a data source, over ODBC.
@@ -16,7 +16,7 @@ class Recordset;
 class Connection : public std::enable_shared_from_this<Connection>
 {
 public:
-    Connection();
+    Connection() = default;
     /// Rolls back what was not committed and closes.
     ~Connection();
     Connection(const Connection &) = delete;
@@ -24,8 +24,7 @@ public:
 
     /// Where the rows of Execute() go: adUseServer (at first) for a forward-only reader,
     /// adUseClient for a copy in memory.
-    CursorLocationEnum CursorLocation() const;
-    void setCursorLocation(CursorLocationEnum location);
+    void setCursorLocation(CursorLocationEnum location) { m_cursorLocation = location; }
 
     /// Opens the session that @p connectionString describes; docs/connections.md lists the items.
     /// @throws RuntimeError 3705 when open, 3706 for an unknown provider, otherwise the driver's
@@ -34,7 +33,7 @@ public:
     /// Rolls back an open transaction, closes the connection and its recordsets.
     /// @throws RuntimeError 3704 when closed
     void Close();
-    ObjectStateEnum State() const;
+    ObjectStateEnum State() const { return m_session ? adStateOpen : adStateClosed; }
 
     /// Sends a command text. A text that is nothing but a procedure reference, with or without an
     /// argument list, is sent as `{call …}`.
@@ -53,5 +52,11 @@ public:
 private:
     friend class Recordset;
     friend class Command;
-    std::unique_ptr<ConnectionPrivate> d;
+    /// @throws RuntimeError 3704 while closed
+    OdbcSession &openSession() const;
+    /// For what is opened on a connection. @throws RuntimeError 3709 unless there is an open one
+    static std::shared_ptr<OdbcSession> sessionOf(const std::shared_ptr<Connection> &connection);
+
+    CursorLocationEnum m_cursorLocation = adUseServer;
+    std::shared_ptr<OdbcSession> m_session; ///< null while closed
 };

@@ -1,219 +1,399 @@
 #include "dataaccess/Recordset.h"
 
 #include "dataaccess/Connection.h"
-#include "dataaccess/ConnectionPrivate.h"
-#include "dataaccess/RecordsetPrivate.h"
+#include "dataaccess/RowCells.h"
+#include "dataaccess/odbc/OdbcCursor.h"
+#include "dataaccess/odbc/OdbcSession.h"
 #include "platform/RuntimeError.h"
 
-Recordset::Recordset()
-    : d(std::make_unique<RecordsetPrivate>())
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// Appended character fields hold texts, whatever is assigned to them.
+Value asFieldValue(DataTypeEnum type, const Value &value)
 {
+    if (!isCharacterType(type) || value.isNull() || value.isEmpty())
+        return value;
+    return value.toText();
 }
 
-Recordset::~Recordset() = default;
+} // namespace
 
-CursorLocationEnum Recordset::CursorLocation() const
+Recordset::Recordset() = default;
+
+Recordset::~Recordset()
 {
-    return d->cursorLocation;
+    leaveSession();
+}
+
+void Recordset::requireOpen() const
+{
+    if (!isOpen())
+        throw RuntimeError(ErrorNumber::ObjectClosed);
+}
+
+void Recordset::requireClosed() const
+{
+    if (isOpen())
+        throw RuntimeError(ErrorNumber::ObjectOpen);
+}
+
+void Recordset::requireCurrent() const
+{
+    if (Eof())
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    if (m_failure && isPastStoredRows())
+        std::rethrow_exception(m_failure);
+}
+
+void Recordset::requireField(int field) const
+{
+    if (field < 0 || field >= fieldCount())
+        throw RuntimeError(ErrorNumber::ItemNotFound);
+}
+
+void Recordset::requireCell(qint64 row, int field) const
+{
+    if (row < 0 || row >= table().rowCount())
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    requireField(field);
+}
+
+const MemoryTable &Recordset::table() const
+{
+    requireOpen();
+    if (isForwardOnly())
+        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
+    return *m_table;
+}
+
+MemoryTable &Recordset::ownTable()
+{
+    requireOpen();
+    if (!m_isFabricated)
+        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
+    return *m_table;
 }
 
 void Recordset::setCursorLocation(CursorLocationEnum location)
 {
-    d->requireClosed();
-    d->cursorLocation = location;
-}
-
-CursorTypeEnum Recordset::CursorType() const
-{
-    return d->cursorType;
-}
-
-void Recordset::setCursorType(CursorTypeEnum type)
-{
-    d->requireClosed();
-    d->cursorType = type;
-}
-
-LockTypeEnum Recordset::LockType() const
-{
-    return d->lockType;
-}
-
-void Recordset::setLockType(LockTypeEnum type)
-{
-    d->requireClosed();
-    d->lockType = type;
-}
-
-int Recordset::CacheSize() const
-{
-    return d->cacheSize;
+    requireClosed();
+    m_cursorLocation = location;
 }
 
 void Recordset::setCacheSize(int rows)
 {
-    d->requireClosed();
+    requireClosed();
     if (rows < 1)
         throw RuntimeError(ErrorNumber::InvalidArgument);
-    d->cacheSize = rows;
-}
-
-Value Recordset::Property(const QString &name) const
-{
-    const auto found = d->properties.constFind(name.toLower());
-    if (found == d->properties.constEnd())
-        throw RuntimeError(ErrorNumber::ItemNotFound);
-    return *found;
-}
-
-void Recordset::setProperty(const QString &name, const Value &value)
-{
-    d->properties.insert(name.toLower(), value);
+    m_cacheSize = rows;
 }
 
 void Recordset::appendField(const QString &name, DataTypeEnum type, int definedSize)
 {
-    d->appendField({name, type, definedSize});
+    requireClosed();
+    if (!m_isFabricated) {
+        m_isFabricated = true;
+        m_takesPackedRows = true;
+    }
+    // Servers tell "id" from "ID", and a query may well return both.
+    const int namesake = indexOf(name);
+    if (namesake >= 0 && m_fields[static_cast<size_t>(namesake)].name == name)
+        throw RuntimeError(ErrorNumber::ObjectInCollection);
+    if (namesake < 0)
+        m_fieldIndexes.insert(name.toLower(), fieldCount());
+    m_fields.push_back({name, type, definedSize});
+    m_takesPackedRows = m_takesPackedRows && type == adVariant;
 }
 
 void Recordset::Open()
 {
-    d->openInMemory();
+    requireClosed();
+    if (!m_isFabricated)
+        throw RuntimeError(ErrorNumber::InvalidConnection);
+    const SortOrder order(m_sort, m_fields);
+    m_table.emplace(fieldCount());
+    m_table->sort(order);
+    m_position = 0;
+    m_hasMoved = false;
 }
 
 void Recordset::Open(const QString &source, const std::shared_ptr<Connection> &connection)
 {
-    d->requireClosed();
-    if (!connection || !connection->d->session)
-        throw RuntimeError(ErrorNumber::InvalidConnection);
-    d->openOn(connection->d->session, source);
+    requireClosed();
+    const std::shared_ptr<OdbcSession> session = Connection::sessionOf(connection);
+    const bool isForward = m_cursorLocation == adUseServer;
+    if (isForward && !m_sort.isEmpty())
+        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
+    std::unique_ptr<OdbcCursor> cursor = OdbcCursor::open(*session, source, m_cacheSize);
+    if (!cursor)
+        return;
+    if (!isForward) {
+        const SortOrder order(m_sort, cursor->fields());
+        MemoryTable rows(static_cast<int>(cursor->fields().size()));
+        takeRows(*cursor, rows);
+        rows.sort(order);
+        m_table = std::move(rows);
+    }
+    m_fields = cursor->fields();
+    m_isFabricated = false;
+    m_fieldIndexes.clear();
+    for (int i = fieldCount(); i-- > 0;)
+        m_fieldIndexes.insert(m_fields[static_cast<size_t>(i)].name.toLower(), i);
+    if (isForward)
+        m_reader = std::move(cursor);
+    m_position = 0;
+    m_hasMoved = false;
+    m_session = session;
+    m_session->addClient(this);
+}
+
+void Recordset::takeRows(OdbcCursor &cursor, MemoryTable &rows)
+{
+    for (; !cursor.atEnd(); cursor.next()) {
+        m_writer.clear();
+        cursor.pack(m_writer, NullForm::Null);
+        rows.addRow(m_writer);
+    }
+}
+
+void Recordset::releaseResult()
+{
+    const std::unique_ptr<OdbcCursor> cursor = std::move(m_reader);
+    m_table.emplace(fieldCount());
+    try {
+        takeRows(*cursor, *m_table);
+    } catch (...) { // memory may run out as well
+        m_failure = std::current_exception();
+    }
 }
 
 void Recordset::Close()
 {
-    d->requireOpen();
-    d->close();
+    requireOpen();
+    drop();
+}
+
+void Recordset::drop()
+{
+    m_reader.reset();
+    m_table.reset();
+    m_failure = nullptr;
+    if (!m_isFabricated) {
+        m_fields.clear();
+        m_fieldIndexes.clear();
+    }
+    leaveSession();
+}
+
+void Recordset::leaveSession()
+{
+    if (m_session)
+        m_session->removeClient(this);
+    m_session.reset();
 }
 
 ObjectStateEnum Recordset::State() const
 {
-    return d->isOpen() ? adStateOpen : adStateClosed;
+    return isOpen() ? adStateOpen : adStateClosed;
 }
 
 bool Recordset::Bof() const
 {
-    return d->isEmpty();
+    return Eof() && (isForwardOnly() ? !m_hasMoved : m_position == 0);
 }
 
 bool Recordset::Eof() const
 {
-    return d->atEnd();
+    requireOpen();
+    return m_reader ? m_reader->atEnd() : isPastStoredRows() && !m_failure;
 }
 
 qint64 Recordset::RecordCount() const
 {
-    return d->recordCount();
+    requireOpen();
+    return isForwardOnly() ? -1 : m_table->rowCount();
 }
 
 void Recordset::MoveFirst()
 {
-    d->moveFirst();
+    requireOpen();
+    if (!isForwardOnly()) {
+        m_table->finishEditing(m_position);
+        m_position = 0;
+    } else if (m_hasMoved) {
+        throw RuntimeError(ErrorNumber::IllegalOperation);
+    }
+    requireCurrent();
 }
 
 void Recordset::MoveNext()
 {
-    d->moveNext();
-}
-
-int Recordset::fieldCount() const
-{
-    return static_cast<int>(d->fields().size());
+    if (Eof())
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    m_hasMoved = true;
+    if (m_reader)
+        return m_reader->next();
+    m_position = m_table->finishEditing(m_position) + 1;
+    if (m_failure && isPastStoredRows())
+        std::rethrow_exception(std::exchange(m_failure, nullptr));
 }
 
 QString Recordset::fieldName(int field) const
 {
-    return d->field(field).name;
+    requireField(field);
+    return m_fields[static_cast<size_t>(field)].name;
 }
 
 DataTypeEnum Recordset::fieldType(int field) const
 {
-    return d->field(field).type;
+    requireField(field);
+    return m_fields[static_cast<size_t>(field)].type;
 }
 
 int Recordset::fieldIndex(const QString &name) const
 {
-    return d->fieldIndex(name);
+    const int index = indexOf(name);
+    if (index < 0)
+        throw RuntimeError(ErrorNumber::ItemNotFound);
+    return index;
+}
+
+/// The field of exactly this name, or else the first whose letters differ only in case; −1 when
+/// there is neither.
+int Recordset::indexOf(const QString &name) const
+{
+    const auto found = m_fieldIndexes.constFind(name.toLower());
+    if (found == m_fieldIndexes.constEnd())
+        return -1;
+    const auto exact = std::find_if(m_fields.begin() + *found, m_fields.end(),
+                                    [&](const FieldInfo &field) { return field.name == name; });
+    return exact == m_fields.end() ? *found : static_cast<int>(exact - m_fields.begin());
 }
 
 Value Recordset::value(int field) const
 {
-    return d->value(field);
+    requireOpen();
+    requireField(field);
+    requireCurrent();
+    return m_reader ? m_reader->value(field) : m_table->value(m_position, field);
 }
 
 Value Recordset::value(const QString &name) const
 {
-    d->requireOpen();
-    return d->value(d->fieldIndex(name));
+    requireOpen();
+    return value(fieldIndex(name));
+}
+
+void Recordset::checkSize(int field, const Value &value) const
+{
+    const int limit = m_fields[static_cast<size_t>(field)].definedSize;
+    const auto *text = std::get_if<QString>(&value.variant());
+    if (limit > 0 && text != nullptr && text->size() > limit)
+        throw RuntimeError(ErrorNumber::MultipleStepErrors);
 }
 
 void Recordset::setValue(int field, const Value &value)
 {
-    d->setValue(field, value);
+    MemoryTable &rows = ownTable();
+    requireField(field);
+    requireCurrent();
+    if (!rows.isEdited(m_position))
+        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
+    const Value stored = asFieldValue(m_fields[static_cast<size_t>(field)].type, value);
+    checkSize(field, stored);
+    rows.setValue(field, stored);
 }
 
 void Recordset::setValue(const QString &name, const Value &value)
 {
-    d->requireOpen();
-    d->setValue(d->fieldIndex(name), value);
+    requireOpen();
+    setValue(fieldIndex(name), value);
 }
 
 void Recordset::AddNew()
 {
-    d->addNew();
+    m_position = ownTable().addEmptyRow();
 }
 
 void Recordset::addNewFrom(const Recordset &source)
 {
-    d->addNewFrom(*source.d);
+    MemoryTable &rows = ownTable();
+    if (source.fieldCount() != fieldCount())
+        throw RuntimeError(ErrorNumber::InvalidArgument);
+    if (!m_takesPackedRows) {
+        AddNew();
+        for (int field = 0; field < fieldCount(); ++field) {
+            const Value value = source.value(field);
+            setValue(field, value.isNull() ? Value(QString()) : value);
+        }
+        return;
+    }
+    m_writer.clear();
+    source.packCurrent(m_writer, NullForm::EmptyText);
+    m_position = rows.addRow(m_writer);
+}
+
+void Recordset::packCurrent(RowWriter &row, NullForm nulls) const
+{
+    requireCurrent();
+    if (m_reader)
+        m_reader->pack(row, nulls);
+    else
+        m_table->pack(m_position, row, nulls);
+}
+
+const char *Recordset::packedRow(RowWriter &copy) const
+{
+    requireCurrent();
+    const char *const stored = m_reader ? nullptr : m_table->storedCells(m_position);
+    if (stored != nullptr)
+        return stored;
+    copy.clear();
+    packCurrent(copy, NullForm::Null);
+    return copy.data();
+}
+
+void RowCells::takeRow(const Recordset &recordset)
+{
+    m_cell = recordset.packedRow(m_packed);
 }
 
 void Recordset::setSort(const QString &order)
 {
-    d->setSort(order);
-}
-
-QString Recordset::Sort() const
-{
-    return d->sort;
+    if (isOpen()) {
+        if (isForwardOnly())
+            throw RuntimeError(ErrorNumber::FeatureNotAvailable);
+        m_table->sort(SortOrder(order, m_fields));
+        m_position = 0;
+    }
+    m_sort = order;
 }
 
 QString Recordset::textAt(qint64 row, int field) const
 {
-    d->requireCell(row, field);
-    return d->table().text(row, field);
+    requireCell(row, field);
+    return m_table->text(row, field);
 }
 
 QString Recordset::textStartAt(qint64 row, int field, qsizetype longest) const
 {
-    d->requireCell(row, field);
-    return d->table().textStart(row, field, longest);
+    requireCell(row, field);
+    return m_table->textStart(row, field, longest);
 }
 
 bool Recordset::isNumberAt(qint64 row, int field) const
 {
-    d->requireCell(row, field);
-    return d->table().isNumber(row, field);
+    requireCell(row, field);
+    return m_table->isNumber(row, field);
 }
 
 void Recordset::appendRowText(qint64 row, int firstField, int lastField, QChar separator,
                               QString &text) const
 {
-    d->requireCell(row, firstField);
-    d->requireCell(row, lastField);
-    d->table().appendText(row, firstField, lastField, separator, text);
-}
-
-qint64 Recordset::storedBytes() const
-{
-    return d->table().bytes();
+    requireCell(row, firstField);
+    requireCell(row, lastField);
+    m_table->appendText(row, firstField, lastField, separator, text);
 }

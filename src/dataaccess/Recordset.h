@@ -1,14 +1,22 @@
 #pragma once
 
+#include "dataaccess/FieldInfo.h"
+#include "dataaccess/MemoryTable.h"
+#include "dataaccess/SessionClient.h"
 #include "dataaccess/Value.h"
 #include "dataaccess/dataAccessTypes.h"
 
+#include <QHash>
 #include <QString>
 
+#include <exception>
 #include <memory>
+#include <optional>
+#include <vector>
 
 class Connection;
-class RecordsetPrivate;
+class OdbcCursor;
+class OdbcSession;
 
 /// A table of rows with one current row: a forward-only reader over an ODBC result, a client-side
 /// copy of one, or a table built in memory out of appended fields.
@@ -16,7 +24,7 @@ class RecordsetPrivate;
 /// What ADO's recordset does carries ADO's name here, with a capital; the rest is ours. Rows are
 /// counted from 0. Field names match in any letter case. Everything that reads or moves
 /// raises RuntimeError 3704 while the recordset is closed.
-class Recordset
+class Recordset final : private SessionClient
 {
 public:
     Recordset();
@@ -25,20 +33,12 @@ public:
     Recordset &operator=(const Recordset &) = delete;
 
     // Set before opening. Changing one on an open recordset raises 3705.
-    CursorLocationEnum CursorLocation() const;
+    /// Where the rows of a source are read: adUseServer (at first) forward, as they come;
+    /// adUseClient all at once, into memory.
     void setCursorLocation(CursorLocationEnum location);
-    CursorTypeEnum CursorType() const;
-    void setCursorType(CursorTypeEnum type);
-    LockTypeEnum LockType() const;
-    void setLockType(LockTypeEnum type);
     /// Rows fetched in one call of the driver by a forward-only reader; 1 at first.
-    int CacheSize() const;
     /// @throws RuntimeError 3001 below 1
     void setCacheSize(int rows);
-    /// A provider's dynamic property ("Initial Fetch Size", "Background Fetch Size"): kept, and
-    /// given back, for providers that know it. @throws RuntimeError 3265 when it was never set
-    Value Property(const QString &name) const;
-    void setProperty(const QString &name, const Value &value);
 
     /// Adds a column to a closed recordset that is to be opened without a source.
     /// @param definedSize  longest text in UTF-16 units that a character column takes; 0 for no
@@ -46,12 +46,12 @@ public:
     /// @throws RuntimeError 3705 when open, 3367 when the name is there already, spelt the same
     void appendField(const QString &name, DataTypeEnum type, int definedSize = 0);
 
-    /// Opens an empty table over the appended fields; the cursor location becomes adUseClient.
+    /// Opens an empty table over the appended fields.
     /// @throws RuntimeError 3705 when open, 3709 when there are no fields either
     void Open();
 
     /// Sends @p source on @p connection and opens on its rows. A command that returns no rows
-    /// leaves the recordset closed. Cursor type and lock type are taken as they were set.
+    /// leaves the recordset closed.
     /// @throws RuntimeError 3705 when open, 3709 on a closed connection, setSort()'s, otherwise the
     ///         server's; the recordset is then as it was
     void Open(const QString &source, const std::shared_ptr<Connection> &connection);
@@ -65,13 +65,13 @@ public:
     bool Eof() const;
     /// Rows of a client-side table; -1 for a forward-only reader.
     qint64 RecordCount() const;
-    /// @throws RuntimeError 3021 when there are no rows, 3219 on a forward-only reader behind its
+    /// @throws RuntimeError 3021 when there are no rows, 3219 on a forward-only reader after its
     ///         first row
     void MoveFirst();
     /// @throws RuntimeError 3021 when the end is passed already, otherwise the driver's
     void MoveNext();
 
-    int fieldCount() const;
+    int fieldCount() const { return static_cast<int>(m_fields.size()); }
     QString fieldName(int field) const;
     DataTypeEnum fieldType(int field) const;
     /// @throws RuntimeError 3265 for an unknown name
@@ -102,7 +102,6 @@ public:
     /// @throws RuntimeError 3251 on a forward-only reader, 3265 for an unknown field, 3001 for a
     ///         text of another form
     void setSort(const QString &order);
-    QString Sort() const;
 
     // Reading any row of a client-side table without moving the current one, for views.
     // They raise RuntimeError 3251 on a forward-only reader, 3021 and 3265 for a cell that is not
@@ -118,9 +117,53 @@ public:
     void appendRowText(qint64 row, int firstField, int lastField, QChar separator,
                        QString &text) const;
     /// Bytes that the rows occupy.
-    qint64 storedBytes() const;
+    qint64 storedBytes() const { return table().bytes(); }
 
 private:
     friend class RowCells;
-    std::unique_ptr<RecordsetPrivate> d;
+
+    // As a client of the session that its rows come from.
+    void sessionClosing() override { drop(); }
+    bool hasOpenResult() const override { return m_reader != nullptr; }
+    void releaseResult() override;
+
+    bool isOpen() const { return m_reader != nullptr || m_table.has_value(); }
+    bool isForwardOnly() const { return m_cursorLocation == adUseServer && !m_isFabricated; }
+    bool isPastStoredRows() const { return m_position >= m_table->rowCount(); }
+    void requireOpen() const;
+    void requireClosed() const;
+    void requireCurrent() const;
+    void requireField(int field) const;
+    /// Checks a row of table() and a field.
+    void requireCell(qint64 row, int field) const;
+    /// Rows that are no forward-only reader's, and those of appended fields.
+    const MemoryTable &table() const;
+    MemoryTable &ownTable();
+
+    void takeRows(OdbcCursor &cursor, MemoryTable &rows);
+    void drop();
+    void leaveSession();
+    int indexOf(const QString &name) const;
+    void checkSize(int field, const Value &value) const;
+    void packCurrent(RowWriter &row, NullForm nulls) const;
+    /// The current row in packed form: where it is stored, or in @p copy when it is not stored so.
+    const char *packedRow(RowWriter &copy) const;
+
+    CursorLocationEnum m_cursorLocation = adUseServer;
+    int m_cacheSize = 1;
+    QString m_sort;
+    std::vector<FieldInfo> m_fields;
+    QHash<QString, int> m_fieldIndexes; ///< by lower-case name; the first of equal names counts
+    bool m_isFabricated = false;        ///< the fields were appended and outlive a closing
+    bool m_takesPackedRows = false;     ///< every field takes whatever a row holds
+
+    std::shared_ptr<OdbcSession> m_session;
+    std::unique_ptr<OdbcCursor> m_reader;
+    /// All rows, or those that a forward-only reader still had when it gave its statement back. A
+    /// failure on that way is raised where they end.
+    std::optional<MemoryTable> m_table;
+    std::exception_ptr m_failure;
+    qint64 m_position = 0;   ///< in the table
+    bool m_hasMoved = false; ///< since it was opened
+    RowWriter m_writer;
 };

@@ -57,10 +57,9 @@ void OutputCapture::fetchLines()
 {
     Command getLine;
     getLine.CommandText = u"dbms_output.get_line"_s;
-    getLine.CommandType = adCmdStoredProc;
     getLine.ActiveConnection = requireConnection();
-    getLine.appendParameter({u"lines"_s, adVarChar, adParamOutput, longestLine, {}});
-    getLine.appendParameter({u"status"_s, adInteger, adParamOutput, 0, {}});
+    getLine.appendParameter({u"lines"_s, adVarChar, longestLine, {}});
+    getLine.appendParameter({u"status"_s, adInteger, 0, {}});
 
     PaneWriter writer(m_pane);
     while (getLine.parameter(u"status"_s).toInteger() == 0) {

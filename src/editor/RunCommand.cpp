@@ -32,11 +32,7 @@ constexpr int resultCacheSize = 25;
 std::shared_ptr<Recordset> makeResult()
 {
     auto result = std::make_shared<Recordset>();
-    result->setCursorType(adOpenStatic);
     result->setCursorLocation(adUseClient);
-    result->setLockType(adLockOptimistic);
-    result->setProperty(u"Initial Fetch Size"_s, 1);
-    result->setProperty(u"Background Fetch Size"_s, 100);
     result->setCacheSize(resultCacheSize);
     return result;
 }

@@ -46,8 +46,6 @@ void loadHistory(const QString &fileName, const QString & /*path*/, Recordset &r
     FileReader lines(file);
 
     recordset.setCursorLocation(adUseClient);
-    recordset.setCursorType(adOpenStatic);
-    recordset.setLockType(adLockOptimistic);
     recordset.appendField(u"SQL Statement"_s, adVarChar, HistoryLoader::fieldSize);
     recordset.appendField(u"SQL_Time"_s, adVarChar, HistoryLoader::fieldSize);
     recordset.Open();

@@ -23,9 +23,6 @@ constexpr int sourceCacheSize = 100;
 std::shared_ptr<Recordset> makeSource()
 {
     auto source = std::make_shared<Recordset>();
-    source->setCursorLocation(adUseServer);
-    source->setCursorType(adOpenForwardOnly);
-    source->setLockType(adLockBatchOptimistic);
     source->setCacheSize(sourceCacheSize);
     return source;
 }

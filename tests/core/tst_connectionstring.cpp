@@ -173,7 +173,6 @@ void tst_connectionstring::failedLogin()
     QVERIFY(!connected);
     QVERIFY(conn && conn != before);
     QCOMPARE(conn->State(), adStateClosed);
-    QCOMPARE(conn->CursorLocation(), adUseClient);
     QCOMPARE(connectionString, u"untouched"_s);
     QCOMPARE(gConnectString, u"the last good one"_s);
 }

@@ -401,21 +401,16 @@ void tst_odbc::outputsAreReadAfterTheLastResult()
     Command command;
     command.ActiveConnection = fake();
     command.CommandText = u"dbms_output.get_line"_s;
-    command.CommandType = adCmdStoredProc;
-    QCOMPARE(raisedError([&] {
-                 command.appendParameter({u"x"_s, adVarChar, adParamOutput, 0, {}});
-             }),
-             3708);
-    command.appendParameter({u"lines"_s, adVarChar, adParamOutput, 255, {}});
-    command.appendParameter({u"status"_s, adInteger, adParamOutput, 0, {}});
+    QCOMPARE(raisedError([&] { command.appendParameter({u"x"_s, adVarChar, 0, {}}); }), 3708);
+    command.appendParameter({u"lines"_s, adVarChar, 255, {}});
+    command.appendParameter({u"status"_s, adInteger, 0, {}});
     QCOMPARE(command.parameter(u"Status"_s).toInteger(), 0);
     for (int i = 0; i < 3; ++i)
         command.Execute();
     QCOMPARE(command.parameter(u"lines"_s), Value(u"out"_s));
     QCOMPARE(command.parameter(u"status"_s).toInteger(), 7);
     QCOMPARE(raisedError([&] { command.parameter(u"none"_s); }), 3265);
-    command.CommandText = u"rows 2 integer late"_s;
-    command.CommandType = adCmdText;
+    command.CommandText = u"rows 2 integer late "_s;
     for (int i = 0; i < 2; ++i) // a failure leaves nothing open that the next one would stumble on
         QCOMPARE(raisedError([&] { command.Execute(); }), 1476);
     command.ActiveConnection->Close();

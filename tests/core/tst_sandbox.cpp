@@ -24,10 +24,9 @@ public:
     explicit OutputLines(const std::shared_ptr<Connection> &connection)
     {
         m_command.CommandText = u"dbms_output.get_line"_s;
-        m_command.CommandType = adCmdStoredProc;
         m_command.ActiveConnection = connection;
-        m_command.appendParameter({u"lines"_s, adVarChar, adParamOutput, 255, {}});
-        m_command.appendParameter({u"status"_s, adInteger, adParamOutput, 0, {}});
+        m_command.appendParameter({u"lines"_s, adVarChar, 255, {}});
+        m_command.appendParameter({u"status"_s, adInteger, 0, {}});
     }
 
     QString next()

@@ -144,7 +144,6 @@ void OdbcCursor::fetchBlock()
 
 void OdbcCursor::next()
 {
-    m_isFirstRow = false;
     ++m_row;
     try {
         if (m_row < m_fetched)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "dataaccess/RowSource.h"
 #include "dataaccess/odbc/ColumnBuffer.h"
 #include "dataaccess/odbc/OdbcHandle.h"
 
@@ -11,12 +10,13 @@
 class OdbcSession;
 struct OdbcAbilities;
 
-/// Reads an executed statement's result forward, a block of rows in one call of the driver.
+/// Reads an executed statement's result forward, a block of rows in one call of the driver. Stands
+/// on the first row when it is made.
 ///
 /// No value is ever cut. Blocks are as long as was asked for while every column has a size that can
 /// be relied on; as soon as one has not, a block is one row, because a value that did not fit its
 /// buffer is read again whole most reliably there.
-class OdbcCursor final : public RowSource
+class OdbcCursor
 {
 public:
     /// Sends @p commandText and reads its first result with columns; null when there is none.
@@ -28,12 +28,14 @@ public:
     OdbcCursor(const OdbcCursor &) = delete; // the driver writes to its members
     OdbcCursor &operator=(const OdbcCursor &) = delete;
 
-    const std::vector<FieldInfo> &fields() const override { return m_fields; }
-    bool atFirst() const override { return m_isFirstRow; }
-    bool atEnd() const override { return m_row >= m_fetched; }
-    void next() override;
-    Value value(int field) const override;
-    void pack(RowWriter &row, NullForm nulls) const override;
+    const std::vector<FieldInfo> &fields() const { return m_fields; }
+    bool atEnd() const { return m_row >= m_fetched; }
+    /// Goes to the next row; not at the end. @throws RuntimeError with the driver's text
+    void next();
+    /// The current row's value. @throws RuntimeError with the driver's text
+    Value value(int field) const;
+    /// Adds all cells of the current row to @p row. @throws RuntimeError with the driver's text
+    void pack(RowWriter &row, NullForm nulls) const;
 
 private:
     /// A value of the current row that did not fit its buffer.
@@ -59,8 +61,7 @@ private:
     std::vector<SQLUSMALLINT> m_rowStates;
     SQLULEN m_rowsPerBlock = 1;
     SQLULEN m_fetched = 0;
-    SQLULEN m_row = 0; ///< in the block
-    bool m_isFirstRow = true;
+    SQLULEN m_row = 0;             ///< in the block
     bool m_isRowInBuffers = false; ///< known of the current row: every value is bound and not cut
     bool m_rereadsInBlock = false; ///< the driver gives values again anywhere in a block
     bool m_rereadsBound = false;   ///< it gives values of bound columns again, at least

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/Command.h"
+#include "dataaccess/Parameter.h"
 #include "dataaccess/odbc/OdbcHandle.h"
 
 #include <vector>
