@@ -131,9 +131,9 @@ void ToolbarCommands::dispatch(int index)
     case 7:
         return rollback();
     case 8:
-        return editor.setSelText(editor.SelText().toUpper());
+        return editor.setSelText(upperCase(editor.SelText()));
     case 9:
-        return editor.setSelText(editor.SelText().toLower());
+        return editor.setSelText(lowerCase(editor.SelText()));
     case 10:
         return changeSelection(editor, [](const QString &text) { return properCase(text); });
     case 11:

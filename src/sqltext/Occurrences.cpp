@@ -25,3 +25,19 @@ qsizetype Occurrences::find(qsizetype from) const
     }
     return none;
 }
+
+QString withExchanged(const QString &text, QStringView pattern, QStringView replacement)
+{
+    const QStringView view(text);
+    Occurrences found(view, pattern);
+    if (found.current() == Occurrences::none)
+        return text;
+    QString result;
+    result.reserve(text.size());
+    qsizetype from = 0;
+    for (; found.current() != Occurrences::none; found.advanceTo(from)) {
+        result.append(view.sliced(from, found.current() - from)).append(replacement);
+        from = found.current() + pattern.size();
+    }
+    return result.append(view.sliced(from));
+}

@@ -1,15 +1,48 @@
 #include "sqltext/selectionEdits.h"
 
+#include "sqltext/Occurrences.h"
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Converts a text in pieces: where a letter becomes two, QString moves all that comes after it.
+template <typename Convert>
+QString piecewise(QStringView text, Convert convert)
+{
+    constexpr qsizetype pieceSize = 256;
+    QString result;
+    result.reserve(text.size());
+    while (!text.isEmpty()) {
+        qsizetype size = std::min(text.size(), pieceSize);
+        if (size < text.size() && text[size].isLowSurrogate())
+            ++size;
+        result += convert(text.first(size).toString());
+        text = text.sliced(size);
+    }
+    return result;
+}
+
+} // namespace
+
+QString upperCase(const QString &text)
+{
+    return piecewise(text, [](const QString &piece) { return piece.toUpper(); });
+}
+
+QString lowerCase(const QString &text)
+{
+    return piecewise(text, [](const QString &piece) { return piece.toLower(); });
+}
 
 QString commentLines(const QString &text)
 {
-    QString commented = text;
-    return u"--"_s + commented.replace("\r\n"_L1, "\r\n--"_L1);
+    return u"--"_s + withExchanged(text, u"\r\n", u"\r\n--");
 }
 
 QString uncommentText(const QString &text)
 {
-    QString plain = text;
-    return plain.remove("--"_L1);
+    return withExchanged(text, u"--", {});
 }

@@ -2,7 +2,11 @@
 
 #include <QString>
 
-/// What the toolbar's text commands make of a selected text.
+/// What the toolbar's text commands make of a selected text, in time linear in its length.
+
+/// Letters may become two: "ß" in upper case is "SS".
+QString upperCase(const QString &text);
+QString lowerCase(const QString &text);
 
 /// Puts "--" before every line, the empty one behind a final line end included.
 QString commentLines(const QString &text);

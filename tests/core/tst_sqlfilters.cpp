@@ -32,13 +32,15 @@ QString randomText(QRandomGenerator &random, int length)
     return text;
 }
 
-/// What becomes of each of a million such lines. A search that starts over for every comment would
-/// take hours on them.
-QString strippedLine(const QString &line)
+/// What a function makes of each of a million such lines. One that starts over for every line, or
+/// moves what comes after it, would take minutes to hours on them.
+TextFunction onAMillionLines(const TextFunction &function)
 {
-    constexpr qsizetype lines = 1'000'000;
-    const QString result = stripComments(line.repeated(lines));
-    return result.size() % lines == 0 ? result.last(result.size() / lines) : u"uneven"_s;
+    return [function](const QString &line) {
+        constexpr qsizetype lines = 1'000'000;
+        const QString result = function(line.repeated(lines));
+        return result.size() % lines == 0 ? result.last(result.size() / lines) : u"uneven"_s;
+    };
 }
 
 } // namespace
@@ -106,7 +108,7 @@ void tst_SqlFilters::commentsOfRandomTexts()
 void tst_SqlFilters::texts_data()
 {
     addTextColumns();
-    addTextRows("a million lines", strippedLine,
+    addTextRows("a million lines", onAMillionLines(stripComments),
                 u"a --b\r\n→a \n|a --b\n→a |/* --b\n→/* |/*--*/→/*--*/|\n'--'→\n'--'|"
                 "'--\r\n→'\n"_s);
     addTextRows(
@@ -129,6 +131,17 @@ void tst_SqlFilters::texts_data()
     addTextRows("commented lines", commentLines,
                 u"a\r\nb→--a\r\n--b|a\r\n→--a\r\n--|--a→----a|a\nb→--a\nb"_s);
     addTextRows("uncommented", uncommentText, u"x -- y→x  y|----a\r\n--b - c---d→a\r\nb - c-d"_s);
+    // Letters that become two, and some that take two units of text.
+    addTextRows("upper case of a million lines", onAMillionLines(upperCase), u"ß a𐐨ŉ→SS A𐐀ʼN"_s);
+    addTextRows("lower case of a million lines", onAMillionLines(lowerCase), u"İ A𐐀x→i̇ a𐐨x"_s);
+    addTextRows("a million commented lines",
+                onAMillionLines([](const QString &text) { return commentLines(text).chopped(2); }),
+                u"a\r\n→--a\r\n"_s);
+    addTextRows("a million uncommented lines", onAMillionLines(uncommentText), u"--a - --→a - "_s);
+    addTextRows("a million lines in a block", onAMillionLines([](const QString &text) {
+                    return lineFeedsOnly(doubleQuotes(text));
+                }),
+                u"'a'\r\n→''a''\n"_s);
 }
 
 void tst_SqlFilters::statementIdFitsThePlanTable()
