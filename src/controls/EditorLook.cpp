@@ -22,7 +22,7 @@ EditorLook::EditorLook(QsciScintilla &editor, SyntaxColouring &colouring, Editor
     : m_editor(editor)
     , m_colouring(colouring)
     , m_formats(formats)
-    , m_theme(editor.palette().color(QPalette::Base))
+    , m_theme(editor.palette())
     , m_fontName(fixedWidthFamily())
 {
     editor.setCaretLineVisible(true);
@@ -41,9 +41,12 @@ void EditorLook::apply()
     m_colouring.setLook(m_theme, m_fontName, defaultPoints());
     m_formats.setTextColor(m_theme.text());
     m_editor.setCaretForegroundColor(m_theme.text());
+    m_editor.SendScintilla(QsciScintilla::SCI_SETADDITIONALCARETFORE, m_theme.text());
     m_editor.setCaretLineBackgroundColor(m_theme.currentLine());
     m_editor.setSelectionBackgroundColor(m_theme.selection());
-    m_editor.resetSelectionForegroundColor();
+    m_editor.SendScintilla(QsciScintilla::SCI_SETADDITIONALSELBACK, m_theme.selection());
+    m_editor.setSelectionForegroundColor(m_theme.text());
+    m_editor.SendScintilla(QsciScintilla::SCI_SETADDITIONALSELFORE, m_theme.text());
     m_editor.setMarginsFont(font());
     m_editor.setMarginsForegroundColor(m_theme.lineNumber());
     m_editor.setMarginsBackgroundColor(m_theme.margin());
@@ -55,7 +58,7 @@ void EditorLook::apply()
 
 void EditorLook::setBackground(const QColor &color)
 {
-    m_theme = EditorTheme(color);
+    m_theme = ColourTheme(color, m_editor.palette().color(QPalette::Active, QPalette::Text));
     m_hasOwnBackground = true;
     apply();
 }
@@ -64,7 +67,7 @@ void EditorLook::followPalette()
 {
     if (m_hasOwnBackground)
         return;
-    m_theme = EditorTheme(m_editor.palette().color(QPalette::Base));
+    m_theme = ColourTheme(m_editor.palette());
     apply();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/EditorTheme.h"
+#include "controls/ColourTheme.h"
 
 #include <QFont>
 #include <QString>
@@ -36,7 +36,7 @@ private:
     QsciScintilla &m_editor;
     SyntaxColouring &m_colouring;
     EditorFormats &m_formats;
-    EditorTheme m_theme;
+    ColourTheme m_theme;
     bool m_hasOwnBackground = false;
     QString m_fontName;
 };

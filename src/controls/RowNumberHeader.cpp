@@ -1,5 +1,7 @@
 #include "controls/RowNumberHeader.h"
 
+#include "controls/ColourTheme.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 
@@ -29,11 +31,12 @@ QSize RowNumberHeader::sizeHint() const
 
 void RowNumberHeader::paintSection(QPainter *painter, const QRect &rect, int row) const
 {
-    painter->fillRect(rect, palette().color(QPalette::Button));
-    painter->setPen(palette().color(QPalette::Mid));
+    const ColourTheme theme(palette());
+    painter->fillRect(rect, theme.margin());
+    painter->setPen(theme.gridLine());
     painter->drawLine(rect.bottomLeft(), rect.bottomRight());
     painter->drawLine(rect.topRight(), rect.bottomRight());
-    painter->setPen(palette().color(QPalette::PlaceholderText));
+    painter->setPen(theme.lineNumber());
     // On the line that the cells' texts stand on; below them is the grid's own line.
     const QString number = QString::number(row + 1);
     const QFontMetrics metrics = fontMetrics();

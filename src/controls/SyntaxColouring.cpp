@@ -56,14 +56,14 @@ void SyntaxColouring::setWordClasses(const WordClasses &classes)
     colourEverythingAgain();
 }
 
-void SyntaxColouring::setLook(const EditorTheme &theme, const QString &family, double points)
+void SyntaxColouring::setLook(const ColourTheme &theme, const QString &family, double points)
 {
     int slot = 0;
     for (const FontFormat &font : m_formats.fonts())
         setStyleLooks(slot++, font, theme, family, points);
 }
 
-void SyntaxColouring::setStyleLooks(int slot, const FontFormat &font, const EditorTheme &theme,
+void SyntaxColouring::setStyleLooks(int slot, const FontFormat &font, const ColourTheme &theme,
                                     const QString &family, double points)
 {
     const QByteArray familyName = family.toUtf8();

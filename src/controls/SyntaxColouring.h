@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/ColourTheme.h"
 #include "controls/EditorFormats.h"
-#include "controls/EditorTheme.h"
 #include "controls/StyleBytes.h"
 #include "sqltext/SqlTokenizer.h"
 
@@ -24,7 +24,7 @@ public:
     void setDefinition(const SyntaxDefinition &definition);
     void setWordClasses(const WordClasses &classes);
     /// Gives every style its font and its colour on the theme's background.
-    void setLook(const EditorTheme &theme, const QString &family, double points);
+    void setLook(const ColourTheme &theme, const QString &family, double points);
 
     /// The widget needs the colours up to @p position.
     void colourTo(long position);
@@ -55,7 +55,7 @@ private:
     TextKind kindAt(long position) const;
     void appendStyle(TextKind kind, const char *text, long position, long length);
     void growPositionCache(long lineLength);
-    void setStyleLooks(int slot, const FontFormat &font, const EditorTheme &theme,
+    void setStyleLooks(int slot, const FontFormat &font, const ColourTheme &theme,
                        const QString &family, double points);
     TextLook lookOf(TextKind kind) const;
 

@@ -1,5 +1,7 @@
 #include "controls/gridLook.h"
 
+#include "controls/ColourTheme.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QEvent>
@@ -8,26 +10,17 @@
 
 namespace {
 
-/// The colour on the way from @p from to @p to.
-QColor between(const QColor &from, const QColor &to, float share)
-{
-    return QColor::fromRgbF(from.redF() + (to.redF() - from.redF()) * share,
-                            from.greenF() + (to.greenF() - from.greenF()) * share,
-                            from.blueF() + (to.blueF() - from.blueF()) * share);
-}
-
 void applyColours(QAbstractItemView *view)
 {
     const QPalette program = QApplication::palette(view);
-    const QColor base = program.color(QPalette::Active, QPalette::Base);
-    const QColor text = program.color(QPalette::Active, QPalette::Text);
+    const ColourTheme theme(program);
     const QColor accent = program.color(QPalette::Active, QPalette::Highlight);
 
     QPalette palette;
-    palette.setColor(QPalette::AlternateBase, between(base, text, 0.04F));
-    palette.setColor(QPalette::Highlight, between(base, accent, 0.4F));
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, between(base, accent, 0.25F));
-    palette.setColor(QPalette::HighlightedText, text);
+    palette.setColor(QPalette::AlternateBase, theme.otherRow());
+    palette.setColor(QPalette::Highlight, theme.tinted(accent, 0.4));
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, theme.tinted(accent, 0.25));
+    palette.setColor(QPalette::HighlightedText, theme.text());
     view->setPalette(palette);
 }
 

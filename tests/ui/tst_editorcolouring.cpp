@@ -1,4 +1,6 @@
+#include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
+#include "controls/RowNumberHeader.h"
 #include "controls/StyleBytes.h"
 #include "controls/SyntaxColouring.h"
 #include "support/DataRows.h"
@@ -6,6 +8,7 @@
 #include "support/testFiles.h"
 
 #include <QRandomGenerator>
+#include <QStandardItemModel>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -91,8 +94,8 @@ private slots:
     void pickedTextIsOrange();
     void fontsLieOverTheColours();
     void typedTextTakesWhatWasSet();
-    void readableOnEveryBackground_data();
-    void readableOnEveryBackground();
+    void readableOnEveryDesktop_data();
+    void readableOnEveryDesktop();
 };
 
 void tst_EditorColouring::wordsHaveTheirClassColours()
@@ -277,16 +280,21 @@ void tst_EditorColouring::typedTextTakesWhatWasSet()
     QCOMPARE(ownColour(editor, 1), std::nullopt);
 }
 
-void tst_EditorColouring::readableOnEveryBackground_data()
+void tst_EditorColouring::readableOnEveryDesktop_data()
 {
-    QTest::addColumn<QColor>("background");
-    for (const char *name : {"white", "black", "#1e1e1e", "#002b36", "#fdf6e3", "navy", "gray"})
-        QTest::newRow(name) << QColor(QLatin1StringView(name));
+    const DataRows<QColor, QColor> row("base", "text");
+    row("light", Qt::white, Qt::black);
+    row("dark", "#1b1e20"_L1, "#fcfcfc"_L1);
+    row("coloured", "#002b36"_L1, "#93a1a1"_L1);
+    row("grey", Qt::gray, Qt::darkGray);
+    row("unreadable text", Qt::darkBlue, Qt::black);
 }
 
-void tst_EditorColouring::readableOnEveryBackground()
+// Whatever a desktop's palette says beside background and text.
+void tst_EditorColouring::readableOnEveryDesktop()
 {
-    QFETCH(QColor, background);
+    QFETCH(QColor, base);
+    QFETCH(QColor, text);
     const auto luminance = [](const QColor &color) {
         const auto linear = [](double c) {
             return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
@@ -294,23 +302,59 @@ void tst_EditorColouring::readableOnEveryBackground()
         return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
                0.0722 * linear(color.blueF());
     };
-    const auto contrast = [&](const QColor &a, const QColor &b) {
+    const auto contrastOf = [&](const QColor &a, const QColor &b) {
         const auto [low, high] = std::minmax({luminance(a), luminance(b)});
         return (high + 0.05) / (low + 0.05);
     };
     EditorControl editor;
     prepare(editor);
-    editor.setBackColor(background);
-    QCOMPARE(editor.BackColor(), background);
+    DataGrid grid;
+    const QPalette before = QGuiApplication::palette();
+    QPalette palette(base);
+    for (const auto role : {QPalette::Base, QPalette::Button, QPalette::Mid, QPalette::Highlight,
+                            QPalette::PlaceholderText})
+        palette.setColor(role, base);
+    palette.setColor(QPalette::Text, text);
+    QGuiApplication::setPalette(palette);
+    QTRY_COMPARE(editor.BackColor(), base);
+    const QPalette gridColours = grid.palette();
+    QGuiApplication::setPalette(before);
+
     editor.setText(u"select date x -- c\n'l' 12 \"q\""_s);
     for (const int at : {0, 7, 12, 15, 20, 24, 27}) {
         const QColor colour = wordColour(editor, at);
-        QVERIFY2(contrast(colour, background) >= 3.0, qPrintable(colour.name()));
+        // The red of data types is not as far from white, either.
+        QVERIFY2(contrastOf(colour, base) >= (at == 7 ? 3.5 : 4.5), qPrintable(colour.name()));
     }
-    const EditorTheme theme(background);
-    QVERIFY(contrast(theme.text(), background) >= 4.5);
-    QVERIFY(contrast(theme.text(), theme.selection()) >= 3.0);
-    QVERIFY(contrast(theme.lineNumber(), theme.margin()) >= 2.0);
+    const ColourTheme theme(base, text);
+    for (const QColor &ground : {base, theme.margin(), theme.currentLine(), theme.otherRow(),
+                                 theme.selection(), theme.brace(), theme.unmatchedBrace()})
+        QVERIFY2(contrastOf(theme.text(), ground) >= 4.5, qPrintable(ground.name()));
+    QCOMPARE(theme.text() == text, contrastOf(text, base) >= 4.5);
+    QVERIFY(contrastOf(theme.lineNumber(), theme.margin()) >= 4.5);
+    const auto marginColour = [&](unsigned attribute) {
+        return colourOf(editor.SendScintilla(attribute, Sci::STYLE_LINENUMBER));
+    };
+    QCOMPARE(marginColour(Sci::SCI_STYLEGETFORE), theme.lineNumber());
+    QCOMPARE(marginColour(Sci::SCI_STYLEGETBACK), theme.margin());
+
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        QVERIFY(contrastOf(gridColours.color(group, QPalette::HighlightedText),
+                           gridColours.color(group, QPalette::Highlight)) >= 4.5);
+    QVERIFY(contrastOf(theme.text(), gridColours.color(QPalette::AlternateBase)) >= 4.5);
+    QCOMPARE(gridColours.color(QPalette::AlternateBase), theme.otherRow());
+    QStandardItemModel model(1, 1);
+    RowNumberHeader header;
+    header.setModel(&model);
+    header.setPalette(palette);
+    header.setFont(QFont(u"DejaVu Sans Mono"_s, 40));
+    header.resize(200, 100);
+    const QImage picture = header.grab().toImage();
+    double best = 1;
+    for (int x = 0; x < picture.width(); ++x)
+        best = std::max(
+            best, contrastOf(picture.pixelColor(x, header.sectionSize(0) / 2), theme.margin()));
+    QVERIFY(best >= 4.5);
 }
 
 QTEST_MAIN(tst_EditorColouring)

@@ -69,7 +69,6 @@ private slots:
     void gridFitsWidthsOnce();
     void gridShowsLongTextsOnOneLine_data();
     void gridShowsLongTextsOnOneLine();
-    void coloursFollowThePalette();
     void selectionAsText_data();
     void selectionAsText();
     void flexGridCountsFixedCells();
@@ -199,22 +198,6 @@ void tst_grids::gridShowsLongTextsOnOneLine()
     QCOMPARE(shown(grid, 0, 1), u"last"_s);
     grid.selectionModel()->select(grid.model()->index(0, 0), QItemSelectionModel::Select);
     QCOMPARE(grid.SelText(), value.toText());
-}
-
-void tst_grids::coloursFollowThePalette()
-{
-    const QPalette before = QGuiApplication::palette();
-    DataGrid grid;
-    for (const QColor &base : {QColor(Qt::white), QColor(Qt::black)}) {
-        QPalette palette;
-        palette.setColor(QPalette::Base, base);
-        palette.setColor(QPalette::Text, base == Qt::white ? Qt::black : Qt::white);
-        QGuiApplication::setPalette(palette);
-        QTRY_VERIFY(qAbs(grid.palette().color(QPalette::AlternateBase).lightness() -
-                         base.lightness()) < 20);
-        QCOMPARE(grid.palette().color(QPalette::HighlightedText), palette.color(QPalette::Text));
-    }
-    QGuiApplication::setPalette(before);
 }
 
 void tst_grids::selectionAsText_data()
