@@ -1,7 +1,6 @@
 #pragma once
 
-#include <sql.h>
-#include <sqlext.h>
+#include "dataaccess/odbc/odbcHeaders.h"
 
 /// What the ways to speak with a driver depend on.
 struct OdbcAbilities

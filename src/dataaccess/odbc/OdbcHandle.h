@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "dataaccess/odbc/odbcHeaders.h"
 
-#include <sql.h>
-#include <sqlext.h>
+#include <QString>
 
 #include <utility>
 

@@ -202,7 +202,7 @@ void OdbcSession::readAbilities()
     const QString driver = textInfo(m_connection, SQL_DRIVER_NAME);
     m_abilities.getDataExtensions = info<SQLUINTEGER>(m_connection, SQL_GETDATA_EXTENSIONS, 0);
     m_abilities.declarationsBindValues = textInfo(m_connection, SQL_DBMS_NAME) != "SQLite"_L1;
-    m_abilities.isMariaDb = driver.contains("libmaodbc"_L1);
+    m_abilities.isMariaDb = driver.contains("maodbc"_L1);
     if (m_abilities.isMariaDb)
         m_abilities.givesUtf8 = scalar(u"select @@character_set_results"_s).startsWith("utf8"_L1);
     // PostgreSQL's driver without wide functions, such as psqlodbca.so, gives narrow texts alone.

@@ -57,7 +57,7 @@ Value ParameterBuffer::load(const Parameter &parameter) const
     if (m_indicator == SQL_NULL_DATA || (isUtf8 && m_indicator == 0))
         return NullValue{};
     if (m_cType == SQL_C_SLONG) {
-        SQLINTEGER number = 0;
+        std::int32_t number = 0;
         std::memcpy(&number, m_memory.data(), sizeof number);
         return number;
     }
