@@ -32,7 +32,8 @@ const QString saveFilter = u"All Files (*.*)|*.*|Package Body (*.bod)|*.bod|"
 void FrameCommands::mnuOrbekSqlEditor_Click()
 {
     reportErrors([] {
-        startProgram(applicationFile(u"Querna"_s), {gConnectString}, StartWindow::Maximized);
+        startProgram(applicationFile(QStringLiteral(QUERNA_PROGRAM)), {gConnectString},
+                     StartWindow::Maximized);
     });
 }
 

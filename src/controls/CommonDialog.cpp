@@ -5,6 +5,7 @@
 #include "platform/RuntimeError.h"
 
 #include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QStringList>
 
@@ -52,7 +53,7 @@ void CommonDialog::runFileDialog(QFileDialog &dialog, const QString &objectName)
     if (!FileName.isEmpty())
         dialog.selectFile(FileName);
     const bool accepted = run(dialog, objectName);
-    FileName = accepted ? dialog.selectedFiles().value(0) : QString();
+    FileName = accepted ? QDir::toNativeSeparators(dialog.selectedFiles().value(0)) : QString();
 }
 
 void CommonDialog::ShowOpen()

@@ -7,11 +7,22 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+#ifdef Q_OS_WIN
+constexpr bool choosesOldest = true;
+#else
+constexpr bool choosesOldest = false;
+#endif
+
+} // namespace
+
 QString fixedWidthFamily()
 {
-    // The desktop may name an alias, behind which any font can stand.
+    // The desktop may name an alias, behind which any font can stand. Windows has no choice of the
+    // user's there, and names the oldest of its fonts.
     const QFontInfo chosen(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    if (QFontDatabase::isFixedPitch(chosen.family()))
+    if (!choosesOldest && QFontDatabase::isFixedPitch(chosen.family()))
         return chosen.family();
     for (const QString &family :
          {u"Cascadia Mono"_s, u"JetBrains Mono"_s, u"Noto Sans Mono"_s, u"DejaVu Sans Mono"_s,

@@ -1,6 +1,7 @@
 #include "platform/applicationFolder.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 namespace {
 
@@ -14,12 +15,13 @@ QString &replacedFolder()
 
 QString applicationFolder()
 {
-    return replacedFolder().isEmpty() ? QCoreApplication::applicationDirPath() : replacedFolder();
+    return QDir::toNativeSeparators(
+        replacedFolder().isEmpty() ? QCoreApplication::applicationDirPath() : replacedFolder());
 }
 
 QString applicationFile(const QString &fileName)
 {
-    return applicationFolder() + u'/' + fileName;
+    return applicationFolder() + QDir::separator() + fileName;
 }
 
 void setApplicationFolder(const QString &folder)

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// The folder of the program file, without a trailing separator. The history, the syntax
-/// definition and the scratch file lie in it.
+/// The folder of the program file, with the system's separators and none at the end. The history,
+/// the syntax definition and the scratch file lie in it.
 QString applicationFolder();
 
 /// The path of a file beside the program.

@@ -8,12 +8,12 @@ class QSettings;
 
 /// The program's own settings files: INI files in the user's configuration folder, in a folder
 /// that only the owner can open (0700), each readable by the owner alone (0600). A device or a pipe
-/// in the place of one is refused.
+/// in the place of one is refused. On Windows each is a key of the user's part of the registry.
 
-/// The path of the settings file with base name @p name. Nothing is created.
+/// The path of the settings file with base name @p name, or of its key. Nothing is created.
 QString privateSettingsPath(const QString &name);
 
-/// Runs @p read on the file's settings; without a file nothing is run.
+/// Runs @p read on the file's settings; without a file nothing need be run.
 /// @throws RuntimeError 75 when the file is there and cannot be read
 void readPrivateSettings(const QString &name, const std::function<void(QSettings &)> &read);
 

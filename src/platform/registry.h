@@ -13,7 +13,8 @@ qint32 CreateRegKey(const QString &keyName, RegistryHive hive = RegistryHive::Cu
 /// empty @p value deletes the named value instead and creates nothing.
 /// @returns 1 when done, 0 when not
 ///
-/// Both work on a per-user settings file in the registry's stead; the local machine's hive is kept
-/// per user too.
+/// Where there is no registry, both work on a per-user settings file in its stead; the local
+/// machine's hive is kept per user too. The registry itself lets an ordinary user write nothing
+/// into that hive.
 qint16 SetRegValue(const QString &keyName, const QString &valueName, const QString &value,
                    RegistryHive hive = RegistryHive::CurrentUser);

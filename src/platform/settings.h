@@ -3,7 +3,7 @@
 #include <QString>
 
 /// Per-user settings: values named by application, section and key. The store is a file that only
-/// its owner can read (mode 0600).
+/// its owner can read (mode 0600), on Windows the user's own part of the registry.
 
 /// The stored value; an empty text when there is none.
 /// @throws RuntimeError 75 when the store cannot be read
