@@ -1,10 +1,7 @@
 #include "controls/icons.h"
 
-#include "controls/SvgIconEngine.h"
-
-#include <QFile>
-
-using namespace Qt::StringLiterals;
+#include "controls/ThemedIconEngine.h"
+#include "controls/iconImage.h"
 
 static void initResources()
 {
@@ -15,8 +12,5 @@ QIcon themedIcon(const QString &name)
 {
     static const bool initialised = (initResources(), true);
     Q_UNUSED(initialised);
-    QFile file(u":/icons/%1.svg"_s.arg(name));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QIcon(new SvgIconEngine(name, file.readAll()));
+    return hasIcon(name) ? QIcon(new ThemedIconEngine(name)) : QIcon();
 }

@@ -1,11 +1,12 @@
-#include "controls/SvgIconEngine.h"
+#include "controls/ThemedIconEngine.h"
+
+#include "controls/iconImage.h"
 
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 
 #include <utility>
 
@@ -22,28 +23,22 @@ QColor lineColour(QIcon::Mode mode)
                                                                    : QPalette::ButtonText);
 }
 
-QByteArray coloured(QByteArray svg, const QColor &colour)
-{
-    return svg.replace("currentColor", colour.name().toLatin1());
-}
-
 } // namespace
 
-SvgIconEngine::SvgIconEngine(QString name, QByteArray svg)
+ThemedIconEngine::ThemedIconEngine(QString name)
     : m_name(std::move(name))
-    , m_svg(std::move(svg))
 {
 }
 
-void SvgIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode,
-                          QIcon::State state)
+void ThemedIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode,
+                             QIcon::State state)
 {
     const qreal scale = painter->device()->devicePixelRatio();
     painter->drawPixmap(rect, pixmap(rect.size() * scale, mode, state));
 }
 
 /// @param size  in pixels of the device
-QPixmap SvgIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State)
+QPixmap ThemedIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State)
 {
     const QColor colour = lineColour(mode);
     const QString cacheKey = u"querna_%1_%2x%3_%4_%5"_s.arg(m_name)
@@ -54,31 +49,29 @@ QPixmap SvgIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State)
     QPixmap pixmap;
     if (QPixmapCache::find(cacheKey, &pixmap))
         return pixmap;
-    pixmap = QPixmap(size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QSvgRenderer(coloured(m_svg, colour)).render(&painter);
+    QImage image = iconImage(m_name, size, colour);
     if (mode == QIcon::Disabled) {
+        QPainter painter(&image);
         painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-        painter.fillRect(pixmap.rect(), QColor(0, 0, 0, disabledAlpha));
+        painter.fillRect(image.rect(), QColor(0, 0, 0, disabledAlpha));
     }
-    painter.end();
+    pixmap = QPixmap::fromImage(image);
     QPixmapCache::insert(cacheKey, pixmap);
     return pixmap;
 }
 
-QPixmap SvgIconEngine::scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state, qreal)
+QPixmap ThemedIconEngine::scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state,
+                                       qreal)
 {
     return pixmap(size, mode, state);
 }
 
-QIconEngine *SvgIconEngine::clone() const
+QIconEngine *ThemedIconEngine::clone() const
 {
-    return new SvgIconEngine(*this);
+    return new ThemedIconEngine(*this);
 }
 
-QString SvgIconEngine::key() const
+QString ThemedIconEngine::key() const
 {
     return u"querna"_s;
 }

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QByteArray>
 #include <QIconEngine>
 #include <QString>
 
-/// Draws an icon from SVG, `currentColor` in it being the text colour of the program's palette.
-class SvgIconEngine : public QIconEngine
+/// Draws one of the program's icons, in the text colour of the palette of the moment.
+class ThemedIconEngine : public QIconEngine
 {
 public:
-    /// @param name  tells the picture from others in the pixmap cache
-    SvgIconEngine(QString name, QByteArray svg);
+    /// @param name  of an icon that is there
+    explicit ThemedIconEngine(QString name);
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override;
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
@@ -20,5 +19,4 @@ public:
 
 private:
     QString m_name;
-    QByteArray m_svg;
 };
