@@ -1,5 +1,5 @@
-// Shows what the program does where there is no display: walks through it on the sandbox and leaves a
-// picture of every step.
+// Shows what the program does where there is no display: walks through it on the sandbox and leaves
+// a picture of every step.
 
 #include "Tour.h"
 
@@ -45,7 +45,8 @@ void logOn(Tour &tour)
     tour.control<QAbstractButton>(u"optSYS_1"_s).click();
     tour.picture(u"login-as-sysdba"_s, &login);
     login.close();
-    tour.frame.Form_Load(u"Provider=OrbekSandbox;Data Source=SANDBOX;User ID=scott;Password=tiger;"_s);
+    tour.frame.Form_Load(
+        u"Provider=OrbekSandbox;Data Source=SANDBOX;User ID=scott;Password=tiger;"_s);
     settle(300);
     tour.picture(u"sandbox"_s);
 }
@@ -110,7 +111,8 @@ void pick(Tour &tour)
         emit list->itemClicked(list->item(0));
     };
     tour.text().setText({});
-    tour.dialog(u"tables"_s, [&] { tour.press(commands, 16); }, pickFirst);
+    tour.dialog(
+        u"tables"_s, [&] { tour.press(commands, 16); }, pickFirst);
     tour.dialog(
         u"columns"_s, [&] { tour.press(commands, 17); },
         [&](QWidget *picker) {

@@ -49,14 +49,20 @@ void FrameCommands::openFile(EditorControl &editor, frmQuerna &window)
 {
     CommonDialog dialog(&window);
     dialog.Filter = openFilter;
+    dialog.FileName = window.fileName();
     dialog.ShowOpen();
-    if (!trimBlanks(dialog.FileName).isEmpty())
-        editor.LoadFile(dialog.FileName);
+    if (trimBlanks(dialog.FileName).isEmpty())
+        return;
+    editor.LoadFile(dialog.FileName);
+    window.setFileName(dialog.FileName);
 }
 
 void FrameCommands::openDropped(frmQuerna &window, const QString &path)
 {
-    reportErrors([&] { window.txtSQL()->LoadFile(path); });
+    reportErrors([&] {
+        window.txtSQL()->LoadFile(path);
+        window.setFileName(path);
+    });
     window.window()->activateWindow();
     window.txtSQL()->setFocus();
 }
@@ -75,6 +81,7 @@ void FrameCommands::saveFile(const EditorControl &editor, frmQuerna &window)
     dialog.DialogTitle = u"Save As"_s;
     dialog.CancelError = true;
     dialog.Filter = saveFilter;
+    dialog.FileName = window.fileName();
     dialog.ShowSave();
     if (dialog.FileName.isEmpty())
         return;
@@ -88,6 +95,7 @@ void FrameCommands::saveFile(const EditorControl &editor, frmQuerna &window)
     }
     const QString text = editor.GetText() + u"\r\n"_s;
     replaceFile(dialog.FileName, text.toUtf8());
+    window.setFileName(dialog.FileName);
 }
 
 void FrameCommands::mnuPrint_Click()

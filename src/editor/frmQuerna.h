@@ -42,6 +42,10 @@ public:
     /// The result that the grid shows and the export writes; null before the first Run.
     std::shared_ptr<Recordset> rsResult() const;
 
+    /// The file that was opened or saved last, which the next file dialog offers; empty at first.
+    QString fileName() const { return m_fileName; }
+    void setFileName(const QString &path) { m_fileName = path; }
+
     /// Refreshes the caption: user, database and the text's beginning.
     void refreshCaption();
 
@@ -84,4 +88,5 @@ private:
     bool m_splitDragging = false;
     bool m_terminated = false;
     QString m_connStr;
+    QString m_fileName;
 };

@@ -17,6 +17,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QDirIterator>
+#include <QFileDialog>
 #include <QFontDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -487,6 +488,15 @@ void TestFrame::saveAndOpen()
     QCOMPARE(program.text()->Text(), u"kept"_s);
     QCOMPARE(saying(u"mnuOpen"_s, path), QString());
     QCOMPARE(program.text()->Text(), u"other\r\n"_s);
+
+    QString offered;
+    whenModal([&offered](QWidget *dialog) {
+        offered = qobject_cast<QFileDialog *>(dialog)->selectedFiles().value(0);
+        dialog->close();
+    });
+    const MessageAnswers messages;
+    program.menuItem(u"mnuSave"_s)->trigger();
+    QCOMPARE(offered, path);
     QVERIFY(program.ends.empty());
 }
 
