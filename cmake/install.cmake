@@ -8,9 +8,15 @@ install(FILES resources/icons/querna.svg packaging/README.md LICENSE DESTINATION
 install(PROGRAMS packaging/add-to-menu packaging/uninstall DESTINATION .)
 
 # cpack --config build/release/CPackConfig.cmake packs that folder.
-set(CPACK_GENERATOR TGZ)
 set(CPACK_PACKAGE_VENDOR "Querna")
 string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" system)
+if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+    set(system windows)
+    set(CPACK_STRIP_FILES ON)
+else()
+    set(CPACK_GENERATOR TGZ)
+endif()
 set(CPACK_PACKAGE_FILE_NAME "querna-${PROJECT_VERSION}-${system}")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)
