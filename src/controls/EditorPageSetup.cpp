@@ -35,6 +35,8 @@ void EditorPageSetup::exec()
             wantsPrint = true;
             dialog.accept();
         });
+    } else {
+        wantsPrint = true; // the system's own dialog has no place for a button: printing follows it
     }
     nameParts(dialog);
     if (dialog.exec() == QDialog::Accepted && wantsPrint)

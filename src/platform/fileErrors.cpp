@@ -42,6 +42,21 @@ int fileErrorNumber(int osError, const QString &path, FileUse use)
     }
 }
 
+/// What the operation that has just failed left in errno. On Windows the toolkit leaves nothing, nor
+/// does it where it refuses a file by itself: then, what is in the way.
+int systemError(const QFileDevice &file, FileUse use)
+{
+    if (file.error() == QFileDevice::ResourceError)
+        return ENOSPC;
+    if (errno != 0)
+        return errno;
+    const QFileInfo info(file.fileName());
+    if (info.isDir())
+        return EISDIR;
+    const bool canCreate = use == FileUse::Write && QFileInfo(info.path()).isDir();
+    return info.exists() || canCreate ? EACCES : ENOENT;
+}
+
 } // namespace
 
 RuntimeError fileError(int osError, const QString &path, FileUse use)
@@ -51,8 +66,7 @@ RuntimeError fileError(int osError, const QString &path, FileUse use)
 
 RuntimeError fileError(const QFileDevice &file, FileUse use)
 {
-    const bool isFull = file.error() == QFileDevice::ResourceError;
-    return fileError(isFull ? ENOSPC : errno, file.fileName(), use);
+    return fileError(systemError(file, use), file.fileName(), use);
 }
 
 void requireOrdinaryFile(const QString &path)
