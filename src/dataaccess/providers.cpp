@@ -1,6 +1,7 @@
 #include "dataaccess/providers.h"
 
 #include "dataaccess/connectionString.h"
+#include "dataaccess/odbc/driverAdvice.h"
 #include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/sandbox/Sandbox.h"
 #include "platform/RuntimeError.h"
@@ -40,8 +41,7 @@ QString oracleDriver()
         throw RuntimeError(
             ErrorNumber::ProviderNotFound,
             u"The ODBC driver for Oracle is not installed: the driver manager knows none whose "
-            "name contains \"Oracle\". Install Oracle Instant Client with its ODBC package and "
-            "register the driver with odbcinst (or with the package's odbc_update_ini.sh)."_s);
+            "name contains \"Oracle\". "_s + oracleDriverAdvice());
     }
     return *found;
 }

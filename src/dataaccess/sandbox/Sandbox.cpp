@@ -1,6 +1,7 @@
 #include "dataaccess/sandbox/Sandbox.h"
 
 #include "dataaccess/connectionString.h"
+#include "dataaccess/odbc/driverAdvice.h"
 #include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/sandbox/SandboxAdapter.h"
 #include "platform/RuntimeError.h"
@@ -43,8 +44,7 @@ QString serverDriver()
         }
     }
     throw RuntimeError(ErrorNumber::ProviderNotFound,
-                       u"The sandbox needs MariaDB's ODBC driver. Install the package "
-                       "odbc-mariadb, for example with: sudo apt install odbc-mariadb"_s);
+                       u"The sandbox needs MariaDB's ODBC driver. "_s + mariaDbDriverAdvice());
 }
 
 // The server tells names in different letter case apart; users of this program do not.
