@@ -2,7 +2,6 @@
 
 #include "controls/accessKey.h"
 #include "controls/named.h"
-#include "dialogs/ReplaceAllRun.h"
 #include "platform/errorTraps.h"
 
 #include <QCheckBox>
@@ -13,7 +12,28 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <chrono>
+
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto pauseBetweenPortions = 20ms;
+constexpr int charactersPerPortion = 1'000'000; // some 50 ms
+// Replacements, and the characters that they may add to the text.
+constexpr qsizetype longestPortion = 100'000;
+constexpr qsizetype growthPerPortion = 4096;
+
+QString reversed(const QString &text)
+{
+    QString result(text.size(), Qt::Uninitialized);
+    std::reverse_copy(text.begin(), text.end(), result.begin());
+    return result;
+}
+
+} // namespace
 
 frmFind::frmFind(QWidget *parent)
     : QDialog(parent)
@@ -24,6 +44,8 @@ frmFind::frmFind(QWidget *parent)
     layout->addWidget(buildFields(), 1);
     layout->addWidget(buildButtons());
     resize(460, 0);
+    connect(&m_nextPortion, &QTimer::timeout, this,
+            [this] { endOnError([this] { replaceSome(); }); });
 }
 
 QWidget *frmFind::buildFields()
@@ -81,7 +103,7 @@ QWidget *frmFind::buildButtons()
 
 void frmFind::setTxt(EditorControl *ctl, QWidget *frm)
 {
-    endReplacing();
+    setReplacing(false);
     m_target = EditorTarget(ctl, frm);
     m_controlName = m_target.control().objectName();
 }
@@ -89,7 +111,7 @@ void frmFind::setTxt(EditorControl *ctl, QWidget *frm)
 void frmFind::setVisible(bool visible)
 {
     if (!visible)
-        endReplacing();
+        setReplacing(false);
     QDialog::setVisible(visible);
 }
 
@@ -118,8 +140,10 @@ void frmFind::cmdReplace_Click()
 void frmFind::cmdReplaceAll_Click()
 {
     endOnError([this] {
-        if (!txtFind->text().isEmpty() && !txtReplace->text().isEmpty())
-            beginReplacing();
+        if (txtFind->text().isEmpty() || txtReplace->text().isEmpty())
+            return;
+        takeText();
+        replaceSome();
     });
 }
 
@@ -160,23 +184,57 @@ void frmFind::findFrom(qsizetype start, const QString &messageWhenMissing)
     m_target.focusWindow();
 }
 
-void frmFind::beginReplacing()
+/// Begins with the editor's text of this moment.
+void frmFind::takeText()
 {
-    m_replacing = new ReplaceAllRun(m_target, txtFind->text(), txtReplace->text(), this);
-    connect(m_replacing, &ReplaceAllRun::ended, this, &frmFind::endReplacing);
-    m_replacing->start();
-    if (!m_replacing)
-        return;
-    for (QWidget *widget : m_searching)
-        widget->setEnabled(false);
+    m_shown = m_target.control().Text();
+    m_done.clear();
+    m_rest = reversed(m_shown);
+    // One that is known to have no end does not hurry, so that it takes hours to fill the memory.
+    m_allowed = txtReplace->text().contains(txtFind->text()) ? 0 : m_shown.size();
 }
 
-void frmFind::endReplacing()
+/// Replaces for a moment. The characters of the rest go over to what is done one by one, so that an
+/// occurrence is seen when its last one comes; its replacement is put back to the rest, and so can
+/// be a part of the next occurrence.
+void frmFind::replaceSome()
 {
-    if (!m_replacing)
-        return;
-    m_replacing->deleteLater();
-    m_replacing.clear();
+    if (!m_target.exists())
+        return setReplacing(false);
+    if (m_target.control().Text() != m_shown)
+        takeText();
+    const QString find = txtFind->text();
+    const QString replacement = reversed(txtReplace->text());
+    const qsizetype growth = replacement.size() - find.size();
+    m_allowed = std::max(m_allowed, growth > 0 ? growthPerPortion / growth + 1 : longestPortion);
+    for (int left = charactersPerPortion; left > 0 && m_allowed > 0 && !m_rest.isEmpty(); --left) {
+        m_done += m_rest.back();
+        m_rest.chop(1);
+        if (!m_done.endsWith(find))
+            continue;
+        m_done.chop(find.size());
+        m_rest += replacement;
+        --m_allowed;
+    }
+    if (m_rest.isEmpty() || m_done.size() + m_rest.size() >= 2 * m_shown.size())
+        showText();
+    setReplacing(!m_rest.isEmpty());
+}
+
+void frmFind::showText()
+{
+    const QString text = m_done + reversed(m_rest);
+    if (text != m_shown)
+        m_target.control().setText(text);
+    m_shown = text;
+}
+
+void frmFind::setReplacing(bool on)
+{
+    if (on)
+        m_nextPortion.start(pauseBetweenPortions);
+    else
+        m_nextPortion.stop();
     for (QWidget *widget : m_searching)
-        widget->setEnabled(true);
+        widget->setEnabled(!on);
 }

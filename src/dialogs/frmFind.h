@@ -3,10 +3,9 @@
 #include "controls/EditorTarget.h"
 
 #include <QDialog>
-#include <QPointer>
+#include <QTimer>
 
 class QLineEdit;
-class ReplaceAllRun;
 
 /// Searches and replaces in the text of one editor control, which setTxt() names before the dialog
 /// is used. Searching always minds the letter case, whatever the check box says.
@@ -40,8 +39,10 @@ private:
 
     void findFrom(qsizetype start, const QString &messageWhenMissing);
     void findNext();
-    void beginReplacing();
-    void endReplacing();
+    void takeText();
+    void replaceSome();
+    void showText();
+    void setReplacing(bool on);
 
     QLineEdit *txtFind = nullptr;
     QLineEdit *txtReplace = nullptr;
@@ -50,5 +51,11 @@ private:
 
     EditorTarget m_target;
     QString m_controlName;
-    QPointer<ReplaceAllRun> m_replacing; ///< null when nothing is under way
+
+    // Replace All, portion by portion
+    QTimer m_nextPortion;    ///< runs while something is under way
+    QString m_shown;         ///< what the replacing went out from, or has given the editor since
+    QString m_done;          ///< the text's beginning, which holds no occurrence
+    QString m_rest;          ///< what follows on it, backwards
+    qsizetype m_allowed = 0; ///< replacements before the next pause
 };

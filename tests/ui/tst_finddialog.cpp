@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRandomGenerator>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -67,6 +68,8 @@ private slots:
     void findNext();
     void emptyTextsDoNothing();
     void replaceTakesTheSelection();
+    void replacesAgainAndAgain();
+    void replaceAllOfLargeText_data();
     void replaceAllOfLargeText();
     void longReplacingEndsByItself();
     void endlessOneTakesInWhatIsTyped();
@@ -158,13 +161,59 @@ void tst_finddialog::replaceTakesTheSelection()
     QCOMPARE(answers.texts, QStringList{u"No more occurrences found"_s});
 }
 
+void tst_finddialog::replacesAgainAndAgain()
+{
+    FindBench bench(QString{});
+    QRandomGenerator random(20240305);
+    for (int round = 0; round < 600; ++round) {
+        const auto randomText = [&](int shortest, int longest) {
+            QString text;
+            for (int n = random.bounded(shortest, longest + 1); n > 0; --n)
+                text += QChar(u'a' + random.bounded(2));
+            return text;
+        };
+        const QString text = randomText(0, 14);
+        const QString find = randomText(1, 4);
+        const QString replacement = randomText(1, 5);
+        // The rule word for word: search from the beginning, replace, and so again.
+        QString expected = text;
+        int most = 100;
+        for (qsizetype at = 0; most > 0 && (at = expected.indexOf(find)) >= 0; --most)
+            expected = expected.left(at) + replacement + expected.mid(at + find.size());
+        if (most == 0)
+            continue;
+        bench.editor->setText(text);
+        bench.replaceAll(find, replacement);
+        QCOMPARE(bench.editor->Text() + u" by "_s + find, expected + u" by "_s + find);
+        QVERIFY(!bench.replacing());
+    }
+    bench.editor->setText(u"x😀y😀"_s);
+    bench.replaceAll(u"y"_s, u"z"_s);
+    QCOMPARE(bench.editor->Text(), u"x😀z😀"_s);
+    bench.editor->ExecuteCommand(EditorControl::CommandUndo);
+    QCOMPARE(bench.editor->Text(), u"x😀y😀"_s);
+}
+
+void tst_finddialog::replaceAllOfLargeText_data()
+{
+    const DataRows<QString, QString, QString> row("unit", "find", "replacement");
+    row("plain hits", u"select ename from employees where empno = 4711;\r\n"_s, u"empno"_s,
+        u"employee_number"_s);
+    row("hits across borders", u"ab"_s, u"ab"_s, u"a"_s);
+    row("run shrinking", u"a"_s, u"aa"_s, u"a"_s);
+    row("near misses", u"aaaaaaaaaaaaaaaaaaaaaaab"_s, u"aaaaaaaaaaaaaaaab"_s, u"b"_s);
+}
+
+// A million characters: a search from the beginning each time would take minutes to hours.
 void tst_finddialog::replaceAllOfLargeText()
 {
-    constexpr int hits = 100'000;
-    FindBench bench(u"select ename from employees where empno = 4711;\r\n"_s.repeated(hits));
-    bench.replaceAll(u"empno"_s, u"employee_number"_s);
-    QVERIFY(!bench.replacing());
-    QCOMPARE(bench.editor->Text().count(u"where employee_number = "_s), hits);
+    QFETCH(QString, unit);
+    QFETCH(QString, find);
+    QFETCH(QString, replacement);
+    FindBench bench(unit.repeated(1'000'000 / unit.size()));
+    bench.replaceAll(find, replacement);
+    QTRY_VERIFY(!bench.replacing());
+    QVERIFY(!bench.editor->Text().contains(find));
 }
 
 // Sorting takes the square of the length in replacements, which is more than one portion.
