@@ -1,20 +1,16 @@
 #pragma once
 
-#include <QFrame>
-#include <QRect>
 #include <QString>
+#include <QWidget>
 
 #include <array>
 
 class FramePacer;
 class QLabel;
-class QPainter;
 
 /// The status bar of an editor window: five text panels side by side, labels named
 /// `<objectName>_1` to `<objectName>_5`.
-///
-/// The labels only hold the texts, so that a new one asks nobody for room; the bar paints them.
-class StatusPanels : public QFrame
+class StatusPanels : public QWidget
 {
     Q_OBJECT
 public:
@@ -30,21 +26,12 @@ public:
     /// Gives the labels now what setPanelTextSoon() has for them.
     void showTexts();
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-
 protected:
-    bool event(QEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
-    QRect textRect(const QLabel *panel) const;
-    std::array<int, panelCount> usualWidths() const;
-    void layOutPanels();
+    void setWidths();
     void takeTexts();
-    void paintPanel(QPainter &painter, const QLabel &panel) const;
 
     std::array<QLabel *, panelCount> m_labels{};
     std::array<QString, panelCount> m_texts;
