@@ -53,7 +53,7 @@ StatusPanels::StatusPanels(const QString &objectName, QWidget *parent)
     setWidths();
 }
 
-/// In a window that is too narrow all panels give way alike.
+/// In a window that is too narrow it gives way first, then all of them alike.
 void StatusPanels::setWidths()
 {
     auto *row = static_cast<QHBoxLayout *>(layout());

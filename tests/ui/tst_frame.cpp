@@ -87,9 +87,7 @@ private slots:
     void commandLineOpensTheSession();
     void commandLineThatFailsEndsInSilence();
     void menusAndToolbarsStandInOrder();
-    void menuKeysReachTheirItems();
     void clicksLeaveTheFocus();
-    void captionIsRefreshedOnReturn();
     void childWindowKeepsItsSize();
     void passwordLeavesTheProcessList();
     void dividerFollowsTheMouse();
@@ -110,29 +108,35 @@ void TestFrame::emptyCommandLineShowsLogin()
 {
     ProgramFixture program(u" \" \"\"  "_s);
     QVERIFY(program.frame().isVisible());
-    const frmQuernaLogin *login = loginOf(program.frame());
+    frmQuernaLogin *login = loginOf(program.frame());
     QVERIFY(login->isVisible());
     QVERIFY(!login->isModal());
-    QVERIFY(program.editor() == nullptr);
     QVERIFY(!gConnection);
+    const auto option = [&](const QString &name) { return login->findChild<QRadioButton *>(name); };
+    const auto press = [&](Qt::Key key) { QTest::keyClick(login, key, Qt::AltModifier); };
+    QApplication::setActiveWindow(login);
+    press(Qt::Key_D);
+    QTest::keyClicks(login->focusWidget(), u"elsewhere"_s);
+    QCOMPARE(login->findChild<QLineEdit *>(u"txtDb"_s)->text(), u"elsewhere"_s);
 
     // A SYS privilege leaves one driver to choose.
-    const auto option = [&](const QString &name) { return login->findChild<QRadioButton *>(name); };
-    QVERIFY(option(u"optPrefConn_0"_s)->isChecked());
-    QVERIFY(option(u"optSYS_0"_s)->isChecked());
     click(*login, u"optPrefConn_1"_s);
-    click(*login, u"optSYS_2"_s);
+    press(Qt::Key_Y);
+    QTRY_VERIFY(option(u"optSYS_2"_s)->isChecked());
     QVERIFY(option(u"optPrefConn_2"_s)->isChecked());
-    QVERIFY(!option(u"optPrefConn_0"_s)->isEnabled());
-    QVERIFY(!option(u"optPrefConn_1"_s)->isEnabled());
+    QVERIFY(!option(u"optPrefConn_0"_s)->isEnabled() && !option(u"optPrefConn_1"_s)->isEnabled());
     QVERIFY(option(u"optPrefConn_2"_s)->isEnabled());
     click(*login, u"optSYS_0"_s);
-    QVERIFY(option(u"optPrefConn_0"_s)->isChecked());
-    QVERIFY(option(u"optPrefConn_1"_s)->isEnabled());
+    QVERIFY(option(u"optPrefConn_0"_s)->isChecked() && option(u"optPrefConn_1"_s)->isEnabled());
+    click(*login, u"optSYS_1"_s);
 
-    // Cancelled, and used again before anything else has happened.
-    click(*login, u"cmdCancel"_s);
+    // Left, it is loaded afresh, and may be used again before anything else has happened.
+    QTest::keyClick(login, Qt::Key_Escape);
     QVERIFY(program.editor() == nullptr);
+    program.menuItem(u"mnuChangeConnection"_s)->trigger();
+    login = loginOf(program.frame());
+    QCOMPARE(login->findChild<QLineEdit *>(u"txtDb"_s)->text(), QString());
+    QVERIFY(option(u"optSYS_0"_s)->isChecked() && option(u"optPrefConn_0"_s)->isEnabled());
     const MessageAnswers messages;
     program.logOn({}, {}, u"nowhere"_s);
     QCOMPARE(messages.texts.size(), 1);
@@ -153,13 +157,21 @@ void TestFrame::commandLineOpensTheSession()
     QCOMPARE(gConnection->State(), adStateOpen);
     QCOMPARE(maxRecords, 100);
     QCOMPARE(program.editor()->windowTitle(), u"SCOTT@DWH - SQL Editor: ..."_s);
-    for (const auto &[text, shown] : {std::pair(u"  select 1 from a_table_with_a_long_name "_s,
-                                                u"select 1 from a_table_with_a_l"_s),
-                                      std::pair(u"\tselect\r\n 1 "_s, u"\tselect\r\n 1"_s)}) {
+    // The caption tells of the text whenever the window becomes the active one again. What a title
+    // bar cannot show is a blank there, and nothing in it is taken as a mark.
+    QWidget other;
+    other.show();
+    for (const auto &[text, shown, title] :
+         {std::tuple(u"  select 1 from a_table_with_a_long_name "_s,
+                     u"select 1 from a_table_with_a_l"_s, u"select 1 from a_table_with_a_l"_s),
+          std::tuple(u"\ta\r\nb[*]"_s, u"\ta\r\nb[*]"_s, u" a  b[*]"_s)}) {
         program.text()->setText(text);
-        program.editor()->Form_Activate();
-        QCOMPARE(program.editor()->windowTitle(), u"SCOTT@DWH - SQL Editor: %1..."_s.arg(shown));
-        QCOMPARE(program.text()->Text(), text);
+        QApplication::setActiveWindow(&other);
+        QApplication::setActiveWindow(&program.frame());
+        const QString caption = u"SCOTT@DWH - SQL Editor: %1..."_s;
+        QCOMPARE(program.editor()->windowTitle(), caption.arg(shown));
+        QCOMPARE(program.frame().windowHandle()->title(),
+                 u"Orbek SQL Editor - [%1]"_s.arg(caption.arg(title)));
     }
     QCOMPARE(program.text()->ScratchFile(), program.folder() + u"/dummy.sql"_s);
 }
@@ -213,11 +225,7 @@ mnuorbekusergroup Orbek User Group
              "Recall history of SQL statements|-|Exit Sql Editor"_s);
     QCOMPARE(toolTips(u"Toolbar1"_s), u"Retrieve next set of records|Retrieve all records|"
                                       "Stop retrieval of all records"_s);
-}
 
-void TestFrame::menuKeysReachTheirItems()
-{
-    ProgramFixture program(sqlite);
     program.grid()->setFocus(); // the editor has some of these keys itself
     for (QAction *item : program.frame().menuBar()->findChildren<QAction *>()) {
         if (item->shortcut().isEmpty())
@@ -245,20 +253,6 @@ void TestFrame::clicksLeaveTheFocus()
     box->setFocus();
     program.press(u"tbrQuerna"_s, 18); // the history, only from the editor
     QVERIFY(box->hasFocus());
-}
-
-void TestFrame::captionIsRefreshedOnReturn()
-{
-    ProgramFixture program(sqlite);
-    program.text()->setText(u"a\r\nb[*]"_s);
-    QWidget other;
-    other.show();
-    QApplication::setActiveWindow(&other);
-    QApplication::setActiveWindow(&program.frame());
-    QCOMPARE(program.editor()->windowTitle(), u"SCOTT@DWH - SQL Editor: a\r\nb[*]..."_s);
-    // What a title bar cannot show is a blank there, and nothing in it is taken as a mark.
-    QCOMPARE(program.frame().windowHandle()->title(),
-             u"Orbek SQL Editor - [SCOTT@DWH - SQL Editor: a  b[*]...]"_s);
 }
 
 void TestFrame::childWindowKeepsItsSize()

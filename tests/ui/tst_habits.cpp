@@ -1,4 +1,5 @@
 #include "app/MDIFormQuerna.h"
+#include "app/userGroup.h"
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
 #include "support/DataRows.h"
@@ -7,13 +8,10 @@
 #include "uisupport/ProgramFixture.h"
 #include "uisupport/accessibleNames.h"
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QDialog>
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QMimeData>
@@ -59,9 +57,8 @@ private slots:
     void keys();
     void paneKeys();
     void controlsTellWhatTheyAre();
-    void loginByKeyboard();
     void frameAndZoomAreKept();
-    void newWindowIsMaximized();
+    void otherProgramsAreStarted();
     void droppedFileIsOpened();
 };
 
@@ -143,30 +140,6 @@ void tst_habits::controlsTellWhatTheyAre()
     QToolTip::hideText();
 }
 
-void tst_habits::loginByKeyboard()
-{
-    ProgramFixture program(QString{});
-    const auto login = [&] { return program.control<QDialog>(u"frmQuernaLogin"_s); };
-    const auto press = [&](Qt::Key key) { QTest::keyClick(login(), key, Qt::AltModifier); };
-    const auto isChecked = [&](const QString &name) {
-        return program.control<QAbstractButton>(name)->isChecked();
-    };
-    const auto database = [&] { return program.control<QLineEdit>(u"txtDb"_s)->text(); };
-    QApplication::setActiveWindow(login());
-    press(Qt::Key_D);
-    QTest::keyClicks(login()->focusWidget(), u"elsewhere"_s);
-    QCOMPARE(database(), u"elsewhere"_s);
-    press(Qt::Key_Y);
-    QTRY_VERIFY(isChecked(u"optSYS_2"_s));
-    QVERIFY(isChecked(u"optPrefConn_2"_s));
-    QTest::keyClick(login(), Qt::Key_Escape);
-    QVERIFY(!login()->isVisible());
-    // The next one is loaded afresh.
-    program.menuItem(u"mnuChangeConnection"_s)->trigger();
-    QCOMPARE(database(), QString());
-    QVERIFY(isChecked(u"optSYS_0"_s));
-}
-
 void tst_habits::frameAndZoomAreKept()
 {
     ProgramFixture program(sqlite);
@@ -182,29 +155,43 @@ void tst_habits::frameAndZoomAreKept()
     next.Form_Load(sqlite);
     QCOMPARE(next.size(), size);
     QCOMPARE(next.findChild<EditorControl *>(u"txtSQL"_s)->zoomLevel(), 2);
+
+    // Whoever starts it can have it maximized; that is then not what the user has made it.
+    for (const bool maximized : {true, false}) {
+        qputenv("QUERNA_START_WINDOW", maximized ? "maximized" : "");
+        MDIFormQuerna started;
+        started.Form_Load({});
+        QCOMPARE(started.isMaximized(), maximized);
+        QTest::qWait(500);
+    }
 }
 
-void tst_habits::newWindowIsMaximized()
+void tst_habits::otherProgramsAreStarted()
 {
     ProgramFixture program(sqlite);
-    // In the program's place, something that tells what it was started with.
-    const QString standIn = program.folder() + u"/Querna"_s;
-    makeFile(standIn, "#!/bin/sh\nprintf '%s' \"$QUERNA_START_WINDOW\" >\"${0%/*}/told\"\n");
-    QFile::setPermissions(standIn, QFile::ReadOwner | QFile::ExeOwner);
+    // In their places, something that tells what it was started with.
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(program.folder()) + ':' + path);
     const QString told = program.folder() + u"/told"_s;
-    program.menuItem(u"mnuOrbekSqlEditor"_s)->trigger();
-    QTRY_VERIFY(QFileInfo(told).size() > 0);
-
-    qputenv("QUERNA_START_WINDOW", contentOf(told));
-    MDIFormQuerna next;
-    next.Form_Load({});
-    qunsetenv("QUERNA_START_WINDOW");
-    QVERIFY(next.isMaximized());
-    // That one start only: the user has not made it so.
-    QTest::qWait(500);
-    MDIFormQuerna later;
-    later.Form_Load({});
-    QVERIFY(!later.isMaximized());
+    for (const auto &[file, item, window, argument] :
+         {std::tuple(u"Querna"_s, u"mnuOrbekSqlEditor"_s, u"maximized"_s, sqlite),
+          std::tuple(u"xdg-open"_s, u"mnuJoinOrbekUserGroup"_s, QString(), userGroupJoinPage()),
+          std::tuple(u"xdg-open"_s, u"mnuMessageOrbekUserGroup"_s, QString(),
+                     userGroupMessagesPage())}) {
+        const QString standIn = program.folder() + u'/' + file;
+        makeFile(standIn, "#!/bin/sh\nprintf '%s %s' \"$QUERNA_START_WINDOW\" \"$1\" >${0%/*}/new\n"
+                          "mv ${0%/*}/new ${0%/*}/told\n");
+        QFile::setPermissions(standIn, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        program.menuItem(item)->trigger();
+        QTRY_VERIFY(QFile::exists(told));
+        QCOMPARE(QString::fromUtf8(contentOf(told)), window + u' ' + argument);
+        QFile::remove(told);
+    }
+    qputenv("PATH", path);
+    QVERIFY(program.ends.empty());
+    program.press(u"tbrQuerna"_s, 20);
+    program.menuItem(u"mnuExit"_s)->trigger();
+    QCOMPARE(program.ends, (std::vector{0, 0}));
 }
 
 void tst_habits::droppedFileIsOpened()
