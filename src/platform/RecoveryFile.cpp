@@ -24,13 +24,13 @@ const QString suffix = u".sql"_s;
 // and not worth a backup.
 QString recoveryFolder()
 {
-#ifdef Q_OS_UNIX
-    const QString chosen = qEnvironmentVariable("XDG_STATE_HOME");
-    const QString states = chosen.isEmpty() ? QDir::homePath() + u"/.local/state"_s : chosen;
+#ifdef Q_OS_WIN
+    const QString usual = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
 #else
-    const QString states = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const QString usual = QDir::homePath() + u"/.local/state"_s;
 #endif
-    return states + u"/Querna"_s;
+    const QString chosen = qEnvironmentVariable("XDG_STATE_HOME");
+    return (chosen.isEmpty() ? usual : chosen) + u"/Querna"_s;
 }
 
 // Only the end of its process makes a lock void, however long ago it was taken.

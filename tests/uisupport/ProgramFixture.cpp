@@ -9,11 +9,11 @@
 #include "platform/applicationFolder.h"
 #include "platform/mousePointer.h"
 #include "platform/process.h"
+#include "support/settingsPlace.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
@@ -27,8 +27,7 @@ ProgramFixture::ProgramFixture()
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setQuitOnLastWindowClosed(false);
     setApplicationFolder(m_folder.path());
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.filePath(u"settings"_s)));
-    qputenv("XDG_STATE_HOME", QFile::encodeName(m_folder.filePath(u"state"_s)));
+    keepSettingsIn(m_folder.path());
     setProgramEnd([this](int exitCode) { ends.push_back(exitCode); });
     prepareApplication();
     m_frame = std::make_unique<MDIFormQuerna>();
