@@ -1,7 +1,7 @@
 #include "controls/FlexGrid.h"
 
 #include "controls/ColumnHeader.h"
-#include "controls/FlexGridModel.h"
+#include "controls/RecordsetModel.h"
 #include "controls/enterKey.h"
 #include "controls/gridLook.h"
 #include "controls/selectionText.h"
@@ -12,22 +12,41 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-/// Resizing a section of a header that shows itself at once costs time in proportion to all of its
-/// sections.
-void resizeQuietly(QHeaderView *header, int section, int pixels)
+/// Whole texts at the top left of their cells, with nothing beside the rows.
+class WholeTexts : public RecordsetModel
 {
-    header->setUpdatesEnabled(false);
-    header->resizeSection(section, pixels);
-    header->setUpdatesEnabled(true);
-}
+public:
+    using RecordsetModel::RecordsetModel;
+
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        if (role == Qt::TextAlignmentRole)
+            return QVariant::fromValue(Qt::AlignLeft | Qt::AlignTop);
+        return RecordsetModel::data(index, role);
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override
+    {
+        const bool isName = orientation == Qt::Horizontal && role == Qt::DisplayRole;
+        return isName ? RecordsetModel::headerData(section, orientation, role) : QVariant();
+    }
+
+protected:
+    QString cellText(int row, int column) const override
+    {
+        const Recordset &records = *recordset();
+        return records.isNullAt(row, column) ? u"NULL"_s : records.textAt(row, column);
+    }
+};
 
 } // namespace
 
 FlexGrid::FlexGrid(QWidget *parent)
     : QTableView(parent)
-    , m_model(new FlexGridModel(this))
+    , m_model(new WholeTexts(this))
 {
     setHorizontalHeader(new ColumnHeader(this));
     setModel(m_model);
@@ -43,34 +62,19 @@ FlexGrid::FlexGrid(QWidget *parent)
     connect(this, &QTableView::doubleClicked, this, &FlexGrid::pickRow);
 }
 
-void FlexGrid::Clear()
+void FlexGrid::setRecordset(const std::shared_ptr<Recordset> &recordset)
 {
-    m_model->resize(1, 1);
-    m_model->setText(0, 0, {});
+    m_model->setRecordset(recordset);
 }
 
 int FlexGrid::Rows() const
 {
-    return m_model->rows();
-}
-
-void FlexGrid::setRows(int rows)
-{
-    if (rows < 1)
-        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-    m_model->resize(rows, m_model->columns());
+    return m_model->rowCount() + 1;
 }
 
 int FlexGrid::Cols() const
 {
-    return m_model->columns();
-}
-
-void FlexGrid::setCols(int columns)
-{
-    if (columns < 1)
-        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-    m_model->resize(m_model->rows(), columns);
+    return m_model->columnCount() + 1;
 }
 
 void FlexGrid::checkCell(int row, int column) const
@@ -86,35 +90,21 @@ void FlexGrid::setColWidth(int column, int twips)
     if (column == 0)
         verticalHeader()->setFixedWidth(pixels);
     else
-        resizeQuietly(horizontalHeader(), column - 1, pixels);
+        setColumnWidth(column - 1, pixels);
 }
 
-void FlexGrid::setRowHeight(int row, int twips)
+void FlexGrid::setRowHeight(int twips)
 {
-    checkCell(row, 0);
-    const int pixels = pixelsFromTwips(twips);
-    if (row == 0)
-        horizontalHeader()->setFixedHeight(pixels);
-    else
-        resizeQuietly(verticalHeader(), row - 1, pixels);
-}
-
-void FlexGrid::setTextMatrix(int row, int column, const QString &text)
-{
-    checkCell(row, column);
-    m_model->setText(row, column, text);
+    verticalHeader()->setDefaultSectionSize(pixelsFromTwips(twips));
 }
 
 QString FlexGrid::TextMatrix(int row, int column) const
 {
     checkCell(row, column);
-    return m_model->text(row, column);
-}
-
-void FlexGrid::setRedraw(bool on)
-{
-    setUpdatesEnabled(on);
-    m_model->setTellsChanges(on);
+    if (column == 0)
+        return {};
+    return row == 0 ? m_model->headerData(column - 1, Qt::Horizontal).toString()
+                    : m_model->index(row - 1, column - 1).data().toString();
 }
 
 int FlexGrid::RowSel() const

@@ -1,11 +1,16 @@
 #pragma once
 
+#include "dataaccess/Recordset.h"
+
 #include <QTableView>
 
-class FlexGridModel;
+#include <memory>
 
-/// A grid of texts with one fixed row and one fixed column, which hold the headers.
-/// Rows and columns are counted with the fixed ones: cell (0, 1) is the first column's header.
+class RecordsetModel;
+
+/// A grid of whole texts, several lines to a row, with one fixed row, which holds the fields'
+/// names, and one fixed column, which is empty. Rows and columns are counted with the fixed ones:
+/// cell (0, 1) is the first field's name.
 class FlexGrid : public QTableView
 {
     Q_OBJECT
@@ -13,23 +18,18 @@ class FlexGrid : public QTableView
 public:
     explicit FlexGrid(QWidget *parent = nullptr);
 
-    /// Takes everything out, down to one fixed row and one fixed column.
-    void Clear();
+    /// Shows the records of a client-side recordset, nulls as "NULL"; none, or a closed one, leaves
+    /// the fixed cells alone.
+    void setRecordset(const std::shared_ptr<Recordset> &recordset);
     int Rows() const;
-    /// @throws RuntimeError 5 below 1
-    void setRows(int rows);
     int Cols() const;
-    /// @throws RuntimeError 5 below 1
-    void setCols(int columns);
     /// @param twips  width or height in twips
-    /// @throws RuntimeError 9 for a row or column that is not there
+    /// @throws RuntimeError 9 for a column that is not there
     void setColWidth(int column, int twips);
-    void setRowHeight(int row, int twips);
-    void setTextMatrix(int row, int column, const QString &text);
+    /// The height of all rows but the fixed one.
+    void setRowHeight(int twips);
+    /// @throws RuntimeError 9 for a row or column that is not there
     QString TextMatrix(int row, int column) const;
-    /// Whether changes show as they are made; they do at first. While they do not, many of them
-    /// cost little.
-    void setRedraw(bool on);
     /// The last row of the selection; 0 when nothing is selected.
     int RowSel() const;
     /// The selected cells as text: cells separated by tabs, rows by line ends.
@@ -46,5 +46,5 @@ private:
     void checkCell(int row, int column) const;
     void pickRow();
 
-    FlexGridModel *m_model;
+    RecordsetModel *m_model;
 };

@@ -32,17 +32,6 @@ Extent extentOf(const Recordset *recordset)
     return extent;
 }
 
-QString shownText(const Recordset &recordset, int row, int column)
-{
-    constexpr int longest = RecordsetModel::longestShownText;
-    QString text = recordset.textStartAt(row, column, longest + 1);
-    if (text.size() > longest) {
-        text.truncate(longest);
-        text += QChar(0x2026);
-    }
-    return text;
-}
-
 } // namespace
 
 void RecordsetModel::setRecordset(std::shared_ptr<Recordset> recordset)
@@ -86,6 +75,16 @@ bool RecordsetModel::holdsColumn(int column) const
            m_columns == m_recordset->fieldCount();
 }
 
+QString RecordsetModel::cellText(int row, int column) const
+{
+    QString text = m_recordset->textStartAt(row, column, longestShownText + 1);
+    if (text.size() > longestShownText) {
+        text.truncate(longestShownText);
+        text += QChar(0x2026);
+    }
+    return text;
+}
+
 QVariant RecordsetModel::data(const QModelIndex &index, int role) const
 {
     QVariant result;
@@ -95,7 +94,7 @@ QVariant RecordsetModel::data(const QModelIndex &index, int role) const
         if (!holdsColumn(index.column()))
             return;
         if (role == Qt::DisplayRole)
-            result = shownText(*m_recordset, index.row(), index.column());
+            result = cellText(index.row(), index.column());
         else if (m_recordset->isNumberAt(index.row(), index.column()))
             result = QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     });

@@ -35,6 +35,10 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
 
+protected:
+    /// What is shown of a value. @throws RuntimeError when it cannot be read
+    virtual QString cellText(int row, int column) const;
+
 private:
     bool holdsColumn(int column) const;
     bool holdsNumbers(int column) const;

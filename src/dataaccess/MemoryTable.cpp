@@ -174,6 +174,12 @@ bool MemoryTable::isNumber(qint64 position, int field) const
     return isPackedNumber(cell(position, field));
 }
 
+bool MemoryTable::isNull(qint64 position, int field) const
+{
+    return isEdited(position) ? (*m_edited)[static_cast<size_t>(field)].isNull()
+                              : isPackedNull(cell(position, field));
+}
+
 void MemoryTable::appendText(qint64 position, int firstField, int lastField, QChar separator,
                              QString &text) const
 {

@@ -34,6 +34,7 @@ public:
     QString text(qint64 position, int field) const;
     QString textStart(qint64 position, int field, qsizetype longest) const;
     bool isNumber(qint64 position, int field) const;
+    bool isNull(qint64 position, int field) const;
     void appendText(qint64 position, int firstField, int lastField, QChar separator,
                     QString &text) const;
     /// The first of the packed cells of a row; null while that row is being edited.

@@ -390,6 +390,12 @@ bool Recordset::isNumberAt(qint64 row, int field) const
     return m_table->isNumber(row, field);
 }
 
+bool Recordset::isNullAt(qint64 row, int field) const
+{
+    requireCell(row, field);
+    return m_table->isNull(row, field);
+}
+
 void Recordset::appendRowText(qint64 row, int firstField, int lastField, QChar separator,
                               QString &text) const
 {

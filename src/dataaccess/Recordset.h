@@ -112,6 +112,7 @@ public:
     /// The first @p longest UTF-16 units of textAt(); does not read the rest of a long value.
     QString textStartAt(qint64 row, int field, qsizetype longest) const;
     bool isNumberAt(qint64 row, int field) const;
+    bool isNullAt(qint64 row, int field) const;
     /// Appends the text forms of row @p row's fields @p firstField to @p lastField, with
     /// @p separator between them.
     void appendRowText(qint64 row, int firstField, int lastField, QChar separator,

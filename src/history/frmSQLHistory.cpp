@@ -11,7 +11,6 @@
 #include "platform/errorTraps.h"
 
 #include <QHeaderView>
-#include <QScopeGuard>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -30,26 +29,6 @@ constexpr int rowHeight = 1000;
 constexpr int timeColumn = 2;
 
 constexpr int initialHeight = 480; // in pixels
-
-int countRecords(Recordset &recordset)
-{
-    Int16 count;
-    for (recordset.MoveFirst(); !recordset.Eof(); recordset.MoveNext())
-        ++count;
-    return count.value();
-}
-
-QString cellText(const Value &value)
-{
-    return value.isNull() ? u"NULL"_s : value.toText();
-}
-
-void fillRow(FlexGrid &grid, int row, const Recordset &recordset)
-{
-    grid.setRowHeight(row, rowHeight);
-    for (int column = 1; column < grid.Cols(); ++column)
-        grid.setTextMatrix(row, column, cellText(recordset.value(column - 1)));
-}
 
 /// The header of the narrow time column is to be read as a whole, however large the letters are.
 void fitHeader(FlexGrid &grid)
@@ -93,11 +72,11 @@ void frmSQLHistory::setTxt(EditorControl *ctl, QWidget *frm)
 /// The dialog opens whatever became of the loading, with what the grid got.
 bool frmSQLHistory::Form_Load()
 {
-    msfgSQL->Clear();
+    msfgSQL->setRecordset(nullptr);
     reportErrors([this] {
-        m_history = std::make_unique<Recordset>();
-        loadHistory(historyFileName(), u"App.path"_s, *m_history);
-        fillGrid(*msfgSQL, *m_history);
+        const auto history = std::make_shared<Recordset>();
+        loadHistory(historyFileName(), u"App.path"_s, *history);
+        fillGrid(*msfgSQL, history);
         const int columns = std::min(msfgSQL->Cols(), static_cast<int>(columnWidths.size()));
         for (int column = 0; column < columns; ++column)
             msfgSQL->setColWidth(column, columnWidths[column]);
@@ -108,26 +87,18 @@ bool frmSQLHistory::Form_Load()
     return true;
 }
 
-void frmSQLHistory::fillGrid(FlexGrid &grid, Recordset &recordset)
+void frmSQLHistory::fillGrid(FlexGrid &grid, const std::shared_ptr<Recordset> &recordset)
 {
     reportErrors([&] {
-        grid.Clear();
-        if (recordset.Eof())
+        grid.setRecordset(nullptr);
+        if (recordset->Eof())
             return;
-        const int records = countRecords(recordset);
-        recordset.MoveFirst();
-        grid.setRedraw(false);
-        const auto showFilled = qScopeGuard([&grid] { grid.setRedraw(true); });
-        grid.setCols(recordset.fieldCount() + 1);
-        grid.setRows(records + 1);
-        for (int column = 1; column < grid.Cols(); ++column) {
+        checkedCast<qint16>(recordset->RecordCount());
+        recordset->MoveFirst();
+        grid.setRecordset(recordset);
+        grid.setRowHeight(rowHeight);
+        for (int column = 1; column < grid.Cols(); ++column)
             grid.setColWidth(column, plainColumnWidth);
-            grid.setTextMatrix(0, column, recordset.fieldName(column - 1));
-        }
-        for (int row = 1; row <= records; ++row) {
-            fillRow(grid, row, recordset);
-            recordset.MoveNext();
-        }
     });
 }
 

@@ -19,8 +19,8 @@ public:
     void setTxt(EditorControl *ctl, QWidget *frm);
 
     /// Fills the grid with a header row of field names and one row per record; nulls read "NULL".
-    /// A failure is shown, and the grid then keeps what it got.
-    static void fillGrid(FlexGrid &grid, Recordset &recordset);
+    /// A failure, which more than 32767 records are, is shown, and the grid then is empty.
+    static void fillGrid(FlexGrid &grid, const std::shared_ptr<Recordset> &recordset);
 
 protected:
     bool Form_Load() override;
@@ -30,6 +30,5 @@ private slots:
 
 private:
     FlexGrid *msfgSQL;
-    std::unique_ptr<Recordset> m_history;
     EditorTarget m_target;
 };

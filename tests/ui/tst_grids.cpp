@@ -71,8 +71,7 @@ private slots:
     void gridShowsLongTextsOnOneLine();
     void selectionAsText_data();
     void selectionAsText();
-    void flexGridCountsFixedCells();
-    void flexGridPicksRows();
+    void flexGridCountsFixedCellsAndPicksRows();
     void treeColumns();
 };
 
@@ -233,38 +232,24 @@ void tst_grids::selectionAsText()
     QCOMPARE(QGuiApplication::clipboard()->text(), selected.isEmpty() ? u"kept"_s : grid.SelText());
 }
 
-void tst_grids::flexGridCountsFixedCells()
+void tst_grids::flexGridCountsFixedCellsAndPicksRows()
 {
     FlexGrid grid;
-    QCOMPARE(grid.Rows(), 1);
-    QCOMPARE(grid.Cols(), 1);
-    grid.setCols(3);
-    grid.setRows(4);
-    grid.setTextMatrix(0, 1, u"SQL Statement"_s);
-    grid.setTextMatrix(3, 2, u"last"_s);
-    grid.setTextMatrix(0, 0, u"corner"_s);
-    QCOMPARE(grid.model()->headerData(0, Qt::Horizontal).toString(), u"SQL Statement"_s);
-    QCOMPARE(grid.TextMatrix(3, 2), u"last"_s);
-    QCOMPARE(grid.TextMatrix(2, 2), QString());
-    QCOMPARE(raisedError([&] { grid.setTextMatrix(4, 1, u"x"_s); }),
-             ErrorNumber::SubscriptOutOfRange);
+    QCOMPARE(QSize(grid.Cols(), grid.Rows()), QSize(1, 1));
+    const QString longText = QString(999, u'x') + u"\r\n"_s;
+    grid.setRecordset(
+        makeTable({{u"SQL Statement"_s}, {u"B"_s}},
+                  {{longText, 1}, {1, NullValue{}}, {u"statement 3"_s, QString()}, {}}));
+    QCOMPARE(QSize(grid.Cols(), grid.Rows()), QSize(3, 5));
+    QCOMPARE(grid.TextMatrix(0, 1), u"SQL Statement"_s);
+    QCOMPARE(grid.TextMatrix(1, 0), QString());
+    QCOMPARE(grid.TextMatrix(1, 1), longText);
+    QCOMPARE(grid.TextMatrix(2, 2), u"NULL"_s);
+    QCOMPARE(raisedError([&] { grid.TextMatrix(5, 1); }), ErrorNumber::SubscriptOutOfRange);
     QCOMPARE(raisedError([&] { grid.setColWidth(3, 100); }), ErrorNumber::SubscriptOutOfRange);
-    QCOMPARE(raisedError([&] { grid.setRows(0); }), ErrorNumber::InvalidProcedureCall);
-
     grid.setColWidth(1, 7000);
     QCOMPARE(grid.columnWidth(0), 467);
-    grid.Clear();
-    QCOMPARE(grid.Rows(), 1);
-    QCOMPARE(grid.Cols(), 1);
-}
 
-void tst_grids::flexGridPicksRows()
-{
-    FlexGrid grid;
-    grid.setCols(3);
-    grid.setRows(5);
-    for (int row = 1; row < 5; ++row)
-        grid.setTextMatrix(row, 1, u"statement %1"_s.arg(row));
     grid.show();
     QVERIFY(QTest::qWaitForWindowExposed(&grid));
     QSignalSpy picked(&grid, &FlexGrid::rowPicked);

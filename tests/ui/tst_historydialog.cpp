@@ -184,7 +184,7 @@ void tst_historydialog::nullReadsAsNull()
 {
     const auto recordset = makeTable({{u"A"_s}, {u"B"_s}}, {{NullValue(), 42}});
     FlexGrid grid;
-    frmSQLHistory::fillGrid(grid, *recordset);
+    frmSQLHistory::fillGrid(grid, recordset);
     QCOMPARE(grid.Rows(), 2);
     QCOMPARE(grid.TextMatrix(0, 2), u"B"_s);
     QCOMPARE(grid.TextMatrix(1, 1), u"NULL"_s);
