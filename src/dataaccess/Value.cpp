@@ -7,9 +7,6 @@
 
 #include <QStringDecoder>
 
-#include <cmath>
-#include <limits>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,16 +18,6 @@ struct Overloaded : Alternatives...
 };
 template <typename... Alternatives>
 Overloaded(Alternatives...) -> Overloaded<Alternatives...>;
-
-qint32 roundedInteger(double number)
-{
-    const double rounded = std::nearbyint(number); // halves go to the even neighbour
-    // The negation lets "not a number" overflow too.
-    if (!(rounded >= std::numeric_limits<qint32>::min() &&
-          rounded <= std::numeric_limits<qint32>::max()))
-        throw RuntimeError(ErrorNumber::Overflow);
-    return static_cast<qint32>(rounded);
-}
 
 [[noreturn]] qint32 typeMismatch()
 {

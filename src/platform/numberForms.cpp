@@ -2,7 +2,8 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/characterClasses.h"
-#include "platform/checkedArithmetic.h"
+
+#include <QLocale>
 
 #include <algorithm>
 #include <charconv>
@@ -14,170 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A positive decimal number: the digits before and after the point, without leading and trailing
-/// zeros, and where the point stands (0: before the first digit).
-struct Decimal
-{
-    QString digits;
-    qint64 point = 0;
-};
-
-/// Reads a decimal number with thousands commas and an exponent. The exponent is cut to a size
-/// that is far beyond every range, so that sums with it cannot overflow.
-class DecimalReader
-{
-public:
-    explicit DecimalReader(QStringView text)
-        : m_text(text)
-    {
-    }
-
-    Decimal read()
-    {
-        readDigits();
-        if (!m_anyDigit)
-            throw RuntimeError(ErrorNumber::TypeMismatch);
-        if (m_pos < m_text.size())
-            readExponent();
-        const auto last = std::find_if_not(m_result.digits.crbegin(), m_result.digits.crend(),
-                                           [](QChar c) { return c == u'0'; });
-        m_result.digits.chop(std::distance(m_result.digits.crbegin(), last));
-        return m_result;
-    }
-
-private:
-    void readDigits()
-    {
-        bool fraction = false;
-        for (; m_pos < m_text.size(); ++m_pos) {
-            const QChar c = m_text[m_pos];
-            if (c == u'.' && !fraction) {
-                fraction = true;
-            } else if (isDigit(c)) {
-                m_anyDigit = true;
-                takeDigit(c, fraction);
-            } else if (c != u',' || fraction || !m_anyDigit) {
-                break;
-            }
-        }
-    }
-
-    void takeDigit(QChar digit, bool fraction)
-    {
-        const bool leadingZero = digit == u'0' && m_result.digits.isEmpty();
-        if (!leadingZero)
-            m_result.digits.append(digit);
-        if (fraction && leadingZero)
-            --m_result.point;
-        else if (!fraction && !leadingZero)
-            ++m_result.point;
-    }
-
-    void readExponent()
-    {
-        constexpr qint64 limit = 1'000'000'000'000;
-        if (m_text[m_pos] != u'e' && m_text[m_pos] != u'E')
-            throw RuntimeError(ErrorNumber::TypeMismatch);
-        QStringView rest = m_text.sliced(m_pos + 1);
-        const bool negative = rest.startsWith(u'-');
-        if (negative || rest.startsWith(u'+'))
-            rest = rest.sliced(1);
-        if (rest.isEmpty() || !std::all_of(rest.begin(), rest.end(), isDigit))
-            throw RuntimeError(ErrorNumber::TypeMismatch);
-        qint64 exponent = 0;
-        for (const QChar c : rest)
-            exponent = qMin(limit, exponent * 10 + c.digitValue());
-        m_result.point += negative ? -exponent : exponent;
-    }
-
-    QStringView m_text;
-    qsizetype m_pos = 0;
-    bool m_anyDigit = false;
-    Decimal m_result;
-};
-
-/// The nearest whole number, halves to even.
-/// @throws RuntimeError 6 when it has more digits than any 32-bit number
-qint64 roundHalfToEven(const Decimal &number)
-{
-    constexpr qint64 mostDigits = 10;
-    if (number.digits.isEmpty() || number.point < 0)
-        return 0;
-    if (number.point > mostDigits)
-        throw RuntimeError(ErrorNumber::Overflow);
-    qint64 whole = 0;
-    for (qint64 i = 0; i < number.point; ++i)
-        whole = whole * 10 + (i < number.digits.size() ? number.digits[i].digitValue() : 0);
-    if (number.point >= number.digits.size())
-        return whole;
-    const int next = number.digits[number.point].digitValue();
-    const bool exactHalf = next == 5 && number.digits.size() == number.point + 1;
-    const bool up = exactHalf ? whole % 2 != 0 : next >= 5;
-    return whole + (up ? 1 : 0);
-}
-
-/// `&H` and `&O` numbers are bit patterns: &HFFFFFFFF is -1.
-qint32 prefixedNumber(QStringView text)
-{
-    const QChar kind = text.size() > 2 ? text[1].toUpper() : QChar();
-    const int base = kind == u'H' ? 16 : kind == u'O' ? 8 : 0;
-    if (base == 0)
-        throw RuntimeError(ErrorNumber::TypeMismatch);
-    const qint64 limit = qint64{1} << 32;
-    qint64 bits = 0;
-    for (const QChar c : text.sliced(2)) {
-        const ushort lower = c.unicode() | 0x20;
-        const int digit = isDigit(c)                       ? c.unicode() - u'0'
-                          : lower >= u'a' && lower <= u'f' ? lower - u'a' + 10
-                                                           : base;
-        if (digit >= base)
-            throw RuntimeError(ErrorNumber::TypeMismatch);
-        bits = qMin(limit, bits * base + digit);
-    }
-    if (bits == limit)
-        throw RuntimeError(ErrorNumber::Overflow);
-    return static_cast<qint32>(static_cast<quint32>(bits));
-}
-
-QStringView withoutWhiteSpace(QStringView text)
-{
-    while (!text.isEmpty() && isWhiteSpace(text.front()))
-        text = text.sliced(1);
-    while (!text.isEmpty() && isWhiteSpace(text.back()))
-        text.chop(1);
-    return text;
-}
-
-/// Takes the signs that may stand round a number off it: one of `-`, `+` on either side, or a pair
-/// of parentheses, and a `$` in front.
-/// @returns whether the number is negative
-bool takeSigns(QStringView &text)
-{
-    bool negative = false;
-    bool sign = false;
-    bool currency = false;
-    if (text.startsWith(u'(') && text.endsWith(u')')) {
-        negative = sign = true;
-        text = withoutWhiteSpace(text.sliced(1).chopped(1));
-    }
-    while (!text.isEmpty()) {
-        if (!sign && (text.front() == u'-' || text.front() == u'+')) {
-            sign = true;
-            negative = text.front() == u'-';
-        } else if (!currency && text.front() == u'$') {
-            currency = true;
-        } else {
-            break;
-        }
-        text = withoutWhiteSpace(text.sliced(1));
-    }
-    if (!sign && (text.endsWith(u'-') || text.endsWith(u'+'))) {
-        negative = text.endsWith(u'-');
-        text = withoutWhiteSpace(text.chopped(1));
-    }
-    return negative;
-}
 
 constexpr int mostSignificantDigits = 15;
 
@@ -330,12 +167,25 @@ void appendExactNumber(QByteArrayView digits, ByteBuffer &text)
     }
 }
 
+qint32 roundedInteger(double number)
+{
+    const double rounded = std::nearbyint(number); // halves go to the even neighbour
+    // The negation lets "not a number" overflow too.
+    if (!(rounded >= std::numeric_limits<qint32>::min() &&
+          rounded <= std::numeric_limits<qint32>::max()))
+        throw RuntimeError(ErrorNumber::Overflow);
+    return static_cast<qint32>(rounded);
+}
+
 qint32 textToInteger(QStringView text)
 {
-    QStringView number = withoutWhiteSpace(text);
-    if (number.startsWith(u'&'))
-        return prefixedNumber(number);
-    const bool negative = takeSigns(number);
-    const qint64 magnitude = roundHalfToEven(DecimalReader(number).read());
-    return checkedCast<qint32>(negative ? -magnitude : magnitude);
+    QString number = text.trimmed().toString();
+    if (number.endsWith(u'-') || number.endsWith(u'+'))
+        number = number.back() + number.chopped(1);
+    bool isNumber = false;
+    const double value = QLocale::c().toDouble(number, &isNumber);
+    // Out of range is no number to the toolkit and infinite; "inf" and "nan" are the other way.
+    if (isNumber != std::isfinite(value))
+        throw RuntimeError(ErrorNumber::TypeMismatch);
+    return roundedInteger(value);
 }

@@ -20,8 +20,11 @@ QString exactNumberToText(QStringView digits);
 /// The same for digits in UTF-8, behind what @p text holds already.
 void appendExactNumber(QByteArrayView digits, ByteBuffer &text);
 
-/// Text to a whole number, rounding halves to even. Understands what people write for numbers:
-/// surrounding blanks, tabs and line feeds, a sign on either side, parentheses for negative, `$`,
-/// thousands commas, exponents, `&H` and `&O` prefixes.
+/// The nearest whole number, halves to the even neighbour.
+/// @throws RuntimeError 6 when it does not fit 32 bits
+qint32 roundedInteger(double number);
+
+/// Text to a whole number, rounded like that. Understands what people write for numbers: blanks,
+/// tabs and line ends around them, a sign on either side, thousands commas, exponents.
 /// @throws RuntimeError 13 when @p text is no number, 6 when it does not fit 32 bits.
 qint32 textToInteger(QStringView text);
