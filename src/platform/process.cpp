@@ -9,6 +9,10 @@
 #include <cstdlib>
 #include <utility>
 
+#ifdef Q_OS_LINUX
+#include <unistd.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -33,6 +37,7 @@ void startDetached(const QString &program, const QStringList &arguments, StartWi
     process.setProgram(program);
     process.setArguments(arguments);
     process.setProcessEnvironment(environment);
+    keepFilesFromPrograms();
     if (!process.startDetached())
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
 }
@@ -64,6 +69,13 @@ void openPage(const QString &address)
     if (program.isEmpty())
         throw RuntimeError(ErrorNumber::FileNotFound);
     startDetached(program, {address}, StartWindow::ByItself);
+}
+
+void keepFilesFromPrograms()
+{
+#ifdef Q_OS_LINUX // elsewhere they stay with who opened them
+    ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+#endif
 }
 
 void endProgram(int exitCode)

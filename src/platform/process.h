@@ -22,6 +22,10 @@ bool startsMaximized();
 /// @throws RuntimeError 53 when the desktop offers none, 5 when it cannot be started
 void openPage(const QString &address);
 
+/// Sees to it that programs started from now on get none of the files that this process has open
+/// but the standard streams, whoever opened them, or left them open to it.
+void keepFilesFromPrograms();
+
 /// Ends the process at once: no window is asked, nothing is saved, an open transaction is left to
 /// the server to roll back.
 void endProgram(int exitCode = 0);

@@ -1,7 +1,9 @@
 #include "platform/RecoveryFile.h"
 #include "platform/privateSettings.h"
+#include "platform/process.h"
 #include "platform/registry.h"
 #include "platform/settings.h"
+#include "support/LooseEnd.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 
@@ -39,6 +41,7 @@ private slots:
     void registryKeys();
     void registryValues();
     void textsOutliveASuddenEnd();
+    void programsGetNoFilesOfOurs();
 
 private:
     std::unique_ptr<QTemporaryDir> m_config;
@@ -191,6 +194,13 @@ void tst_Platform::textsOutliveASuddenEnd()
     QCOMPARE(modeOf(state + u"/Querna"_s), 0700);
     own.keep({});
     QCOMPARE(filesThere(), 1);
+}
+
+void tst_Platform::programsGetNoFilesOfOurs()
+{
+    LooseEnd looseEnd;
+    startProgram(u"/bin/sleep"_s, {u"3"_s});
+    QVERIFY(looseEnd.isOursAlone());
 }
 
 QTEST_GUILESS_MAIN(tst_Platform)

@@ -1,6 +1,7 @@
 #include "dataaccess/Connection.h"
 #include "dataaccess/sandbox/Sandbox.h"
 #include "support/DataRows.h"
+#include "support/LooseEnd.h"
 #include "support/SandboxFixture.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
@@ -14,7 +15,7 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
-#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -43,12 +44,10 @@ public:
 
     bool isReady()
     {
-        while (!m_output.endsWith("ready\n")) {
-            if (!m_process.waitForReadyRead(patience))
-                return false;
+        do {
             m_output += m_process.readAll();
-        }
-        return true;
+        } while (!m_output.endsWith("ready\n") && m_process.waitForReadyRead(patience));
+        return m_output.endsWith("ready\n");
     }
     bool works()
     {
@@ -93,36 +92,23 @@ qint64 serverId()
     return SandboxServer::processId(SandboxFolder::ofUser());
 }
 
-// Processes whose command line has @p argument.
-QList<qint64> processesWith(const QString &argument)
+// The server's process and its parent, and what makes the database: all work in the folder.
+QList<pid_t> processes()
 {
-    QList<qint64> found;
+    const QString folder = SandboxFolder::ofUser().path();
+    QList<pid_t> found;
     for (const QString &entry : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
-        QFile file(u"/proc/%1/cmdline"_s.arg(entry));
-        if (entry.toLongLong() > 0 && file.open(QIODevice::ReadOnly) &&
-            file.readAll().split('\0').contains(argument.toLocal8Bit()))
-            found.append(entry.toLongLong());
+        if (QFile::symLinkTarget(u"/proc/%1/cwd"_s.arg(entry)).startsWith(folder))
+            found.append(entry.toInt());
     }
     return found;
 }
 
-// Whether any process has its working folder in @p folder or below.
-bool isAtWorkIn(const QString &folder)
+pid_t supervisorId()
 {
-    const QStringList processes = QDir(u"/proc"_s).entryList(QDir::Dirs);
-    return std::any_of(processes.begin(), processes.end(), [&](const QString &entry) {
-        return QFile::symLinkTarget(u"/proc/%1/cwd"_s.arg(entry)).startsWith(folder);
-    });
-}
-
-QList<qint64> waiters()
-{
-    return processesWith(SandboxFolder::ofUser().file(u"life.lock"_s));
-}
-
-void killProcess(qint64 id)
-{
-    ::kill(static_cast<pid_t>(id), SIGKILL);
+    QList<pid_t> found = processes();
+    found.removeOne(serverId());
+    return found.value(0);
 }
 
 } // namespace
@@ -133,50 +119,57 @@ class tst_sandboxserver : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void init();
     void cleanup();
 
     void folderIsPrivate();
     void clientsComeAndGo_data();
     void clientsComeAndGo();
     void clientsStartingTogether();
+    void waitingIsTold_data();
+    void waitingIsTold();
+    void manyWindows();
     void serverKilled();
+    void supervisorKilled();
     void serverStopped();
     void serverThatCannotStart();
-    void waiterKilledThenComing();
-    void olderObjectsAreRenewed();
     void brokenFirstStart();
     void folderThatCannotBe();
 
 private:
+    void useFolder(const QString &name)
+    {
+        qputenv(SandboxFixture::folderVariable, m_folder.filePath(name).toLocal8Bit());
+    }
+
     QTemporaryDir m_folder;
     QStringList m_progress;
+    FileLock m_held; // until something is told
 };
 
-void tst_sandboxserver::initTestCase()
+void tst_sandboxserver::init()
 {
-    // A blank in the path: the usual place has one as well.
-    const QString folder = m_folder.filePath(u"Orbek Oracle/sandbox"_s);
-    qputenv(SandboxFixture::folderVariable, folder.toLocal8Bit());
-    setSandboxProgress([this](const QString &text) { m_progress.append(text); });
-
-    const auto connection = logOn();
-    QCOMPARE(scalar(connection, u"select count(*) from emp"_s), u"14"_s);
-    QCOMPARE(m_progress.size(), 2);
-    QVERIFY(m_progress[0].contains(u"database"_s));
-    QVERIFY(m_progress[1].contains(u"server"_s));
+    // Characters that mean something to shells, to connection strings or to the server.
+    useFolder(u"Orbek: ${x}; '1'/sandbox"_s);
+    m_progress.clear();
+    setSandboxProgress([this](const QString &text) {
+        m_progress.append(text);
+        m_held.unlock();
+    });
 }
 
-// Whatever a test did: with its clients gone the server goes, and what waits for that.
+// Whatever a test did: with its clients gone all that they started goes.
 void tst_sandboxserver::cleanup()
 {
-    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
-    QTRY_COMPARE_WITH_TIMEOUT(waiters().size(), 0, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(processes().size(), 0, patience);
 }
 
 void tst_sandboxserver::folderIsPrivate()
 {
     const auto connection = logOn();
+    QCOMPARE(scalar(connection, u"select count(*) from sales"_s), u"100000"_s);
+    QCOMPARE(m_progress.size(), 2);
+    QVERIFY(m_progress[0].contains(u"database"_s) && m_progress[1].contains(u"server"_s));
     const QFileInfo folder(SandboxFolder::ofUser().path());
     QCOMPARE(folder.permissions() & 0x0fff, QFile::Permissions(0x0700) & 0x0fff);
     QVERIFY(QFileInfo(SandboxFolder::ofUser().file(u"socket"_s)).exists());
@@ -215,44 +208,71 @@ void tst_sandboxserver::clientsComeAndGo()
     QFETCH(bool, starterGoesFirst);
     QFETCH(bool, firstIsKilled);
     QFETCH(bool, lastIsKilled);
+    LooseEnd looseEnd;
     Client starter;
     QVERIFY(starter.isReady());
-    const qint64 server = serverId();
-    QVERIFY(server != 0);
+    const QList<pid_t> started = processes();
+    QCOMPARE(started.size(), 2);
 
     // By another name of the folder.
-    const QByteArray usual = qgetenv(SandboxFixture::folderVariable);
     const QString link = m_folder.filePath(u"link"_s);
-    QVERIFY(QFile::exists(link) || QFile::link(m_folder.filePath(u"Orbek Oracle"_s), link));
-    qputenv(SandboxFixture::folderVariable, link.toLocal8Bit() + "/sandbox");
+    QVERIFY(QFile::exists(link) ||
+            QFile::link(QFileInfo(SandboxFolder::ofUser().path()).path(), link));
+    useFolder(u"link/sandbox"_s);
     Client guest;
-    qputenv(SandboxFixture::folderVariable, usual);
     QVERIFY(guest.isReady());
-    QCOMPARE(serverId(), server);
-    QCOMPARE(waiters().size(), 1);
+    QCOMPARE(processes(), started);
 
     Client &first = starterGoesFirst ? starter : guest;
     Client &last = starterGoesFirst ? guest : starter;
     firstIsKilled ? first.kill() : first.leave();
     QTest::qWait(100);
     QVERIFY(last.works());
-    QCOMPARE(serverId(), server);
+    QCOMPARE(processes(), started);
     lastIsKilled ? last.kill() : last.leave();
-    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
-    QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(SandboxFolder::ofUser().file(u"socket"_s)),
-                             patience);
+    QVERIFY(looseEnd.isOursAlone());
 }
 
 void tst_sandboxserver::clientsStartingTogether()
 {
-    std::vector<std::unique_ptr<Client>> clients;
-    for (int number = 0; number < 5; ++number)
-        clients.push_back(std::make_unique<Client>());
-    clients[1]->kill(); // in the midst of starting
-    for (size_t number = 2; number < clients.size(); ++number)
-        QVERIFY(clients[number]->isReady());
-    const QString data = u"--datadir="_s + SandboxFolder::ofUser().dataPath();
-    QCOMPARE(processesWith(data), QList<qint64>{serverId()});
+    for (const int time : {0, 30, 100, 200}) {
+        std::vector<std::unique_ptr<Client>> clients;
+        for (int number = 0; number < 4; ++number)
+            clients.push_back(std::make_unique<Client>());
+        QTest::qWait(time);
+        clients[0]->kill(); // in the midst of starting
+        clients[1]->kill();
+        for (size_t number = 2; number < clients.size(); ++number)
+            QVERIFY(clients[number]->isReady());
+        QCOMPARE(processes().size(), 2);
+        for (auto &client : clients)
+            client->kill(); // the next ones come while the server is being stopped
+    }
+}
+
+void tst_sandboxserver::waitingIsTold_data()
+{
+    const DataRows<QString> row("file");
+    row("for the last server's end", u"life.lock"_s);
+    row("for another one's start", u"server.lock"_s);
+}
+
+// A user who has to wait is told before.
+void tst_sandboxserver::waitingIsTold()
+{
+    QFETCH(QString, file);
+    const QString path = SandboxFolder::ofUser().file(file);
+    QVERIFY(m_held.lock(path, FileLock::Mode::Exclusive, std::chrono::seconds(1)));
+    QCOMPARE(scalar(logOn(), u"select 1 from dual"_s), u"1"_s);
+    QVERIFY(m_progress.value(0).startsWith(u"Waiting"_s));
+}
+
+void tst_sandboxserver::manyWindows()
+{
+    std::vector<std::shared_ptr<Connection>> windows(100);
+    for (auto &window : windows)
+        window = logOn();
+    QCOMPARE(scalar(windows.front(), u"select 1 from dual"_s), u"1"_s);
 }
 
 void tst_sandboxserver::serverKilled()
@@ -264,7 +284,7 @@ void tst_sandboxserver::serverKilled()
     connection->CommitTrans();
     connection->BeginTrans();
     connection->Execute(u"insert into kept values (2)"_s);
-    killProcess(serverId());
+    ::kill(static_cast<pid_t>(serverId()), SIGKILL);
     QVERIFY(raisedError([&] { connection->Execute(u"select * from kept"_s); }) != 0);
 
     // With the old connection still holding on.
@@ -275,18 +295,33 @@ void tst_sandboxserver::serverKilled()
     QVERIFY(serverId() != 0);
 }
 
+// What the end of a desktop's session asks of it, the server's parent leaves to the clients; with
+// a parent that ends nevertheless the server ends too.
+void tst_sandboxserver::supervisorKilled()
+{
+    auto connection = logOn();
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT})
+        ::kill(supervisorId(), signal);
+    QTest::qWait(100);
+    QCOMPARE(processes().size(), 2);
+    ::kill(supervisorId(), SIGKILL);
+    QTRY_COMPARE_WITH_TIMEOUT(processes().size(), 0, patience);
+    QCOMPARE(scalar(logOn(), u"select 1 from dual"_s), u"1"_s);
+}
+
 // A server that does nothing is told of in time, and goes nevertheless with its last client.
 void tst_sandboxserver::serverStopped()
 {
     auto connection = logOn();
     const auto server = static_cast<pid_t>(serverId());
     QVERIFY(::kill(server, SIGSTOP) == 0);
-    const auto goOn = qScopeGuard([server] { ::kill(server, SIGCONT); });
+    m_progress.clear();
     QElapsedTimer timer;
     timer.start();
     const RuntimeError error = raised([] { logOn(); });
     QVERIFY2(error.description.contains(u"does not answer"_s), error.what());
-    QVERIFY(timer.elapsed() < patience);
+    QVERIFY(timer.elapsed() < patience && m_progress.value(0).startsWith(u"Waiting"_s));
+    ::kill(server, SIGCONT);
 }
 
 // The server's own words come at once, not when waiting for it is given up.
@@ -303,82 +338,37 @@ void tst_sandboxserver::serverThatCannotStart()
     QVERIFY(timer.elapsed() < patience / 2);
 }
 
-void tst_sandboxserver::waiterKilledThenComing()
-{
-    auto connection = logOn();
-    const qint64 server = serverId();
-    QTRY_COMPARE_WITH_TIMEOUT(waiters().size(), 1, patience);
-    killProcess(waiters().first());
-    QTRY_COMPARE_WITH_TIMEOUT(waiters().size(), 0, patience);
-    connection->Close();
-    QTest::qWait(300);
-    QCOMPARE(serverId(), server); // nobody is left to stop it, until the next one comes
-
-    // Clients that come while the server is being stopped find it stopped and start it again.
-    for (int round = 0; round < 5; ++round) {
-        QCOMPARE(scalar(logOn(), u"select 1 from dual"_s), u"1"_s);
-        QTest::qWait(40 * round);
-    }
-}
-
-void tst_sandboxserver::olderObjectsAreRenewed()
-{
-    auto connection = logOn(u"system"_s, u"lantern"_s);
-    connection->Execute(u"drop view sys.all_users"_s);
-    connection->Execute(u"create table scott.mine (a number)"_s);
-    connection->Close();
-    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
-    QVERIFY(QFile::resize(SandboxFolder::ofUser().dataPath() + u"/querna-objects"_s, 0));
-
-    connection = logOn();
-    QCOMPARE(scalar(connection, u"select count(*) from sys.all_users"_s), u"2"_s);
-    QCOMPARE(scalar(connection, u"select count(*) from mine"_s), u"0"_s);
-    connection->Execute(u"drop table mine"_s);
-}
-
 // A first start that was broken off leaves nothing that the next one would take for a database.
-// The folder's path is too long for a socket.
 void tst_sandboxserver::brokenFirstStart()
 {
-    const QByteArray usual = qgetenv(SandboxFixture::folderVariable);
-    const QString folder = m_folder.filePath(QString(100, u'x') + u"/sandbox"_s);
-    qputenv(SandboxFixture::folderVariable, folder.toLocal8Bit());
-
+    useFolder(u"first"_s);
+    const QDir folder(SandboxFolder::ofUser().path());
+    LooseEnd looseEnd;
     for (const int time : {0, 300}) {
         Client client;
-        QTRY_VERIFY_WITH_TIMEOUT(!QDir(folder).entryList({u"data.new-*"_s}, QDir::Dirs).isEmpty(),
-                                 patience);
+        QTRY_VERIFY_WITH_TIMEOUT(folder.exists(u"data.new"_s), patience);
         QTest::qWait(time);
         client.kill();
     }
-    auto connection = logOn();
-    QCOMPARE(scalar(connection, u"select count(*) from sales"_s), u"100000"_s);
-    const QFileInfo socket(SandboxServer(SandboxFolder::ofUser(), {}).socketPath());
-    QCOMPARE(QFileInfo(socket.path()).permissions() & 0x0077, QFile::Permissions());
-    connection->Close();
-    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
-    QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(socket.path()), patience);
-
-    // What the broken-off attempts still wrote goes with the next start.
-    QTRY_VERIFY_WITH_TIMEOUT(!isAtWorkIn(folder), patience);
-    logOn()->Close();
-    QCOMPARE(QDir(folder).entryList({u"data*"_s}, QDir::Dirs), QStringList{u"data"_s});
-    QTRY_COMPARE_WITH_TIMEOUT(serverId(), 0, patience);
-    qputenv(SandboxFixture::folderVariable, usual);
+    QVERIFY(!processes().isEmpty());
+    QVERIFY(looseEnd.isOursAlone());
+    QCOMPARE(scalar(logOn(), u"select count(*) from sales"_s), u"100000"_s);
+    QCOMPARE(folder.entryList({u"data*"_s}, QDir::Dirs), QStringList{u"data"_s});
 }
 
 void tst_sandboxserver::folderThatCannotBe()
 {
-    const QByteArray usual = qgetenv(SandboxFixture::folderVariable);
     QFile file(m_folder.filePath(u"file"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    for (const QString &path : {file.fileName(), file.fileName() + u"/below/sandbox"_s}) {
-        qputenv(SandboxFixture::folderVariable, path.toLocal8Bit());
+    const QString longPath = QString(u"long name/"_s).repeated(100);
+    for (const QString &name : {u"file"_s, u"file/below/sandbox"_s, longPath}) {
+        useFolder(name);
         const RuntimeError error = raised([] { logOn(); });
         QCOMPARE(error.number, ErrorNumber::PathFileAccessError);
-        QVERIFY(error.description.contains(path));
+        QVERIFY2(error.description.contains(u"sandbox's folder"_s) &&
+                     error.description.contains(SandboxFolder::ofUser().path()),
+                 error.what());
     }
-    qputenv(SandboxFixture::folderVariable, usual);
 }
 
 int main(int argc, char **argv)

@@ -5,7 +5,8 @@
 #include <chrono>
 
 /// A lock on a file, shared or exclusive, among processes. It ends with this object or with the
-/// process, however that ends, and programs started from this one do not hold it.
+/// process, however that ends; a program started from this one holds it as well only if it is given
+/// the descriptor.
 class FileLock
 {
 public:
@@ -24,6 +25,8 @@ public:
     /// @throws RuntimeError 75 when the file cannot be opened or locked
     bool lock(const QString &path, Mode mode, std::chrono::milliseconds longest);
     void unlock();
+    /// Of the file; -1 without a lock.
+    int descriptor() const { return m_file; }
 
 private:
     int m_file = -1;

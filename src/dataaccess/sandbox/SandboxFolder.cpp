@@ -2,7 +2,6 @@
 
 #include "platform/RuntimeError.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
@@ -11,12 +10,14 @@
 #include <cstring>
 
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Bytes. The server's own paths have 511, and need some for what is in the folder.
+constexpr int longestPath = 400;
 
 // For its owner alone, and really a folder of this user: a name in a folder that everybody may
 // write to could have been taken by somebody else.
@@ -49,13 +50,6 @@ QString withoutLinks(const QString &path)
     return withoutLinks(info.path()) + u'/' + info.fileName();
 }
 
-// Connection strings end values at a semicolon and enclose them in braces.
-bool fitsSocket(const QString &path)
-{
-    return QFile::encodeName(path).size() < int(sizeof(sockaddr_un::sun_path)) &&
-           !path.contains(u';') && !path.contains(u'{') && !path.contains(u'}');
-}
-
 } // namespace
 
 SandboxFolder SandboxFolder::ofUser()
@@ -73,6 +67,11 @@ SandboxFolder::SandboxFolder(const QString &path)
 
 void SandboxFolder::make() const
 {
+    if (QFile::encodeName(m_path).size() > longestPath) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError,
+                           u"The sandbox's folder %1 cannot be used: its path is longer than %2 "
+                           "bytes."_s.arg(m_path, QString::number(longestPath)));
+    }
     QDir().mkpath(QDir(m_path + u"/.."_s).absolutePath());
     makePrivateFolder(m_path);
     makePrivateFolder(temporaryPath());
@@ -91,25 +90,4 @@ QString SandboxFolder::dataPath() const
 QString SandboxFolder::temporaryPath() const
 {
     return file(u"tmp"_s);
-}
-
-QString SandboxFolder::socketForServer() const
-{
-    const QString here = file(u"socket"_s);
-    if (fitsSocket(here))
-        return here;
-
-    const QByteArray digest =
-        QCryptographicHash::hash(m_path.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
-    const QString name = u"querna-"_s + QString::number(::geteuid()) + u'-' + QLatin1String(digest);
-    for (const QString &parent : {qEnvironmentVariable("XDG_RUNTIME_DIR"), u"/tmp"_s}) {
-        const QString folder = parent + u'/' + name;
-        const QString socket = folder + u"/socket"_s;
-        if (parent.isEmpty() || !QFileInfo(parent).isWritable() || !fitsSocket(socket))
-            continue;
-        makePrivateFolder(folder);
-        return socket;
-    }
-    throw RuntimeError(ErrorNumber::PathFileAccessError,
-                       u"There is no place for the sandbox's socket: %1 is too long."_s.arg(here));
 }

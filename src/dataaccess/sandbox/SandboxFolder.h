@@ -26,11 +26,6 @@ public:
     /// For the server's temporary files.
     QString temporaryPath() const;
 
-    /// Where the server is to make its socket. A path that is too long for one gives way to a
-    /// folder of this user's own among the temporary files, which this makes.
-    /// @throws RuntimeError 75 when that folder cannot be made or belongs to somebody else
-    QString socketForServer() const;
-
 private:
     QString m_path;
 };

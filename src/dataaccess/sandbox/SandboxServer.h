@@ -10,9 +10,15 @@
 /// Called with a sentence for the user before something that takes a moment.
 using SandboxProgress = std::function<void(const QString &)>;
 
-/// One client's hold on the sandbox's server. The server of a folder runs from its first client to
-/// its last: each has a shared lock on one file, and a process that waits for the exclusive one
-/// (supervise.sh) stops the server when it gets it. So it does not matter how a client ends.
+/// One client's hold on the sandbox's server. Two locks say all there is to know, whatever process
+/// ended when:
+///
+/// - server.lock belongs to whoever works on the database: to the client that makes it and starts
+///   the server, and from then on to the server itself, which inherits it. Whoever gets it knows
+///   that there is no server, not even one that is beginning or ending.
+/// - life.lock is shared by the clients. The server's parent, a process that the starting client
+///   leaves behind, waits to have it alone; then no client is left, and it stops the server. Should
+///   that parent be killed, the server ends with it.
 class SandboxServer
 {
 public:
@@ -22,18 +28,20 @@ public:
     ///         or does not answer, with the last lines of its log; 75 when the folder cannot be
     ///         used
     SandboxServer(const SandboxFolder &folder, const SandboxProgress &progress);
+    ~SandboxServer();
+    SandboxServer(const SandboxServer &) = delete;
+    SandboxServer &operator=(const SandboxServer &) = delete;
 
-    /// The path of the server's Unix socket.
-    QString socketPath() const { return m_socket; }
+    /// The path of the server's socket, for this process and while this object lives. It is short
+    /// and of plain characters, whatever the folder's path is.
+    QString socketPath() const;
 
-    /// The process id of the server of @p folder; 0 when none is running.
+    /// The process id of the server of @p folder; 0 when none listens.
     static qint64 processId(const SandboxFolder &folder);
 
 private:
-    void start(const SandboxFolder &folder, const SandboxProgress &progress);
-    void awaitAnswer(const SandboxFolder &folder);
-    static void ensureWaiter(const SandboxFolder &folder);
+    void attach(const SandboxFolder &folder, const SandboxProgress &tell);
 
     FileLock m_life;
-    QString m_socket;
+    int m_folder = -1; ///< open for as long as its socket is to be reached
 };

@@ -1,15 +1,15 @@
 #include "dataaccess/sandbox/sandboxSetup.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/process.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStandardPaths>
-#include <QUuid>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -32,6 +32,8 @@ QByteArray sandboxResource(const QString &name)
 
 namespace {
 
+// The server works in its data folder, and would take a path with colons for several ones.
+constexpr auto temporaryFolder = "../tmp"_L1;
 constexpr int longestStep = 180'000; // milliseconds; a step takes a second, on slow disks some
 
 QString findProgram(const QString &name)
@@ -50,7 +52,7 @@ QString findProgram(const QString &name)
 }
 
 void runStep(const SandboxFolder &folder, const QString &program, const QStringList &arguments,
-             const QByteArray &input)
+             const QByteArray &input, const FileLock &lock)
 {
     QProcess process;
     process.setWorkingDirectory(folder.path());
@@ -58,9 +60,13 @@ void runStep(const SandboxFolder &folder, const QString &program, const QStringL
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"UMASK"_s, u"0600"_s);
     environment.insert(u"UMASK_DIR"_s, u"0700"_s);
-    environment.insert(u"TMPDIR"_s, folder.temporaryPath());
+    environment.insert("TMPDIR"_L1, temporaryFolder);
     process.setProcessEnvironment(environment);
-    process.setChildProcessModifier([] { ::umask(077); });
+    keepFilesFromPrograms();
+    process.setChildProcessModifier([file = lock.descriptor()] {
+        ::umask(077);
+        ::fcntl(file, F_SETFD, 0);
+    });
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(program, arguments);
     process.write(input);
@@ -75,40 +81,6 @@ void runStep(const SandboxFolder &folder, const QString &program, const QStringL
         process.error() == QProcess::Timedout
             ? u"Making the sandbox's database took too long and was given up. %1"_s.arg(words)
             : u"The sandbox's database could not be made. %1"_s.arg(words));
-}
-
-QByteArray objectStatements()
-{
-    return sandboxStatements(sandboxResource(u"dictionary.sql"_s)) +
-           sandboxStatements(sandboxResource(u"dbms_output.sql"_s)) +
-           sandboxStatements(sandboxResource(u"plan_table.sql"_s));
-}
-
-void runStatements(const SandboxFolder &folder, const QString &dataPath,
-                   const QByteArray &statements)
-{
-    // Reading statements the server checks no rights, and knows no accounts until told to.
-    runStep(folder, sandboxServerProgram(),
-            sandboxServerOptions(dataPath) + QStringList{u"--bootstrap"_s},
-            "SET NAMES utf8mb4;\nFLUSH PRIVILEGES;\n" + statements);
-}
-
-QString versionFile(const QString &dataPath)
-{
-    return dataPath + u"/querna-objects"_s;
-}
-
-QByteArray objectsVersion()
-{
-    return QCryptographicHash::hash(objectStatements(), QCryptographicHash::Sha256).toHex();
-}
-
-void noteObjectsVersion(const QString &dataPath)
-{
-    QFile file(versionFile(dataPath));
-    if (!file.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner) ||
-        file.write(objectsVersion()) < 0 || !file.flush())
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
 }
 
 } // namespace
@@ -149,8 +121,8 @@ QStringList sandboxServerOptions(const QString &dataPath)
         u"--aria-pagecache-buffer-size=8M"_s,
         u"--performance-schema=OFF"_s,
         u"--table-open-cache=400"_s,
-        u"--max-connections=60"_s,
-        u"--open-files-limit=1024"_s,
+        u"--max-connections=250"_s,
+        u"--open-files-limit=2048"_s,
         u"--log-warnings=1"_s,
         u"--skip-log-bin"_s,
         u"--skip-networking"_s,
@@ -161,12 +133,12 @@ QStringList sandboxServerOptions(const QString &dataPath)
     return options;
 }
 
-QStringList sandboxServingOptions(const SandboxFolder &folder, const QString &socketPath)
+QStringList sandboxServingOptions()
 {
     return {
-        u"--socket="_s + socketPath,
-        u"--log-error="_s + folder.file(u"server.log"_s),
-        u"--tmpdir="_s + folder.temporaryPath(),
+        u"--socket=../socket"_s,
+        u"--log-error=../server.log"_s,
+        "--tmpdir="_L1 + temporaryFolder,
         u"--transaction-isolation=READ-COMMITTED"_s,
         u"--innodb-lock-wait-timeout=20"_s,
         u"--max-allowed-packet=1G"_s,
@@ -194,36 +166,21 @@ QByteArray sandboxStatements(const QByteArray &sql)
     return statements;
 }
 
-void removeUnfinishedSandboxData(const SandboxFolder &folder)
+void createSandboxData(const SandboxFolder &folder, const FileLock &lock)
 {
-    QDir parent(folder.path());
-    for (const QString &left : parent.entryList({u"data.new-*"_s}, QDir::Dirs))
-        QDir(parent.filePath(left)).removeRecursively();
-}
-
-void createSandboxData(const SandboxFolder &folder)
-{
-    // A name of its own: a part of a broken-off attempt may still be at work.
-    const QString name = u"data.new-"_s + QUuid::createUuid().toString(QUuid::Id128);
-    const QString making = folder.file(name);
-    // A script that does not understand blanks in paths: it is given the path from here. Forced,
-    // it does not mind a machine that cannot look up its own name.
+    const QString making = u"./data.new"_s;
+    QDir(folder.file(making)).removeRecursively(); // an attempt that was broken off
+    // The script does not understand blanks in paths. Forced, it does not mind a machine that
+    // cannot look up its own name.
     runStep(folder, findProgram(u"mariadb-install-db"_s),
-            sandboxServerOptions(u"./"_s + name) + QStringList{u"--skip-test-db"_s, u"--force"_s},
-            {});
-    runStatements(folder, making,
-                  sandboxStatements(sandboxResource(u"accounts.sql"_s)) + objectStatements() +
-                      sandboxStatements(sandboxResource(u"scott.sql"_s)));
-    noteObjectsVersion(making);
-    if (!QDir().rename(making, folder.dataPath()))
+            sandboxServerOptions(making) + QStringList{u"--skip-test-db"_s, u"--force"_s}, {},
+            lock);
+    QByteArray statements = "SET NAMES utf8mb4;\nFLUSH PRIVILEGES;\n";
+    for (const char *name : {"accounts", "dictionary", "dbms_output", "plan_table", "scott"})
+        statements += sandboxStatements(sandboxResource(QLatin1StringView(name) + u".sql"_s));
+    // Reading statements the server checks no rights, and knows no accounts until told to.
+    runStep(folder, sandboxServerProgram(),
+            sandboxServerOptions(making) + QStringList{u"--bootstrap"_s}, statements, lock);
+    if (!QDir().rename(folder.file(making), folder.dataPath()))
         throw RuntimeError(ErrorNumber::PathFileAccessError);
-}
-
-void updateSandboxData(const SandboxFolder &folder)
-{
-    QFile file(versionFile(folder.dataPath()));
-    if (file.open(QIODevice::ReadOnly) && file.readAll() == objectsVersion())
-        return;
-    runStatements(folder, folder.dataPath(), objectStatements());
-    noteObjectsVersion(folder.dataPath());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dataaccess/sandbox/FileLock.h"
 #include "dataaccess/sandbox/SandboxFolder.h"
 
 #include <QByteArray>
@@ -8,7 +9,7 @@
 
 /// Making the sandbox's database out of the server's empty one.
 
-/// A file of the sandbox's own: its SQL, or the scripts that look after the server.
+/// A file of the sandbox's own SQL.
 /// @throws RuntimeError 53 when there is none of that name
 QByteArray sandboxResource(const QString &name);
 
@@ -23,21 +24,15 @@ QString sandboxServerProgram();
 QStringList sandboxServerOptions(const QString &dataPath);
 
 /// What the server is told besides when it is to serve.
-QStringList sandboxServingOptions(const SandboxFolder &folder, const QString &socketPath);
+QStringList sandboxServingOptions();
 
 /// The statements of a file of the sandbox's SQL, each brought to one line: the server reads its
 /// start-up statements line by line.
 QByteArray sandboxStatements(const QByteArray &sql);
 
-/// Removes what attempts that were broken off have left.
-void removeUnfinishedSandboxData(const SandboxFolder &folder);
-
 /// Makes the data directory: accounts, dictionary, packages, sample schema. It takes its place
 /// only when it is complete, so one whose making was broken off is never used.
+/// @param lock  the one on server.lock, which whoever works on the data has: what is started here
+///        holds it as well, to its own end
 /// @throws RuntimeError 3000 with the server's own words when a step fails
-void createSandboxData(const SandboxFolder &folder);
-
-/// Brings the dictionary and the packages of an older program's data directory up to date; what
-/// users made of theirs stays.
-/// @throws RuntimeError 3000 with the server's own words when that fails
-void updateSandboxData(const SandboxFolder &folder);
+void createSandboxData(const SandboxFolder &folder, const FileLock &lock);
