@@ -124,12 +124,12 @@ void Recordset::Open(const QString &source, const std::shared_ptr<Connection> &c
 {
     requireClosed();
     const std::shared_ptr<OdbcSession> session = Connection::sessionOf(connection);
-    const bool isForward = m_cursorLocation == adUseServer;
-    if (isForward && !m_sort.isEmpty())
+    if (m_cursorLocation == adUseServer && !m_sort.isEmpty())
         throw RuntimeError(ErrorNumber::FeatureNotAvailable);
     std::unique_ptr<OdbcCursor> cursor = OdbcCursor::open(*session, source, m_cacheSize);
     if (!cursor)
         return;
+    const bool isForward = m_cursorLocation == adUseServer && !cursor->mayFailLater();
     if (!isForward) {
         const SortOrder order(m_sort, cursor->fields());
         MemoryTable rows(static_cast<int>(cursor->fields().size()));

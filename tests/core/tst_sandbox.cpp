@@ -171,6 +171,20 @@ void tst_sandbox::rowsWithinABlock()
                     .contains(u"Unknown column 'nope'"_s));
     }
     QCOMPARE(scalar(m_connection, u"select count(*) from dept"_s), u"4"_s);
+
+    // What fails after the first rows fails, however many they are and whoever reads them.
+    const QString block = u"begin select %1; %2 end;"_s;
+    for (const QString &rows : {u"1 from dual"_s, u"* from sales"_s}) {
+        for (const QString &failure : {u"insert into nowhere values (1);"_s,
+                                       u"signal sqlstate '45000' set message_text = 'nowhere';"_s})
+            QVERIFY(failureOf(m_connection, block.arg(rows, failure)).contains(u"nowhere"_s));
+    }
+    QCOMPARE(table(m_connection, block.arg(u"deptno from dept"_s, u"null;"_s)),
+             u"10\n20\n30\n40"_s);
+    // The driver counts semicolons, and must not be asked for what the server does not send.
+    m_connection->Execute(u"create procedure steps as begin null; null; null; end;"_s);
+    QCOMPARE(m_connection->Execute(u"steps()"_s)->State(), adStateClosed);
+    m_connection->Execute(u"drop procedure steps"_s);
 }
 
 void tst_sandbox::dictionary()

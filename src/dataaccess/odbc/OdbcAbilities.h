@@ -10,8 +10,10 @@ struct OdbcAbilities
     bool declarationsBindValues = true;
 
     /// MariaDB's driver has ways of its own. It writes output parameters as UTF-8 text, whatever
-    /// type they are bound as. And it takes a block for as many statements as it has semicolons,
-    /// sends it in one piece nevertheless, and crashes when asked for the results it did not get.
+    /// type they are bound as. It takes a procedure's making for as many statements as it has
+    /// semicolons, sends it in one piece nevertheless, and crashes when asked for the results it
+    /// did not get: of blocks and calls alone it may be asked for more than one. A whole result it
+    /// reads at once.
     bool isMariaDb = false;
     /// Texts that are fetched as narrow ones come in UTF-8. Wide ones, MariaDB's driver ends at the
     /// first zero character, and misreckons their length when it has to cut them.

@@ -58,6 +58,7 @@ std::unique_ptr<OdbcCursor> OdbcCursor::open(OdbcSession &session, const QString
 
 OdbcCursor::OdbcCursor(const OdbcSession &session, OdbcHandle statement, int rowsPerBlock)
     : m_statement(std::move(statement))
+    , m_mayFailLater(session.abilities().isMariaDb && !m_statement.hasOneResult())
 {
     for (OdbcColumn &column : describeColumns(m_statement, session.abilities())) {
         m_fields.push_back(column.field);

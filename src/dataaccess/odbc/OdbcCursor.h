@@ -28,6 +28,8 @@ public:
     OdbcCursor(const OdbcCursor &) = delete; // the driver writes to its members
     OdbcCursor &operator=(const OdbcCursor &) = delete;
 
+    /// Whether what was sent goes on after this result and may yet fail: reading to the end tells.
+    bool mayFailLater() const { return m_mayFailLater; }
     const std::vector<FieldInfo> &fields() const { return m_fields; }
     bool atEnd() const { return m_row >= m_fetched; }
     /// Goes to the next row; not at the end. @throws RuntimeError with the driver's text
@@ -62,6 +64,7 @@ private:
     SQLULEN m_rowsPerBlock = 1;
     SQLULEN m_fetched = 0;
     SQLULEN m_row = 0;             ///< in the block
+    bool m_mayFailLater = false;
     bool m_isRowInBuffers = false; ///< known of the current row: every value is bound and not cut
     bool m_rereadsInBlock = false; ///< the driver gives values again anywhere in a block
     bool m_rereadsBound = false;   ///< it gives values of bound columns again, at least

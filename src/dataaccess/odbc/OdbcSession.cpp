@@ -32,10 +32,12 @@ void driverConnect(const OdbcHandle &connection, const QString &connectionString
               connection);
 }
 
-QStringView withoutLastCharacter(const QString &text)
+/// Whether @p text may have results after its first one.
+bool mayHaveFurtherResults(const QString &text)
 {
-    const QStringView trimmed = QStringView(text).trimmed();
-    return trimmed.left(std::max<qsizetype>(trimmed.size() - 1, 0));
+    const SqlToken first = SqlTokens(text).next();
+    return first.isWord(u"BEGIN") || first.isWord(u"CALL") || first.isWord(u"EXECUTE") ||
+           first.isSign(u'{');
 }
 
 /// Whether a driver refuses a statement because results are still open, rather than for what the
@@ -287,7 +289,7 @@ OdbcHandle OdbcSession::statementFor(const QString &text)
     SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN,
                    attributeValue(hasOdbcEscape(text) ? SQL_NOSCAN_OFF : SQL_NOSCAN_ON),
                    SQL_IS_UINTEGER);
-    statement.setHasOneResult(m_abilities.isMariaDb && withoutLastCharacter(text).contains(u';'));
+    statement.setHasOneResult(m_abilities.isMariaDb && !mayHaveFurtherResults(text));
     return statement;
 }
 
