@@ -4,6 +4,7 @@
 
 class EditorControl;
 class MDIFormQuerna;
+class QMenuBar;
 class frmQuerna;
 
 /// The frame's menu commands. The edit commands act on the control that has the keyboard focus,
@@ -18,6 +19,10 @@ public:
         : m_frame(frame)
     {
     }
+
+    /// Puts the menus and their items into @p menuBar, each under its own object name, and leads
+    /// them to these commands, which have to be there for as long as an item can be chosen.
+    void addMenus(QMenuBar &menuBar);
 
     // File
     void mnuOrbekSqlEditor_Click();

@@ -4,7 +4,6 @@
 #include "app/FrameView.h"
 #include "app/RecoveryBar.h"
 #include "app/TextKeeper.h"
-#include "app/frameMenus.h"
 #include "connection/commandLine.h"
 #include "connection/frmQuernaLogin.h"
 #include "connection/session.h"
@@ -125,7 +124,7 @@ MDIFormQuerna::MDIFormQuerna(QWidget *parent)
     setCentralWidget(m_area);
     m_recovery = new RecoveryBar(this);
     addToolBar(m_recovery);
-    createFrameMenus(*menuBar(), *m_commands);
+    m_commands->addMenus(*menuBar());
     connect(m_area, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow *window) {
         if (frmQuerna *editor = editorIn(window))
             editor->Form_Activate();

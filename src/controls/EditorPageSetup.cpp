@@ -1,6 +1,6 @@
 #include "controls/EditorPageSetup.h"
 
-#include "controls/toolkitDialogs.h"
+#include "controls/CommonDialog.h"
 #include "platform/RuntimeError.h"
 
 #include <Qsci/qsciprinter.h>

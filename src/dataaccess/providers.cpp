@@ -41,7 +41,8 @@ QString oracleDriver()
         throw RuntimeError(
             ErrorNumber::ProviderNotFound,
             u"The ODBC driver for Oracle is not installed: the driver manager knows none whose "
-            "name contains \"Oracle\". "_s + oracleDriverAdvice());
+            "name contains \"Oracle\". "_s +
+                oracleDriverAdvice());
     }
     return *found;
 }

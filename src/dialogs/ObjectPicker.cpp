@@ -3,9 +3,10 @@
 #include "controls/accessKey.h"
 #include "controls/enterKey.h"
 #include "controls/named.h"
-#include "dialogs/listFillers.h"
 #include "platform/errorTraps.h"
+#include "platform/mousePointer.h"
 #include "sqltext/dictionaryQueries.h"
+#include "sqltext/dictionaryReader.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -131,9 +132,29 @@ bool ObjectPicker::Form_Load()
     return loaded;
 }
 
+QStringList ObjectPicker::names(const QString &query) const
+{
+    const HourglassPointer hourglass;
+    return namesFrom(query, m_connection);
+}
+
+void ObjectPicker::fill(QComboBox &combo, const QString &query) const
+{
+    combo.clear();
+    combo.addItems(names(query));
+    // The toolkit takes the first entry of a filled combo box as picked.
+    combo.setCurrentIndex(-1);
+}
+
+void ObjectPicker::fill(QListWidget &list, const QString &query) const
+{
+    list.clear();
+    list.addItems(names(query));
+}
+
 void ObjectPicker::loadSchemas()
 {
-    fillCombo(schemasQuery(), *cmbSchema, m_connection);
+    fill(*cmbSchema, schemasQuery());
     const QString schema = m_userName.toUpper();
     cmbSchema->setCurrentIndex(cmbSchema->findText(schema, Qt::MatchExactly));
     cmbSchema->setEditText(schema);

@@ -47,9 +47,15 @@ protected:
     /// The text that picking a list entry writes into the editor.
     virtual QString textToInsert(const QString &entry) const = 0;
 
+    /// Empties the combo box and fills it with the first field of every row of @p query, in the
+    /// order in which the rows come. Its text stays empty until an entry is picked.
+    /// @throws RuntimeError 91 without a connection, 94 for a null, otherwise the server's; the
+    ///         combo box is then empty
+    void fill(QComboBox &combo, const QString &query) const;
+    /// The same for a list box.
+    void fill(QListWidget &list, const QString &query) const;
     /// Runs @p load; when it fails, says why and closes the dialog.
     void loadOrClose(const std::function<void()> &load);
-    const std::shared_ptr<Connection> &connection() const { return m_connection; }
 
     QComboBox *cmbSchema;
     QListWidget *lstObject;
@@ -60,6 +66,7 @@ private slots:
 
 private:
     void loadSchemas();
+    QStringList names(const QString &query) const;
 
     QFormLayout *m_combos;
     std::shared_ptr<Connection> m_connection;

@@ -1,6 +1,5 @@
 #include "dialogs/frmObject.h"
 
-#include "dialogs/listFillers.h"
 #include "sqltext/dictionaryQueries.h"
 
 #include <QComboBox>
@@ -15,7 +14,7 @@ frmObject::frmObject(QWidget *parent)
 
 void frmObject::loadSchema()
 {
-    fillList(tablesQuery(cmbSchema->currentText()), *lstObject, connection());
+    fill(*lstObject, tablesQuery(cmbSchema->currentText()));
 }
 
 QString frmObject::textToInsert(const QString &entry) const

@@ -1,6 +1,5 @@
 #include "dialogs/frmObjectColumn.h"
 
-#include "dialogs/listFillers.h"
 #include "sqltext/dictionaryQueries.h"
 
 #include <QComboBox>
@@ -20,14 +19,13 @@ frmObjectColumn::frmObjectColumn(QWidget *parent)
 
 void frmObjectColumn::loadSchema()
 {
-    fillCombo(tablesQuery(cmbSchema->currentText()), *cmbTable, connection());
+    fill(*cmbTable, tablesQuery(cmbSchema->currentText()));
 }
 
 void frmObjectColumn::cmbTable_Click()
 {
     loadOrClose([this] {
-        fillList(columnsQuery(cmbSchema->currentText(), cmbTable->currentText()), *lstObject,
-                 connection());
+        fill(*lstObject, columnsQuery(cmbSchema->currentText(), cmbTable->currentText()));
     });
 }
 

@@ -8,7 +8,6 @@
 #include "editor/ExplainPlan.h"
 #include "editor/OutputCapture.h"
 #include "editor/WindowControls.h"
-#include "editor/statusPanelNumbers.h"
 #include "history/historyFile.h"
 #include "platform/errorTraps.h"
 #include "platform/mousePointer.h"

@@ -11,6 +11,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QToolBar>
 
@@ -92,6 +93,24 @@ void WindowControls::createOutputTab()
     rtbdbms->setLineWrapMode(QPlainTextEdit::NoWrap);
     rtbdbms->setFont(QFont(fixedWidthFamily(), defaultPoints()));
     tbSql->addTab(page, u"DBMS Output"_s);
+}
+
+void WindowControls::addPaneKeys(QWidget *window) const
+{
+    QTabWidget *const tabs = tbSql;
+    for (int index = 0; index < tabs->count(); ++index) {
+        const QKeySequence key(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + index));
+        tabs->setTabToolTip(
+            index, u"%1 (%2)"_s.arg(tabs->tabText(index), key.toString(QKeySequence::NativeText)));
+        QObject::connect(new QShortcut(key, window), &QShortcut::activated, tabs,
+                         [tabs, index] { tabs->setCurrentIndex(index); });
+    }
+    const auto changePane = [tabs, editor = txtSQL,
+                             panes = QWidgetList{SqlDataGrid, tvwColumns, rtbdbms}] {
+        QWidget *const pane = editor->hasFocus() ? panes.at(tabs->currentIndex()) : editor;
+        pane->setFocus(Qt::ShortcutFocusReason);
+    };
+    QObject::connect(new QShortcut(Qt::Key_F4, window), &QShortcut::activated, window, changePane);
 }
 
 ResultTab WindowControls::visibleTab() const

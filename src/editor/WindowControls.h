@@ -15,6 +15,15 @@ struct PaneLayout;
 /// The tabs of `tbSql`, which decide what Run does.
 enum class ResultTab { Data = 0, ExplainPlan = 1, DbmsOutput = 2 };
 
+/// What the panels of `sbSql` show.
+enum StatusPanelNumber {
+    CaretPanel = 1,
+    InformationPanel = 2,
+    ElapsedPanel = 3,
+    RowsPanel = 4,
+    ExecutionPanel = 5
+};
+
 /// The controls of an editor window, made and named here so that the window's duties can be handed
 /// the ones they work on. The window's widget owns them.
 struct WindowControls
@@ -37,6 +46,11 @@ struct WindowControls
 
     /// Puts the controls where @p panes says, inside a window of the given size in pixels.
     void place(const PaneLayout &panes, int width, int height);
+
+    /// Keys that lead around @p window: Alt+1 to Alt+3 show the tabs and leave the focus where it
+    /// is; F4 goes from the editor into the tab that is showing, and from anywhere else to the
+    /// editor, which keeps the Tab key to itself.
+    void addPaneKeys(QWidget *window) const;
 
 private:
     void createDataTab();

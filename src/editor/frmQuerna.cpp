@@ -12,9 +12,7 @@
 #include "editor/RunCommand.h"
 #include "editor/ToolbarCommands.h"
 #include "editor/caption.h"
-#include "editor/paneKeys.h"
 #include "editor/paneLayout.h"
-#include "editor/statusPanelNumbers.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
@@ -90,7 +88,7 @@ void frmQuerna::connectEvents()
         connect(action, &QAction::triggered, this, [this, index] { Toolbar1_ButtonClick(index); });
     }
     showKeysInToolTips(*m_controls.Toolbar1);
-    addPaneKeys(*this, m_controls);
+    m_controls.addPaneKeys(this);
     m_paging->setStatusText([this](const QString &text) {
         m_controls.sbSql->setPanelTextSoon(RowsPanel, text);
         m_controls.SqlDataGrid->rowsAdded();

@@ -42,8 +42,8 @@ int fileErrorNumber(int osError, const QString &path, FileUse use)
     }
 }
 
-/// What the operation that has just failed left in errno. On Windows the toolkit leaves nothing, nor
-/// does it where it refuses a file by itself: then, what is in the way.
+/// What the operation that has just failed left in errno. On Windows the toolkit leaves nothing,
+/// nor does it where it refuses a file by itself: then, what is in the way.
 int systemError(const QFileDevice &file, FileUse use)
 {
     if (file.error() == QFileDevice::ResourceError)

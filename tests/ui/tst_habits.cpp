@@ -1,5 +1,4 @@
 #include "app/MDIFormQuerna.h"
-#include "app/userGroup.h"
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
 #include "support/DataRows.h"
@@ -175,9 +174,10 @@ void tst_habits::otherProgramsAreStarted()
     const QString told = program.folder() + u"/told"_s;
     for (const auto &[file, item, window, argument] :
          {std::tuple(u"Querna"_s, u"mnuOrbekSqlEditor"_s, u"maximized"_s, sqlite),
-          std::tuple(u"xdg-open"_s, u"mnuJoinOrbekUserGroup"_s, QString(), userGroupJoinPage()),
+          std::tuple(u"xdg-open"_s, u"mnuJoinOrbekUserGroup"_s, QString(),
+                     u"https://orbek-users.example/join"_s),
           std::tuple(u"xdg-open"_s, u"mnuMessageOrbekUserGroup"_s, QString(),
-                     userGroupMessagesPage())}) {
+                     u"https://orbek-users.example/messages"_s)}) {
         const QString standIn = program.folder() + u'/' + file;
         makeFile(standIn, "#!/bin/sh\nprintf '%s %s' \"$QUERNA_START_WINDOW\" \"$1\" >${0%/*}/new\n"
                           "mv ${0%/*}/new ${0%/*}/told\n");
