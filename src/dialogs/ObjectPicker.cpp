@@ -10,6 +10,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QCompleter>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -81,8 +82,10 @@ QComboBox *ObjectPicker::addCombo(const QString &name, const QString &label)
     combo->setAccessibleName(withoutMnemonic(label));
     combo->lineEdit()->setAccessibleName(withoutMnemonic(label));
     combo->view()->setAccessibleName(withoutMnemonic(label));
-    // A typed name stays as it is typed, and leaving the field does not pick it.
-    combo->setCompleter(nullptr);
+    // A typed name stays as it is typed, and leaving the field does not pick it; what begins with
+    // it is listed below.
+    combo->completer()->setCompletionMode(QCompleter::PopupCompletion);
+    combo->completer()->popup()->setAccessibleName(withoutMnemonic(label));
     disconnect(combo->lineEdit(), &QLineEdit::editingFinished, combo, nullptr);
     connect(combo->lineEdit(), &QLineEdit::returnPressed, combo, [combo] { pickTyped(*combo); });
     connect(combo, &QComboBox::activated, combo->lineEdit(), &QLineEdit::selectAll);

@@ -17,6 +17,7 @@
 #include "uisupport/ModalAnswers.h"
 #include "uisupport/accessibleNames.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -256,6 +257,15 @@ void tst_dialogs::columnsOfATable()
     QVERIFY(!bench.lists(u"ENAME"_s));
     bench.click(u"DNAME"_s);
     QCOMPARE(bench.editor->Text(), u"ENAME DNAME "_s);
+
+    // Typing finds, and what is found can be picked.
+    QTest::keyClick(bench.cmbTable->lineEdit(), Qt::Key_E);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_M);
+    QCOMPARE(bench.cmbTable->currentText(), u"em"_s);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    QCOMPARE(bench.cmbTable->currentText(), u"EMP"_s);
+    QVERIFY(bench.lists(u"ENAME"_s));
 
     // The next opening starts afresh.
     const int schemas = bench.cmbSchema->count();
