@@ -5,9 +5,9 @@
 #include "controls/named.h"
 #include "sqltext/completion.h"
 
-#include <QAbstractItemView>
 #include <QCompleter>
 #include <QKeyEvent>
+#include <QListView>
 #include <QScrollBar>
 #include <QStringListModel>
 
@@ -35,7 +35,9 @@ CompletionPopup::CompletionPopup(EditorControl &editor)
     m_completer->setCaseSensitivity(Qt::CaseInsensitive);
     m_completer->setWrapAround(false);
     m_completer->setMaxVisibleItems(shownEntries);
-    QAbstractItemView *list = named(m_completer->popup(), u"lstCompletions"_s);
+    auto *list = named(new QListView, u"lstCompletions"_s);
+    list->setUniformItemSizes(true); // or every entry of thousands would be measured
+    m_completer->setPopup(list);
     list->setAccessibleName(tr("Completions"));
     // Before the completer, which would hand Enter, Tab and Esc to the editor.
     list->installEventFilter(this);

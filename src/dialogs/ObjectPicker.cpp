@@ -14,6 +14,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QListWidget>
 #include <QVBoxLayout>
 
@@ -84,8 +85,11 @@ QComboBox *ObjectPicker::addCombo(const QString &name, const QString &label)
     combo->view()->setAccessibleName(withoutMnemonic(label));
     // A typed name stays as it is typed, and leaving the field does not pick it; what begins with
     // it is listed below.
+    auto *found = new QListView;
+    found->setUniformItemSizes(true);
+    found->setAccessibleName(withoutMnemonic(label));
     combo->completer()->setCompletionMode(QCompleter::PopupCompletion);
-    combo->completer()->popup()->setAccessibleName(withoutMnemonic(label));
+    combo->completer()->setPopup(found);
     disconnect(combo->lineEdit(), &QLineEdit::editingFinished, combo, nullptr);
     connect(combo->lineEdit(), &QLineEdit::returnPressed, combo, [combo] { pickTyped(*combo); });
     connect(combo, &QComboBox::activated, combo->lineEdit(), &QLineEdit::selectAll);
