@@ -81,16 +81,15 @@ int main(int argc, char **argv)
         giveUp(u"The list has %1 names."_s.arg(list()->model()->rowCount()));
     printMilliseconds(u"completion among 10,000 tables, from then on"_s,
                       median(manyRounds, close, complete), longestWaitMilliseconds);
-    printMilliseconds(
-        u"a key that narrows the list"_s,
-        median(
-            manyRounds,
-            [&] {
-                program.setText(u"select * from scott."_s);
-                complete();
-                QCoreApplication::processEvents();
-            },
-            [] { QTest::keyClick(list(), Qt::Key_T); }),
-        longestWaitMilliseconds);
+    printMilliseconds(u"a key that narrows the list"_s,
+                      median(
+                          manyRounds,
+                          [&] {
+                              program.setText(u"select * from scott."_s);
+                              complete();
+                              QCoreApplication::processEvents();
+                          },
+                          [] { QTest::keyClick(list(), Qt::Key_T); }),
+                      longestWaitMilliseconds);
     return 0;
 }

@@ -12,6 +12,13 @@ namespace {
 
 constexpr qint64 largestFile = 10'000'000;
 
+bool isAlias(const QString &text)
+{
+    return !text.isEmpty() && std::none_of(text.begin(), text.end(), [](QChar character) {
+        return character.isSpace() || character == u'=' || character == u'"';
+    });
+}
+
 /// Reads the definitions, `alias, alias = (…)`, line by line.
 class DefinitionReader
 {
@@ -30,7 +37,7 @@ public:
                 break;
             if (character == u'"')
                 quoted = !quoted;
-            else if (!quoted)
+            if (!quoted)
                 read(character);
         }
         // What follows the sign on its own line is a setting, such as a file to include.
@@ -48,6 +55,7 @@ private:
                 define();
         } else if (character == u')') {
             m_open = std::max(m_open - 1, 0);
+            m_names.clear();
         } else if (m_open == 0) {
             m_names += character;
         }
@@ -60,9 +68,8 @@ private:
         if (!before.endsWith(u'='))
             return;
         for (const QString &part : before.chopped(1).split(u',')) {
-            const QString alias = part.simplified();
-            if (!alias.isEmpty() && !alias.contains(u' ') && !alias.contains(u'=') &&
-                !aliases.contains(alias, Qt::CaseInsensitive))
+            const QString alias = part.trimmed();
+            if (isAlias(alias) && !aliases.contains(alias, Qt::CaseInsensitive))
                 aliases += alias;
         }
     }

@@ -3,7 +3,7 @@
 #include "controls/EditorControl.h"
 #include "controls/enterKey.h"
 #include "controls/named.h"
-#include "sqltext/completion.h"
+#include "dataaccess/SqlTokens.h"
 
 #include <QCompleter>
 #include <QKeyEvent>
@@ -70,7 +70,7 @@ void CompletionPopup::narrow()
         return;
     const int caret = m_editor.caretPosition();
     const QString typed = caret < m_begin ? QString() : m_editor.textBetween(m_begin, caret);
-    if (caret < m_begin || !std::all_of(typed.begin(), typed.end(), isNameCharacter))
+    if (caret < m_begin || !std::all_of(typed.begin(), typed.end(), isWordCharacter))
         return hide();
     m_completer->setCompletionPrefix(typed);
     if (m_completer->completionCount() == 0)
@@ -91,7 +91,7 @@ void CompletionPopup::take(const QString &name)
     const int caret = m_editor.caretPosition();
     const QString after =
         m_editor.textBetween(caret, m_begin < caret ? caret + longestName : caret);
-    const auto rest = std::find_if_not(after.begin(), after.end(), isNameCharacter);
+    const auto rest = std::find_if_not(after.begin(), after.end(), isWordCharacter);
     emit taken(name, m_begin, caret + static_cast<int>(rest - after.begin()));
 }
 

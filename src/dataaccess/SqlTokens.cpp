@@ -6,18 +6,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isWordCharacter(QChar character)
-{
-    return character.isLetterOrNumber() || character == u'_' || character == u'$' ||
-           character == u'#' || character.isSurrogate();
-}
-
 qsizetype endOr(qsizetype found, qsizetype length, qsizetype otherwise)
 {
     return found < 0 ? otherwise : found + length;
 }
 
 } // namespace
+
+bool isWordCharacter(QChar character)
+{
+    return character.isLetterOrNumber() || character == u'_' || character == u'$' ||
+           character == u'#' || character.isSurrogate();
+}
 
 bool SqlToken::isWord(QStringView word) const
 {

@@ -2,6 +2,9 @@
 
 #include <QStringView>
 
+/// Whether @p character can stand in a word: a name without quotes, a keyword or a number.
+bool isWordCharacter(QChar character);
+
 /// One word, number, literal, quoted name or sign of a statement's text.
 struct SqlToken
 {

@@ -166,7 +166,7 @@ const QStringList &keywords()
             "USING VALUES WHEN WITH"_s.split(u' ');
         for (const auto &group : sqlWordClasses().keywordTable) {
             for (const QString &word : group) {
-                if (std::all_of(word.begin(), word.end(), isNameCharacter) && !word.isEmpty())
+                if (std::all_of(word.begin(), word.end(), isWordCharacter) && !word.isEmpty())
                     found += word;
             }
         }
@@ -201,16 +201,11 @@ QStringList behindName(const CompletionPlace &place, DictionaryNames &names, con
 
 } // namespace
 
-bool isNameCharacter(QChar character)
-{
-    return character.isLetterOrNumber() || QStringView(u"_$#").contains(character);
-}
-
 std::optional<CompletionPlace> completionPlace(QStringView text, qsizetype caret)
 {
     // With a letter at the caret there is a word to find, unless something else holds the caret. A
     // word behind the caret of which nothing has been typed is another one.
-    const bool goesOn = caret > 0 && isNameCharacter(text[caret - 1]);
+    const bool goesOn = caret > 0 && isWordCharacter(text[caret - 1]);
     const QString marked =
         text.first(caret).toString() + (goesOn ? u"x"_s : u"x "_s) + text.sliced(caret).toString();
     std::vector<SqlToken> tokens;

@@ -44,6 +44,3 @@ QStringList completions(const CompletionPlace &place, DictionaryNames &names, co
 /// @p name as it is put into the text: in small letters where these are being typed, unless it has
 /// some already and so is one of those that capitals belong to.
 QString completionText(const QString &name, bool lowerCase);
-
-/// Whether @p character can stand in a name that needs no quotes.
-bool isNameCharacter(QChar character);
