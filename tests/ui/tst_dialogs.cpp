@@ -259,6 +259,8 @@ void tst_dialogs::columnsOfATable()
     QCOMPARE(bench.editor->Text(), u"ENAME DNAME "_s);
 
     // Typing finds, and what is found can be picked.
+    QVERIFY(QTest::qWaitForWindowActive(&bench.picker));
+    bench.cmbTable->setFocus();
     QTest::keyClick(bench.cmbTable->lineEdit(), Qt::Key_E);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_M);
     QCOMPARE(bench.cmbTable->currentText(), u"em"_s);
