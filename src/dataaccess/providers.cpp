@@ -1,13 +1,10 @@
 #include "dataaccess/providers.h"
 
 #include "dataaccess/connectionString.h"
-#include "dataaccess/odbc/driverAdvice.h"
 #include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/sandbox/Sandbox.h"
 #include "platform/RuntimeError.h"
 #include "platform/settings.h"
-
-#include <QStringList>
 
 #include <algorithm>
 
@@ -28,23 +25,28 @@ QString quoted(const QString &value)
     return isPlain ? value : inBraces(value);
 }
 
+#ifdef Q_OS_WIN
+const QString oracleAdvice = u"Install Oracle Instant Client for 64-bit Windows with its ODBC "
+                             "package and run the package's odbc_install.exe."_s;
+#else
+const QString oracleAdvice =
+    u"Install Oracle Instant Client with its ODBC package and register the driver with odbcinst "
+    "(or with the package's odbc_update_ini.sh)."_s;
+#endif
+
 QString oracleDriver()
 {
-    QString chosen = getSetting(u"Orbek Oracle"_s, u"Settings"_s, u"OracleDriver"_s);
-    if (!chosen.isEmpty())
-        return chosen;
-    const QStringList drivers = installedDrivers();
-    const auto found = std::find_if(drivers.begin(), drivers.end(), [](const QString &name) {
-        return name.contains("Oracle"_L1, Qt::CaseInsensitive);
-    });
-    if (found == drivers.end()) {
+    QString driver = getSetting(u"Orbek Oracle"_s, u"Settings"_s, u"OracleDriver"_s);
+    if (driver.isEmpty())
+        driver = installedDriver(u"Oracle");
+    if (driver.isEmpty()) {
         throw RuntimeError(
             ErrorNumber::ProviderNotFound,
             u"The ODBC driver for Oracle is not installed: the driver manager knows none whose "
             "name contains \"Oracle\". "_s +
-                oracleDriverAdvice());
+                oracleAdvice);
     }
-    return *found;
+    return driver;
 }
 
 ProviderSession openOracle(const ConnectionString &items)

@@ -129,6 +129,7 @@ private slots:
     void waitingIsTold_data();
     void waitingIsTold();
     void manyWindows();
+    void serverOfSomebodyElse();
     void serverKilled();
     void supervisorKilled();
     void serverStopped();
@@ -273,6 +274,19 @@ void tst_sandboxserver::manyWindows()
     for (auto &window : windows)
         window = logOn();
     QCOMPARE(scalar(windows.front(), u"select 1 from dual"_s), u"1"_s);
+}
+
+void tst_sandboxserver::serverOfSomebodyElse()
+{
+    const SandboxServer theirs(SandboxFolder::ofUser(), {});
+    useFolder(u"nobody's"_s);
+    qputenv("QUERNA_SANDBOX_SOCKET", theirs.socketPath().toLocal8Bit());
+    const auto back = qScopeGuard([this] {
+        qunsetenv("QUERNA_SANDBOX_SOCKET");
+        init();
+    });
+    QCOMPARE(scalar(logOn(), u"select count(*) from sales"_s), u"100000"_s);
+    QVERIFY(!QFileInfo::exists(SandboxFolder::ofUser().path()));
 }
 
 void tst_sandboxserver::serverKilled()

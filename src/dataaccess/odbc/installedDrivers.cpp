@@ -36,6 +36,11 @@ QStringList installedDrivers()
     return listed(SQLDriversW);
 }
 
+QString installedDriver(QStringView part)
+{
+    return installedDrivers().filter(part.toString(), Qt::CaseInsensitive).value(0);
+}
+
 QStringList dataSources()
 {
     return listed(SQLDataSourcesW);

@@ -18,8 +18,7 @@ class ConnectionString;
 bool isSandbox(const ConnectionString &connectionString);
 
 /// Sees to it that the server runs while the result's lifetime lasts, and says how to log on.
-/// @throws RuntimeError as SandboxServer's constructor does, and 3706 when the server's ODBC driver
-///         is not installed
+/// @throws RuntimeError as sandboxService() does
 ProviderSession openSandbox(const ConnectionString &connectionString);
 
 /// Says whom to tell what is being waited for; an empty function for nobody.

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "dataaccess/sandbox/SandboxServer.h"
+
+#include <QString>
+
+#include <memory>
+
+/// How the sandbox's server is reached.
+struct SandboxService
+{
+    QString driver;                 ///< of ODBC: as a connection string names it
+    QString socketPath;             ///< of the server
+    std::shared_ptr<void> lifetime; ///< to be kept for as long as the server is needed
+};
+
+/// The server that the environment variable QUERNA_SANDBOX_SOCKET names by its socket and somebody
+/// else runs, or else the user's own, which is started if need be.
+/// @throws RuntimeError 3706 when the driver is not installed or this system cannot run the server,
+///         and as SandboxServer's constructor does
+SandboxService sandboxService(const SandboxProgress &progress);
+
+/// The socket that QUERNA_SANDBOX_SOCKET names; empty when it names none.
+inline QString namedSandboxSocket()
+{
+    return qEnvironmentVariable("QUERNA_SANDBOX_SOCKET");
+}
