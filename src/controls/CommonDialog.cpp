@@ -1,6 +1,5 @@
 #include "controls/CommonDialog.h"
 
-#include "controls/FontDialog.h"
 #include "controls/accessKey.h"
 #include "platform/RuntimeError.h"
 
@@ -8,10 +7,13 @@
 #include <QAccessible>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QStringList>
 #include <QTabWidget>
 
@@ -120,9 +122,25 @@ void CommonDialog::ShowColor()
 
 void CommonDialog::ShowFont()
 {
-    FontDialog dialog(Font, Color, m_parent);
+    QFontDialog dialog(Font, m_parent);
+    // A desktop's own one has no place for the button.
+    dialog.setOption(QFontDialog::DontUseNativeDialog);
+    QColor color = Color;
+    QPushButton *cmdColor = dialog.findChild<QDialogButtonBox *>()->addButton(
+        u"Co&lor..."_s, QDialogButtonBox::ActionRole);
+    cmdColor->setAutoDefault(false);
+    QObject::connect(cmdColor, &QPushButton::clicked, &dialog, [&] {
+        const QColor before = color.isValid() ? color : QColor(Qt::black);
+        const QColor chosen = QColorDialog::getColor(before, &dialog);
+        if (!chosen.isValid())
+            return;
+        color = chosen;
+        QPixmap swatch(cmdColor->iconSize());
+        swatch.fill(color);
+        cmdColor->setIcon(swatch);
+    });
     if (!run(dialog, u"dlgFont"_s))
         return;
-    Font = dialog.chosenFont();
-    Color = dialog.chosenColor();
+    Font = dialog.selectedFont();
+    Color = color;
 }

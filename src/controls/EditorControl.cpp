@@ -2,9 +2,9 @@
 
 #include "controls/EditorAccessible.h"
 #include "controls/EditorChanges.h"
+#include "controls/EditorFindDialog.h"
 #include "controls/EditorLook.h"
 #include "controls/EditorPageSetup.h"
-#include "controls/EditorSearch.h"
 #include "controls/EditorSelection.h"
 #include "controls/SyntaxColouring.h"
 #include "controls/editorKeys.h"
@@ -49,7 +49,6 @@ EditorControl::EditorControl(QWidget *parent)
     , m_colouring(std::make_unique<SyntaxColouring>(*this, m_formats))
     , m_changes(std::make_unique<EditorChanges>(*this, *m_colouring, m_formats))
     , m_look(std::make_unique<EditorLook>(*this, *m_colouring, m_formats))
-    , m_search(std::make_unique<EditorSearch>(*this))
     , m_pageSetup(std::make_unique<EditorPageSetup>(*this))
 {
     m_formats.setFontsChanged([this](long begin, long end) {
@@ -336,14 +335,11 @@ void EditorControl::LoadFile(const QString &path)
     SendScintilla(SCI_SETSAVEPOINT);
 }
 
-void EditorControl::FindDialog()
+void EditorControl::showFindDialog(bool replacing)
 {
-    m_search->showFind();
-}
-
-void EditorControl::ReplaceDialog()
-{
-    m_search->showReplace();
+    if (!m_findDialog)
+        m_findDialog = new EditorFindDialog(*this);
+    m_findDialog->showFor(replacing);
 }
 
 void EditorControl::PageSetupDialog()

@@ -15,9 +15,9 @@
 #include <vector>
 
 class EditorChanges;
+class EditorFindDialog;
 class EditorLook;
 class EditorPageSetup;
-class EditorSearch;
 class SyntaxColouring;
 
 /// The syntax-colouring editor control.
@@ -102,8 +102,8 @@ public:
     QString ScratchFile() const { return m_scratchFile; }
 
     // The control's own dialogs
-    void FindDialog();
-    void ReplaceDialog();
+    void FindDialog() { showFindDialog(false); }
+    void ReplaceDialog() { showFindDialog(true); }
     void PageSetupDialog();
 
     // Win32 edit-control messages
@@ -154,6 +154,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void showFindDialog(bool replacing);
     void setUpEditing();
     void setUpKeys();
     void reportCaret();
@@ -171,8 +172,8 @@ private:
     std::unique_ptr<SyntaxColouring> m_colouring;
     std::unique_ptr<EditorChanges> m_changes;
     std::unique_ptr<EditorLook> m_look;
-    std::unique_ptr<EditorSearch> m_search;
     std::unique_ptr<EditorPageSetup> m_pageSetup;
+    EditorFindDialog *m_findDialog = nullptr;
     bool m_hasFocus = false;
     std::pair<int, int> m_reportedCaret{1, 1}; ///< column and line
     QString m_scratchFile;

@@ -1,47 +1,47 @@
 #pragma once
 
-#include "controls/EditorSearch.h"
-
 #include <QDialog>
+#include <QRegularExpression>
 
+class EditorControl;
 class QCheckBox;
-class QGridLayout;
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QVBoxLayout;
 
-/// The editor control's own find dialog. It stays open beside the text.
+/// The editor control's own dialog to find and to replace. It stays open beside the text.
 class EditorFindDialog : public QDialog
 {
     Q_OBJECT
 public:
-    explicit EditorFindDialog(EditorSearch &search, QWidget *parent = nullptr);
+    explicit EditorFindDialog(EditorControl &editor);
 
-    /// Shows the dialog; a selection within one line is what it offers to look for.
-    void showFor(const QString &selection);
-
-protected:
-    SearchText wanted() const;
-    void showNote(const QString &note);
-    void showResult(EditorSearch::Result result);
-    QPushButton *addButton(const QString &name, const QString &text);
-
-    /// Greys out what cannot be done without a text to look for.
-    virtual void updateButtons();
-
-    EditorSearch &m_search;
-    QGridLayout *m_fields;
-    QVBoxLayout *m_buttons;
-    QLineEdit *txtSearch;
+    /// Shows the dialog, to find only or to replace as well; a selection within one line is what it
+    /// offers to look for.
+    void showFor(bool replacing);
 
 private:
-    void find(EditorSearch::Direction direction);
-    void addOptions();
+    QLayout *buildFields();
+    QLayout *buildButtons();
+    void updateButtons();
 
+    QRegularExpression wanted() const;
+    /// Selects the next occurrence after the selection, or the last one before it; goes on at the
+    /// text's other end when there is none.
+    void find(bool forward);
+    /// Replaces the selection if it is an occurrence, then finds the next one.
+    void replaceOne();
+    /// Replaces every occurrence, in one step for undo and in time linear in the text.
+    void replaceAll();
+
+    EditorControl &m_editor;
+    QFormLayout *m_fields;
+    QLineEdit *txtSearch;
+    QLineEdit *txtReplacement;
     QCheckBox *chkMatchCase;
     QCheckBox *chkWholeWord;
     QLabel *lblNote;
-    QPushButton *cmdFindNext;
-    QPushButton *cmdFindPrevious;
+    QList<QPushButton *> m_finding;
+    QList<QPushButton *> m_replacing;
 };

@@ -514,7 +514,7 @@ void TestFrame::fontCommand()
     const auto choose = [](const QFont &font, Qt::Key end) {
         whenModal([=](QWidget *window) {
             QCOMPARE(window->windowTitle(), u"Choose a font"_s);
-            auto *fonts = window->findChild<QFontDialog *>();
+            auto *fonts = qobject_cast<QFontDialog *>(window);
             fonts->setCurrentFont(font);
             QTest::keyClick(fonts, end);
         });
