@@ -1,8 +1,7 @@
 #include "connection/frmQuernaLogin.h"
 #include "connection/session.h"
 #include "controls/EditorControl.h"
-#include "controls/EditorReplaceDialog.h"
-#include "controls/EditorSearch.h"
+#include "controls/EditorFindDialog.h"
 #include "controls/uiPresenters.h"
 #include "dataaccess/Recordset.h"
 #include "dialogs/frmFind.h"
@@ -156,11 +155,10 @@ void tst_dialogs::keysAndNames_data()
     row("frmQuernaLogin", plain<frmQuernaLogin>,
         u"txtUserName txtPassword txtDb optPrefConn_0 optSYS_0 cmdOK cmdCancel"_s, u"cmdOK"_s);
     row(
-        "EditorReplaceDialog",
+        "EditorFindDialog",
         [] {
             static auto *const editor = new EditorControl;
-            static auto *const search = new EditorSearch(*editor);
-            return std::make_unique<EditorReplaceDialog>(*search, editor);
+            return std::make_unique<EditorFindDialog>(*editor);
         },
         u"txtSearch txtReplacement chkMatchCase chkWholeWord cmdClose"_s, u"cmdFindNext"_s);
     row("frmFind", plain<frmFind>,
