@@ -35,18 +35,19 @@ CompletionPopup::CompletionPopup(EditorControl &editor)
     m_completer->setCaseSensitivity(Qt::CaseInsensitive);
     m_completer->setWrapAround(false);
     m_completer->setMaxVisibleItems(shownEntries);
-    auto *list = named(new QListView, u"lstCompletions"_s);
-    list->setUniformItemSizes(true); // or every entry of thousands would be measured
-    m_completer->setPopup(list);
-    list->setAccessibleName(tr("Completions"));
+    auto *popup = named(new QListView, u"lstCompletions"_s);
+    popup->setUniformItemSizes(true); // or every entry of thousands would be measured
+    m_completer->setPopup(popup);
+    popup->setAccessibleName(tr("Completions"));
     // Before the completer, which would hand Enter, Tab and Esc to the editor.
-    list->installEventFilter(this);
+    popup->installEventFilter(this);
     connect(m_completer, qOverload<const QString &>(&QCompleter::activated), this,
             &CompletionPopup::take);
-    connect(&m_editor, &EditorControl::caretMoved, this, &CompletionPopup::narrow);
+    connect(&m_editor, &EditorControl::caretMoved, this, [this] {
+        if (isShown())
+            list();
+    });
 }
-
-CompletionPopup::~CompletionPopup() = default;
 
 bool CompletionPopup::isShown() const
 {
@@ -57,23 +58,17 @@ void CompletionPopup::show(const QStringList &names, int begin)
 {
     m_begin = begin;
     m_names->setStringList(names);
-    m_completer->setCompletionPrefix(m_editor.textBetween(begin, m_editor.caretPosition()));
-    if (m_completer->completionCount() == 0)
-        return hide();
-    m_completer->complete(place(names));
-    m_completer->popup()->setCurrentIndex(m_completer->completionModel()->index(0, 0));
+    list();
 }
 
-void CompletionPopup::narrow()
+/// Lists what fits what stands between the beginning and the caret now.
+void CompletionPopup::list()
 {
-    if (!isShown())
-        return;
     const int caret = m_editor.caretPosition();
-    const QString typed = caret < m_begin ? QString() : m_editor.textBetween(m_begin, caret);
-    if (caret < m_begin || !std::all_of(typed.begin(), typed.end(), isWordCharacter))
-        return hide();
+    const QString typed = m_editor.textBetween(m_begin, caret);
     m_completer->setCompletionPrefix(typed);
-    if (m_completer->completionCount() == 0)
+    if (caret < m_begin || !std::all_of(typed.begin(), typed.end(), isWordCharacter) ||
+        m_completer->completionCount() == 0)
         return hide();
     m_completer->complete(place(m_names->stringList()));
     m_completer->popup()->setCurrentIndex(m_completer->completionModel()->index(0, 0));

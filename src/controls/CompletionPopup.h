@@ -17,7 +17,6 @@ class CompletionPopup : public QObject
     Q_OBJECT
 public:
     explicit CompletionPopup(EditorControl &editor);
-    ~CompletionPopup() override;
 
     /// Lists those of @p names that begin with the text between @p begin, a position, and the
     /// caret, in any letter case; nothing is shown when there is none.
@@ -33,7 +32,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void narrow();
+    void list();
     void hide();
     void take(const QString &name);
     QRect place(const QStringList &names) const;
