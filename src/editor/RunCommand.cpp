@@ -15,7 +15,6 @@
 #include "platform/textForms.h"
 #include "sqltext/ResultPaging.h"
 #include "sqltext/dynamicStatements.h"
-#include "sqltext/elapsedTime.h"
 #include "sqltext/sqlFilters.h"
 
 #include <QLineEdit>
@@ -78,7 +77,7 @@ void RunCommand::runStatement(const QString &original)
 void RunCommand::runData(const QString &original, const QString &statement)
 {
     m_paging.setResult(makeResult());
-    const SystemTime start = systemTime();
+    const QTime start = utcTimeOfDay();
     showExecutionTime();
     if (isDmlStatement(statement)) {
         m_paging.result()->Open(dmlBlock(original), gConnection);
@@ -86,7 +85,7 @@ void RunCommand::runData(const QString &original, const QString &statement)
         QString query = statement;
         m_paging.openResult(query, gConnection);
     }
-    const double seconds = elapsedSeconds(start, systemTime());
+    const double seconds = elapsedSeconds(start, utcTimeOfDay());
     m_controls.sbSql->setPanelText(ElapsedPanel, elapsedText(seconds));
     m_controls.SqlDataGrid->setDataSource(m_paging.result());
     m_controls.sbSql->setPanelText(RowsPanel, m_paging.retrievedText());

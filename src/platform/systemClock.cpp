@@ -1,6 +1,12 @@
 #include "platform/systemClock.h"
 
+#include "platform/RuntimeError.h"
+#include "platform/numberForms.h"
+
+#include <limits>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,23 +21,19 @@ QDateTime utcNow()
     return clockSource() ? clockSource()() : QDateTime::currentDateTimeUtc();
 }
 
+/// The other bound is left alone: a run over midnight is to show its negative time.
+int notTooLong(int seconds)
+{
+    if (seconds > std::numeric_limits<qint16>::max())
+        throw RuntimeError(ErrorNumber::Overflow);
+    return seconds;
+}
+
 } // namespace
 
-SystemTime systemTime()
+QTime utcTimeOfDay()
 {
-    const QDateTime now = utcNow();
-    const QDate date = now.date();
-    const QTime time = now.time();
-    SystemTime result;
-    result.year = static_cast<qint16>(date.year());
-    result.month = static_cast<qint16>(date.month());
-    result.dayOfWeek = static_cast<qint16>(date.dayOfWeek() % 7);
-    result.day = static_cast<qint16>(date.day());
-    result.hour = static_cast<qint16>(time.hour());
-    result.minute = static_cast<qint16>(time.minute());
-    result.second = static_cast<qint16>(time.second());
-    result.millisecond = static_cast<qint16>(time.msec());
-    return result;
+    return utcNow().time();
 }
 
 QDateTime localNow()
@@ -39,6 +41,20 @@ QDateTime localNow()
     const QDateTime now = utcNow().toLocalTime();
     const QTime time = now.time();
     return QDateTime(now.date(), QTime(time.hour(), time.minute(), time.second()));
+}
+
+double elapsedSeconds(QTime start, QTime end)
+{
+    const int hours = notTooLong((end.hour() - start.hour()) * 3600);
+    const int seconds =
+        notTooLong(hours + (end.minute() - start.minute()) * 60 + (end.second() - start.second()));
+    return seconds + (end.msec() - start.msec()) / 1000.0;
+}
+
+QString elapsedText(double seconds)
+{
+    return seconds >= 1.0 ? doubleToText(seconds) + " sec"_L1
+                          : doubleToText(seconds * 1000) + " msec"_L1;
 }
 
 void setClockSource(std::function<QDateTime()> source)

@@ -1,27 +1,22 @@
 #pragma once
 
 #include <QDateTime>
+#include <QString>
 
 #include <functional>
 
-/// A UTC clock reading with the fields of the Win32 SYSTEMTIME record, 16 bits each.
-struct SystemTime
-{
-    qint16 year = 0;
-    qint16 month = 0;
-    qint16 dayOfWeek = 0; ///< 0 is Sunday
-    qint16 day = 0;
-    qint16 hour = 0;
-    qint16 minute = 0;
-    qint16 second = 0;
-    qint16 millisecond = 0;
-};
-
-/// The current time in UTC.
-SystemTime systemTime();
+/// The time of day in UTC.
+QTime utcTimeOfDay();
 
 /// The current local date and time, to the second.
 QDateTime localNow();
+
+/// Seconds between two times of day: a run over midnight gives a negative time.
+/// @throws RuntimeError 6 when the whole seconds do not fit 16 bits (from 9:06:08 hours on)
+double elapsedSeconds(QTime start, QTime end);
+
+/// `1.5 sec` from one second on, `250 msec` below.
+QString elapsedText(double seconds);
 
 /// Replaces the clock that both readings come from, so that elapsed times and stamps can be
 /// checked; an empty function restores the real one. The function returns the time in UTC.

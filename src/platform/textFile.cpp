@@ -129,9 +129,11 @@ std::optional<QStringConverter::Encoding> unmarkedUtf16(const QByteArray &bytes)
     return std::nullopt;
 }
 
-QByteArray fromUtf16(const QByteArray &bytes, QStringConverter::Encoding encoding)
+/// The mark has been taken off; what looks like another one is a character.
+QByteArray decoded(const QByteArray &bytes, QStringConverter::Encoding encoding)
 {
-    QStringDecoder decode(encoding, QStringConverter::Flag::Stateless);
+    using Flag = QStringConverter::Flag;
+    QStringDecoder decode(encoding, Flag::Stateless | Flag::ConvertInitialBom);
     return editorUtf8(decode(bytes));
 }
 
@@ -144,15 +146,13 @@ QByteArray editorUtf8(const QString &text)
 
 QByteArray editorUtf8FromFile(const QByteArray &bytes)
 {
-    if (bytes.startsWith("\xEF\xBB\xBF")) {
-        const QByteArray text = bytes.mid(3);
-        return withCrLf(text.isValidUtf8() ? text : QString::fromUtf8(text).toUtf8());
-    }
+    if (bytes.startsWith("\xEF\xBB\xBF"))
+        return decoded(bytes.mid(3), QStringConverter::Utf8);
     if (bytes.startsWith("\xFF\xFE"))
-        return fromUtf16(bytes.mid(2), QStringConverter::Utf16LE);
+        return decoded(bytes.mid(2), QStringConverter::Utf16LE);
     if (bytes.startsWith("\xFE\xFF"))
-        return fromUtf16(bytes.mid(2), QStringConverter::Utf16BE);
+        return decoded(bytes.mid(2), QStringConverter::Utf16BE);
     if (const auto encoding = unmarkedUtf16(bytes))
-        return fromUtf16(bytes, *encoding);
+        return decoded(bytes, *encoding);
     return withCrLf(bytes.isValidUtf8() ? bytes : QString::fromLatin1(bytes).toUtf8());
 }

@@ -340,6 +340,8 @@ void tst_Files::lineEndsInEveryEncoding()
             QString::fromUtf8(editorUtf8FromFile(encode(text))),
             u"select 'grüß'\r\n-- %1\r\n\r\nfrom dual\r\n\r\nwhere 1 = 1\r\n\r\n"_s.arg(letters));
     }
+    // What looks like a second mark is a character.
+    QCOMPARE(editorUtf8FromFile("\xFE\xFF\xFE\xFF"), "\xEF\xBB\xBF");
 }
 
 QTEST_GUILESS_MAIN(tst_Files)

@@ -2,14 +2,18 @@
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"
 #include "platform/systemClock.h"
+#include "platform/textForms.h"
 #include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 
 #include <QFile>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -25,6 +29,55 @@ QStringList rowsOf(const Recordset &recordset)
     for (qint64 row = 0; row < recordset.RecordCount(); ++row)
         rows << recordset.textAt(row, 0) << recordset.textAt(row, 1);
     return rows;
+}
+
+QString readTime(const QString &text)
+{
+    return dateTimeForm(textToClockTime(text)).toString();
+}
+
+/// A second writing of what the reader does, with no regard to memory. @returns rowsOf() what it
+/// reads; @p error becomes what it raises
+QStringList literalRows(const QByteArray &content, int &error)
+{
+    QList<std::pair<QString, QString>> rows;
+    QByteArrayList lines = content.split('\n');
+    if (lines.last().isEmpty())
+        lines.removeLast();
+    QByteArray statement;
+    QByteArray last;
+    bool skipped = false;
+    error = raisedError([&] {
+        for (QByteArray line : lines) {
+            if (line.endsWith('\r'))
+                line.chop(1);
+            const QByteArray key = trimBlanks(QString::fromLatin1(line)).toLatin1().toUpper();
+            if (key == "SQLTIME") {
+                const QString text = QString::fromLocal8Bit(statement);
+                skipped = text.size() > 1000;
+                if (!skipped)
+                    rows.append({text, QString()});
+                statement.clear();
+            } else if (key == "SQLEND") {
+                const QString time = skipped ? QString() : readTime(QString::fromLocal8Bit(last));
+                if (!skipped && rows.isEmpty())
+                    throw RuntimeError(ErrorNumber::NoCurrentRecord);
+                if (!skipped)
+                    rows.last().second = time;
+                statement.clear();
+                last.clear();
+            } else {
+                statement += line + "\r\n";
+                last = line;
+            }
+        }
+        std::stable_sort(rows.begin(), rows.end(),
+                         [](const auto &a, const auto &b) { return a.second > b.second; });
+    });
+    QStringList texts;
+    for (const auto &[text, time] : rows)
+        texts << text << time;
+    return texts;
 }
 
 /// The most memory that this process ever had.
@@ -48,6 +101,7 @@ private slots:
     void fileThatIsNone();
     void loading_data();
     void loading();
+    void loadingOfRandomFiles();
     void loadingFails_data();
     void loadingFails();
     void memory();
@@ -163,6 +217,34 @@ void tst_History::loading()
     Recordset history;
     load(history);
     QTEST(rowsOf(history), "rows");
+}
+
+void tst_History::loadingOfRandomFiles()
+{
+    static const QByteArrayList pieces{
+        "SQLTIME\r\n", "SQLEND\r\n", " sqlTime \n", "\tSQLEND\n",         "a",
+        "\xc3\xa4 ",   "\r",         "\n",          QByteArray(990, 'x'), QByteArray("\xff\0", 2)};
+    static const QByteArrayList times{"3/5/2024 07:08:09", " 12/1/2023 ", "9/1/2023", "now"};
+    QRandomGenerator random(20240305);
+    int whole = 0;
+    for (int run = 0; run < 1'500; ++run) {
+        QByteArray content;
+        for (int record = random.bounded(6); record > 0; --record) {
+            for (int count = random.bounded(8); count > 0; --count)
+                content += pieces[random.bounded(2, int(pieces.size()))];
+            content += pieces[2 * random.bounded(2)];
+            content += times[random.bounded(run % 2 == 0 ? 3 : 4)] + "\r\n";
+            content += pieces[random.bounded(12) == 0 ? random.bounded(int(pieces.size())) : 1];
+        }
+        writeFile(content);
+        Recordset history;
+        int expectedError = 0;
+        const QStringList expected = literalRows(content, expectedError);
+        QCOMPARE(raisedError([&] { load(history); }), expectedError);
+        QCOMPARE(rowsOf(history), expected);
+        whole += expectedError == 0 && !expected.isEmpty();
+    }
+    QVERIFY(whole > 250);
 }
 
 void tst_History::loadingFails_data()

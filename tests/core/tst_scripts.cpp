@@ -1,6 +1,5 @@
 #include "platform/RuntimeError.h"
 #include "sqltext/dynamicStatements.h"
-#include "sqltext/elapsedTime.h"
 #include "sqltext/scriptRunner.h"
 #include "support/textRows.h"
 
@@ -22,23 +21,6 @@ QString sentPieces(const QString &script)
             sent.append(piece);
     });
     return errors == u"kept"_s ? sent.join(u'~') : errors;
-}
-
-SystemTime systemTimeOf(const QString &text)
-{
-    const QTime time = QTime::fromString(text, Qt::ISODateWithMs);
-    SystemTime result;
-    result.hour = static_cast<qint16>(time.hour());
-    result.minute = static_cast<qint16>(time.minute());
-    result.second = static_cast<qint16>(time.second());
-    result.millisecond = static_cast<qint16>(time.msec());
-    return result;
-}
-
-QString elapsed(const QString &startAndEnd)
-{
-    return elapsedText(elapsedSeconds(systemTimeOf(startAndEnd.section(u' ', 0, 0)),
-                                      systemTimeOf(startAndEnd.section(u' ', 1, 1))));
 }
 
 } // namespace
@@ -71,12 +53,6 @@ void tst_Scripts::texts_data()
                 // Literals hold no end back, and comments are not statements, blocks of them are.
                 "insert into t values ('a;b');→insert into t values (''a~b'')|-- c\r\nb;→-- c\nb|"
                 "\t;→\t|/* c */;→/* c */"_s);
-    addTextRows("elapsed", elapsed,
-                u"12:00:00 12:00:00→0 msec|12:00:00 12:00:00.250→250 msec|"
-                "11:59:59.900 12:00:00.300→400 msec|12:00:00 12:00:00.999→999 msec|"
-                "12:00:00 12:00:01→1 sec|12:00:00 12:00:01.500→1.5 sec|"
-                "12:00:00 21:05:59.007→32759.007 sec|23:59:59.900 00:00:00.100→-86399800 msec|"
-                "00:00:00 09:06:07.999→32767.999 sec|00:00:00 10:00:00→error 6"_s);
 }
 
 void tst_Scripts::failuresAreCollected()

@@ -6,6 +6,7 @@
 #include "support/raisedError.h"
 #include "support/textRows.h"
 
+#include <QRandomGenerator>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -106,22 +107,49 @@ void tst_SyntaxDefinition::texts_data()
                 "\"a b\"in→qqqqqkk|\"a\nin→qqqkk"_s);
 }
 
-// Whatever the bytes and the definition: every stretch takes something and none too much.
+// Any definition is taken or refused by its line, and what is taken cuts any bytes to their end:
+// every stretch takes something and none too much.
 void tst_SyntaxDefinition::anythingIsCutToItsEnd()
 {
-    const auto definition = parseSyntaxDefinition(
-        u"syntax x\nliteral a ba\nblock-comment aa ab\nline-comment b\nquoted-name é é"_s);
+    static const QByteArrayList pieces{"literal ",
+                                       "quoted-name ",
+                                       "line-comment ",
+                                       "block-comment ",
+                                       "look ",
+                                       "a",
+                                       "ba",
+                                       "\xC3\xA9",
+                                       " ",
+                                       "comment ",
+                                       "00FF00",
+                                       "1",
+                                       "\n",
+                                       "\n",
+                                       QByteArray(1, '\0')};
+    QRandomGenerator random(20240305);
+    const auto randomBytes = [&](int most) {
+        QByteArray bytes;
+        for (int count = random.bounded(most); count > 0; --count)
+            bytes += pieces[random.bounded(int(pieces.size()))];
+        return bytes;
+    };
     SqlTokenizer tokenizer;
-    tokenizer.setDefinition(definition);
-    quint32 random = 1;
-    for (int run = 0; run < 2000; ++run) {
-        QByteArray text;
-        for (int i = 0; i < 40; ++i) {
-            random = random * 1664525U + 1013904223U;
-            text += "ab\n\xC3\xA9 1\0"[(random >> 24) % 8];
-        }
-        QCOMPARE(kinds(tokenizer, text).size(), text.size());
+    int taken = 0;
+    for (int run = 0; run < 20'000; ++run) {
+        QByteArray text = "syntax x\nliteral a b\n";
+        for (int line = random.bounded(3); line > 0; --line)
+            text += pieces[random.bounded(4)] + randomBytes(5) + '\n';
+        const RuntimeError error = raised(
+            [&] { tokenizer.setDefinition(parseSyntaxDefinition(QString::fromUtf8(text))); });
+        if (error.number != 0)
+            QVERIFY(error.number == ErrorNumber::TypeMismatch &&
+                    error.description.contains(u", line "_s));
+        taken += error.number == 0;
+        const QByteArray bytes = randomBytes(40);
+        if (taken > 0)
+            QCOMPARE(kinds(tokenizer, bytes).size(), bytes.size());
     }
+    QVERIFY(taken > 1000 && taken < 19'000);
 }
 
 QTEST_GUILESS_MAIN(tst_SyntaxDefinition)

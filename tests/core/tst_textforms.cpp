@@ -1,8 +1,15 @@
 #include "platform/numberForms.h"
+#include "platform/systemClock.h"
 #include "platform/textForms.h"
+#include "support/raisedError.h"
 #include "support/textRows.h"
 
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
+
+#include <bit>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +23,8 @@ private slots:
     void integers_data();
     void integers() { compareTextRow(); }
     void oddDates();
+    void randomNumbers();
+    void randomDates();
 };
 
 namespace {
@@ -26,6 +35,14 @@ QString exactNumberInUtf8(const QString &digits)
     text.append('=');
     appendExactNumber(digits.toUtf8(), text);
     return QString::fromUtf8(text.view()).sliced(1);
+}
+
+QString elapsed(const QString &startAndEnd)
+{
+    const auto time = [&](int place) {
+        return QTime::fromString(startAndEnd.section(u' ', place, place), Qt::ISODateWithMs);
+    };
+    return elapsedText(elapsedSeconds(time(0), time(1)));
 }
 
 } // namespace
@@ -72,6 +89,12 @@ void tst_TextForms::forms_data()
         "proper case", properCase,
         u"select EMP_NAME from emp→Select Emp_name From Emp|o'NEIL→O'neil|a-b c.d→A-b C.d|"
         "a\tb\nc\vd\fe\rf\0g→A\tB\nC\vD\fE\rF\0G|1ST 2nd→1st 2nd|ÉTÉ élan ß→Été Élan ß|→"_s);
+    addTextRows("elapsed", elapsed,
+                u"12:00:00 12:00:00→0 msec|12:00:00 12:00:00.250→250 msec|"
+                "11:59:59.900 12:00:00.300→400 msec|12:00:00 12:00:00.999→999 msec|"
+                "12:00:00 12:00:01→1 sec|12:00:00 12:00:01.500→1.5 sec|"
+                "12:00:00 21:05:59.007→32759.007 sec|23:59:59.900 00:00:00.100→-86399800 msec|"
+                "00:00:00 09:06:07.999→32767.999 sec|00:00:00 10:00:00→error 6"_s);
     addTextRows("trimmed", trimBlanks, u"  a b  →a b| \t a\u00a0 \r\n →\t a\u00a0 \r\n|   →"_s);
 }
 
@@ -100,6 +123,61 @@ void tst_TextForms::oddDates()
     QCOMPARE(dayMonthYear(987, 12, 31), u"31-Dec-0987"_s);
     QCOMPARE(dayMonthYear(32767, 1, 1), u"01-Jan-32767"_s);
     QCOMPARE(dayMonthYear(0, 0, 0), QString());
+}
+
+// What is written is what the C library writes with 15 digits, and is read as it should be.
+void tst_TextForms::randomNumbers()
+{
+    QRandomGenerator random(20240305);
+    for (int run = 0; run < 20'000; ++run) {
+        const quint64 bits = random.generate64();
+        const auto value = std::bit_cast<double>(bits);
+        const QString text = doubleToText(value);
+        if (std::isfinite(value))
+            QCOMPARE(text.toDouble(), QString::asprintf("%.14e", value).toDouble());
+        QVERIFY(text.size() <= 24);
+
+        const int whole = static_cast<qint32>(bits) / 2;
+        for (const auto &[half, expected] :
+             {std::pair(".499", 0), {".5", whole % 2}, {".0", 0}, {".501", 1}}) {
+            const QString number = QString::number(qAbs(whole)) + QLatin1StringView(half);
+            QCOMPARE(textToInteger(number), qAbs(whole) + qAbs(expected));
+        }
+
+        QString digits = QString::number(bits).insert(int(bits % 20), u'.') + u"00"_s;
+        const QString form = exactNumberToText(digits);
+        QCOMPARE(exactNumberToText(form), form);
+        QCOMPARE(exactNumberInUtf8(digits), form);
+    }
+}
+
+// Dates and nothing else are read, by a second writing of what they look like.
+void tst_TextForms::randomDates()
+{
+    static const QRegularExpression pattern(
+        uR"(\A *(\d\d?)/(\d\d?)/(\d{4})(?: (\d\d?):(\d\d)(?::(\d\d))?)? *\z)"_s);
+    static const QStringList pieces{u"1"_s, u"2"_s,     u"12"_s, u"30"_s,     u"2024"_s, u"/"_s,
+                                    u"/"_s, u"2/29/"_s, u" "_s,  u"23:59:"_s, u":0"_s,   u":"_s};
+    QRandomGenerator random(20240305);
+    int dates = 0;
+    for (int run = 0; run < 100'000; ++run) {
+        QString text = run % 2 == 0 ? u"2/"_s : u"12/3/2024 "_s;
+        for (int piece = random.bounded(7); piece > 0; --piece)
+            text += pieces[random.bounded(int(pieces.size()))];
+        const auto match = pattern.match(text);
+        const auto part = [&](int number) { return match.captured(number).toInt(); };
+        const QDate date(part(3), part(1), part(2));
+        const QTime time(part(4), part(5), part(6));
+        QString read;
+        const int error =
+            raisedError([&] { read = dateTimeForm(textToClockTime(text)).toString(); });
+        const bool isDate = match.hasMatch() && date.isValid() && time.isValid();
+        QCOMPARE(error, isDate ? 0 : ErrorNumber::TypeMismatch);
+        if (isDate)
+            QCOMPARE(read, dateTimeToText(QDateTime(date, time, Qt::UTC)));
+        dates += isDate;
+    }
+    QVERIFY(dates > 1000);
 }
 
 QTEST_GUILESS_MAIN(tst_TextForms)
