@@ -42,8 +42,7 @@ QStringList meanings(const QByteArray &bytes)
         return {decoded(bytes.mid(2), Encoding::Utf16LE)};
     if (bytes.startsWith("\xFE\xFF"))
         return {decoded(bytes.mid(2), Encoding::Utf16BE)};
-    QStringList texts{
-        decoded(bytes, bytes.isValidUtf8() ? Encoding::Utf8 : Encoding::Latin1)};
+    QStringList texts{decoded(bytes, bytes.isValidUtf8() ? Encoding::Utf8 : Encoding::Latin1)};
     if (bytes.contains('\0'))
         texts << decoded(bytes, Encoding::Utf16LE) << decoded(bytes, Encoding::Utf16BE);
     return texts;
@@ -54,9 +53,8 @@ void checkFile(const QByteArray &bytes)
     const QByteArray editor = editorUtf8FromFile(bytes);
     require(editor.isValidUtf8(), "the editor is given UTF-8");
     const QStringList texts = meanings(bytes);
-    const bool isMeant = std::any_of(texts.begin(), texts.end(), [&](const QString &text) {
-        return editor == withCrLf(text);
-    });
+    const bool isMeant = std::any_of(texts.begin(), texts.end(),
+                                     [&](const QString &text) { return editor == withCrLf(text); });
     require(isMeant, "a file gives its text");
 }
 
