@@ -9,8 +9,7 @@
 #include "connection/session.h"
 #include "controls/EditorControl.h"
 #include "controls/icons.h"
-#include "dataaccess/connectionString.h"
-#include "dataaccess/sandbox/Sandbox.h"
+#include "dataaccess/providers.h"
 #include "editor/caption.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
@@ -57,16 +56,6 @@ void writeRegistry()
     SetRegValue(editorRegistryKey, applicationFolder() + u"\\Defaults"_s, localMachineHandle);
 }
 
-/// What somebody may want to know who has just logged on: on the sandbox, what there is to query.
-QString sessionHint()
-{
-    if (!gConnection || gConnection->State() != adStateOpen)
-        return {};
-    const QStringList tables = sandboxTables(ConnectionString(gConnectString));
-    return tables.isEmpty() ? QString()
-                            : MDIFormQuerna::tr("Sandbox tables: %1").arg(tables.join(u", "_s));
-}
-
 /// Sees to it that a window is on the screen, for work follows that lets no event through. A
 /// desktop takes a moment to give a new window its place; one that shows nothing is not waited for.
 void showAtOnce(const QWidget &window)
@@ -79,7 +68,7 @@ void showAtOnce(const QWidget &window)
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-/// Shows in the middle of the empty frame what the sandbox is being waited for.
+/// Shows in the middle of the empty frame what a connection is being waited for.
 class FrameNotice
 {
 public:
@@ -91,7 +80,7 @@ public:
         m_label.setAutoFillBackground(true);
         m_label.setMargin(24);
         m_label.hide();
-        setSandboxProgress([this, &area](const QString &text) {
+        setProviderProgress([this, &area](const QString &text) {
             m_label.setText(text);
             m_label.adjustSize();
             m_label.move(area.rect().center() - m_label.rect().center());
@@ -99,7 +88,7 @@ public:
             showAtOnce(*area.window());
         });
     }
-    ~FrameNotice() { setSandboxProgress({}); }
+    ~FrameNotice() { setProviderProgress({}); }
     FrameNotice(const FrameNotice &) = delete;
     FrameNotice &operator=(const FrameNotice &) = delete;
 
@@ -232,7 +221,7 @@ void MDIFormQuerna::showEditorWindow()
 {
     frmQuerna *editor = editorWindow();
     editor->refreshCaption();
-    editor->showInformation(sessionHint());
+    editor->showInformation(gConnection ? gConnection->hint() : QString());
     m_area->setActiveSubWindow(static_cast<QMdiSubWindow *>(editor->parentWidget()));
     editor->setFocus();
 }

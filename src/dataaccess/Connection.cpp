@@ -40,6 +40,11 @@ void Connection::Close()
     std::exchange(m_session, nullptr)->close();
 }
 
+QString Connection::hint() const
+{
+    return m_session ? m_session->hint() : QString();
+}
+
 std::shared_ptr<Recordset> Connection::Execute(const QString &commandText)
 {
     openSession();

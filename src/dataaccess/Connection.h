@@ -34,6 +34,9 @@ public:
     /// @throws RuntimeError 3704 when closed
     void Close();
     ObjectStateEnum State() const { return m_session ? adStateOpen : adStateClosed; }
+    /// What the provider says to somebody who has just logged on; an empty text when it says
+    /// nothing or the connection is closed.
+    QString hint() const;
 
     /// Sends a command text. A text that is nothing but a procedure reference, with or without an
     /// argument list, is sent as `{call …}`.

@@ -7,6 +7,7 @@
 #include "platform/settings.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -52,25 +53,34 @@ QString oracleDriver()
 ProviderSession openOracle(const ConnectionString &items)
 {
     return {u"DRIVER={%1};DBQ=%2;UID=%3;PWD=%4;FBS=%5"_s.arg(
-                oracleDriver(), quoted(items.value(u"Data Source")),
-                quoted(items.value(u"User ID")), quoted(items.value(u"Password")),
-                QString::number(oracleFetchBufferBytes)),
-            nullptr, nullptr};
+        oracleDriver(), quoted(items.value(u"Data Source")), quoted(items.value(u"User ID")),
+        quoted(items.value(u"Password")), QString::number(oracleFetchBufferBytes))};
+}
+
+ProviderProgress &progressListener()
+{
+    static ProviderProgress listener;
+    return listener;
 }
 
 } // namespace
+
+void setProviderProgress(ProviderProgress progress)
+{
+    progressListener() = std::move(progress);
+}
 
 ProviderSession openProvider(const QString &connectionString)
 {
     const ConnectionString items(connectionString);
     const QString provider = items.value(u"Provider").toLower();
     if (provider.isEmpty())
-        return {connectionString, nullptr, nullptr};
+        return {connectionString};
     if (provider == "msdasql"_L1)
-        return {items.textWithout(u"Provider"), nullptr, nullptr};
+        return {items.textWithout(u"Provider")};
     if (provider == "msdaora"_L1 || provider == "oraoledb.oracle"_L1)
         return openOracle(items);
     if (isSandbox(items))
-        return openSandbox(items);
+        return openSandbox(items, progressListener());
     throw RuntimeError(ErrorNumber::ProviderNotFound);
 }

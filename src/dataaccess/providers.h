@@ -12,6 +12,8 @@
 /// - `OrbekSandbox`: a private server of this program's own.
 ///
 /// @throws RuntimeError 3706 for an unknown provider and when no Oracle driver is installed, 75
-/// when
-///         the settings cannot be read, openSandbox()'s
+///         when the settings cannot be read, openSandbox()'s
 ProviderSession openProvider(const QString &connectionString);
+
+/// Says whom to tell what opening a provider waits for; an empty function for nobody.
+void setProviderProgress(ProviderProgress progress);

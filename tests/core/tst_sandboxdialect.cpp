@@ -1,5 +1,5 @@
 #include "dataaccess/SqlTokens.h"
-#include "dataaccess/sandbox/PlanReader.h"
+#include "dataaccess/sandbox/planSteps.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "dataaccess/sandbox/sandboxSetup.h"
 #include "sqltext/explainStatements.h"
@@ -11,10 +11,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // A plan as text: each step indented below its parent, with its object and the rows expected.
+// Depth first and without gaps: what draws the plan finds each step's parent above it.
 QString outline(const QList<PlanStep> &steps)
 {
     QStringList lines;
+    QList<int> depths;
     for (const PlanStep &step : steps) {
+        if (step.id != lines.size() || step.parentId >= step.id ||
+            (step.parentId < 0) != lines.isEmpty())
+            return u"misnumbered"_s;
+        depths.append(step.parentId < 0 ? 0 : depths[step.parentId] + 1);
         QStringList parts = {step.operation};
         if (!step.options.isEmpty())
             parts.append(step.options);
@@ -22,7 +28,7 @@ QString outline(const QList<PlanStep> &steps)
             parts.append(u'[' + step.objectName + u']');
         if (step.cardinality)
             parts.append(QString::number(*step.cardinality));
-        lines.append(QString(2 * step.depth, u' ') + parts.join(u' '));
+        lines.append(QString(2 * depths.last(), u' ') + parts.join(u' '));
     }
     return lines.join(u'\n');
 }
@@ -43,11 +49,8 @@ class tst_sandboxdialect : public QObject
 private slots:
     void texts_data();
     void texts() { compareTextRow(); }
-    void planQueries_data();
-    void planQueries();
     void plan_data();
     void plan();
-    void planIsNumbered();
     void insertion();
 };
 
@@ -85,29 +88,17 @@ void tst_sandboxdialect::texts_data()
         [](const QString &text) { return QString::fromUtf8(sandboxStatements(text.toUtf8())); },
         u"-- note\nSELECT 1\n  FROM dual\n/\n\nDROP x;\n/\nleft over\n→"
         "SELECT 1 FROM dual;\nDROP x;;\n"_s);
-}
-
-void tst_sandboxdialect::planQueries_data()
-{
-    const DataRows<QString, QString> row("text", "id"); // "-": passed through
-    const QString id = u"SCOTT3/2/2024 10:30:00"_s;
-    row("as the program sends it", planQuery(id), id);
-    row("doubled quote", planQuery(u"O''NEIL1/1/2024"_s), u"O'NEIL1/1/2024"_s);
-    row("an empty id", planQuery({}), {});
-    row("other case and white space",
-        planQuery(u"ID"_s).replace(u' ', u"\r\n\t "_s).toLower().replace(u"'\r\n\t '"_s, u"' '"_s),
-        u"id"_s);
-    row("another root", planQuery(id).replace(u"ID= 0"_s, u"ID= 1"_s), u"-"_s);
-    row("more behind", planQuery(id) + u" order by id"_s, u"-"_s);
-    row("cut short", planQuery(id).chopped(10), u"-"_s);
-    row("not closed", planQuery(id).left(planQuery(id).indexOf(id) + 3), u"-"_s);
-    row("another query", u"select * from plan_table"_s, u"-"_s);
-}
-
-void tst_sandboxdialect::planQueries()
-{
-    QFETCH(QString, text);
-    QTEST(planQueryId(text).value_or(u"-"_s), "id");
+    const TextFunction id = [](const QString &text) { return planQueryId(text).value_or(u"-"_s); };
+    const QString query = planQuery(u"O''NEIL1"_s);
+    const QString otherCase =
+        query.toLower().replace(u' ', u"\r\n\t "_s).replace(u"'\r\n\t '"_s, u"' '"_s);
+    QTest::newRow("plan query") << id << query << u"O'NEIL1"_s;
+    QTest::newRow("of an empty id") << id << planQuery({}) << QString();
+    QTest::newRow("in other case and white space") << id << otherCase << u"o'neil1"_s;
+    for (const QString &other :
+         {QString(query).replace(u"ID= 0"_s, u"ID= 1"_s), query + u" order by id"_s,
+          query.chopped(10), query.left(query.indexOf(u"NEIL")), u"select * from plan_table"_s})
+        QTest::addRow("another query: %s", qPrintable(other)) << id << other << u"-"_s;
 }
 
 void tst_sandboxdialect::plan_data()
@@ -184,40 +175,17 @@ void tst_sandboxdialect::plan()
     QTEST(outline(planSteps(statement, json)), "steps");
 }
 
-// Depth first and without gaps: what draws the plan finds each step's parent above it.
-void tst_sandboxdialect::planIsNumbered()
-{
-    QStringList tables;
-    for (int table = 0; table < 40; ++table)
-        tables.append(
-            uR"json({"table": {"table_name": "t", "access_type": "ref", "key": "k"}})json"_s);
-    const auto steps =
-        planSteps(u"select 1"_s,
-                  uR"json({"query_block": {"nested_loop": [%1]}})json"_s.arg(tables.join(u',')));
-
-    QCOMPARE(steps.size(), 1 + 39 + 2 * 40);
-    QVERIFY(!steps[0].parentId);
-    for (int id = 1; id < steps.size(); ++id) {
-        QCOMPARE(steps[id].id, id);
-        QVERIFY(*steps[id].parentId < id);
-        QCOMPARE(steps[id].depth, steps[*steps[id].parentId].depth + 1);
-        QVERIFY(steps[id].position >= 1 && steps[id].position <= 2);
-    }
-}
-
 void tst_sandboxdialect::insertion()
 {
     PlanStep step;
     step.operation = u"TABLE ACCESS"_s;
+    step.options = QString(300, u'\'');
     step.objectName = u"O'NEIL"_s;
     step.cardinality = 0;
-    step.filterPredicates = QString(5000, u'\'');
-    const QString text = planInsertion(u"it's"_s, {step});
-    QVERIFY(text.startsWith(u"INSERT INTO plan_table ("_s));
-    QVERIFY(text.contains(u"('it''s', SYSDATE(), 'TABLE ACCESS', NULL, 'O''NEIL', NULL, NULL, 0, "
-                          "NULL, 0, 0, NULL, 0, NULL, '"_s));
-    QCOMPARE(text.count(u'\''), 2 * 4 + 2 + 2 + 2 * 4000);
-    QVERIFY(planInsertion({}, {step}).contains(u"(NULL, SYSDATE()"_s));
+    QCOMPARE(planInsertion(u"it's"_s, {step}).section(u'\n', 1),
+             u"('it''s', 'TABLE ACCESS', '%1', 'O''NEIL', 0, NULL, NULL, 0)"_s.arg(
+                 QString(2 * 255, u'\'')));
+    QVERIFY(planInsertion({}, {step}).contains(u"(NULL, 'TABLE"_s));
 }
 
 QTEST_APPLESS_MAIN(tst_sandboxdialect)

@@ -35,8 +35,8 @@ QString scalar(const std::shared_ptr<Connection> &connection, const QString &que
 /// All rows, fields separated by `|`, rows by line feeds; null as "(null)".
 QString table(const std::shared_ptr<Connection> &connection, const QString &query);
 
-/// Whether nothing of the sandbox that the environment names is running any more, so that its folder
-/// can go.
+/// Whether nothing of the sandbox that the environment names is running any more, so that its
+/// folder can go.
 bool hasEnded();
 
 } // namespace SandboxFixture

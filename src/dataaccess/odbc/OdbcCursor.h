@@ -63,7 +63,7 @@ private:
     std::vector<SQLUSMALLINT> m_rowStates;
     SQLULEN m_rowsPerBlock = 1;
     SQLULEN m_fetched = 0;
-    SQLULEN m_row = 0;             ///< in the block
+    SQLULEN m_row = 0; ///< in the block
     bool m_mayFailLater = false;
     bool m_isRowInBuffers = false; ///< known of the current row: every value is bound and not cut
     bool m_rereadsInBlock = false; ///< the driver gives values again anywhere in a block

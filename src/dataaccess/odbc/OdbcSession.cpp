@@ -209,7 +209,7 @@ void OdbcSession::readAbilities()
         m_abilities.givesUtf8 = scalar(u"select @@character_set_results"_s).startsWith("utf8"_L1);
     // PostgreSQL's driver without wide functions, such as psqlodbca.so, gives narrow texts alone.
     if (isPostgreSql(m_connection) && driver.section(u'.', 0, 0).endsWith(u'a')) {
-        execute(u"set client_encoding to 'UTF8'"_s);
+        scalar(u"set client_encoding to 'UTF8'"_s);
         m_abilities.givesUtf8 = true;
     }
     m_oneResultOnly = info<SQLUSMALLINT>(m_connection, SQL_MAX_CONCURRENT_ACTIVITIES, 0) == 1;
@@ -337,18 +337,14 @@ void OdbcSession::watchMemory(const std::function<void()> &action)
 
 QString OdbcSession::adapted(const QString &text)
 {
-    return m_provider.adapter ? m_provider.adapter->adapt(text, *this) : text;
+    if (!m_provider.adapter)
+        return text;
+    return m_provider.adapter(text, [this](const QString &query) { return scalar(query); });
 }
 
 OdbcHandle OdbcSession::executeCommand(const QString &commandText)
 {
     return send(adapted(asProcedureCall(commandText)));
-}
-
-void OdbcSession::execute(const QString &text)
-{
-    if (const OdbcHandle statement = send(text))
-        takeRemainingResults(statement);
 }
 
 QString OdbcSession::scalar(const QString &text)

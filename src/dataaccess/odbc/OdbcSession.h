@@ -13,12 +13,12 @@ class SessionClient;
 
 /// One open session with a data source: the ODBC connection and what belongs to it as a whole,
 /// such as its transaction and the statements that are still being read.
-class OdbcSession final : private StatementSession
+class OdbcSession
 {
 public:
     /// Connects. @throws RuntimeError with the driver's text
     explicit OdbcSession(ProviderSession provider);
-    ~OdbcSession() override;
+    ~OdbcSession();
     OdbcSession(const OdbcSession &) = delete;
     OdbcSession &operator=(const OdbcSession &) = delete;
 
@@ -46,15 +46,15 @@ public:
     void withResultsReleased(const std::function<void()> &action);
 
     const OdbcAbilities &abilities() const { return m_abilities; }
+    /// What somebody may want to know who has just logged on. May be empty.
+    const QString &hint() const { return m_provider.hint; }
 
     void addClient(SessionClient *client);
     void removeClient(SessionClient *client);
 
 private:
-    // For adapters: texts as they stand.
-    void execute(const QString &text) override;
-    QString scalar(const QString &text) override;
-
+    /// A ScalarQuery.
+    QString scalar(const QString &text);
     void connect(const QString &odbcConnectionString);
     void readAbilities();
     void setAutocommit(bool on);

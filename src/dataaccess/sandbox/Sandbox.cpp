@@ -1,30 +1,23 @@
 #include "dataaccess/sandbox/Sandbox.h"
 
 #include "dataaccess/connectionString.h"
-#include "dataaccess/sandbox/SandboxAdapter.h"
+#include "dataaccess/sandbox/sandboxDialect.h"
 #include "dataaccess/sandbox/sandboxService.h"
-
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-SandboxProgress &progressListener()
-{
-    static SandboxProgress listener;
-    return listener;
-}
 
 QString valueOf(const ConnectionString &items, QStringView name, QStringView otherName)
 {
     return items.value(items.contains(name) ? name : otherName);
 }
 
-// The server tells names in different letter case apart; users of this program do not.
-QString accountOf(const ConnectionString &items)
+// The sample tables, as the account has to name them.
+QString hintFor(const QString &account)
 {
-    return valueOf(items, u"User ID", u"UID").toLower();
+    const QString tables = u"Sandbox tables: %1emp, %1dept, %1salgrade, %1sales"_s;
+    return tables.arg(account == "scott"_L1 ? QString() : u"scott."_s);
 }
 
 } // namespace
@@ -34,32 +27,17 @@ bool isSandbox(const ConnectionString &connectionString)
     return connectionString.value(u"Provider").compare("OrbekSandbox"_L1, Qt::CaseInsensitive) == 0;
 }
 
-ProviderSession openSandbox(const ConnectionString &connectionString)
+ProviderSession openSandbox(const ConnectionString &connectionString,
+                            const ProviderProgress &progress)
 {
-    const QString user = accountOf(connectionString);
+    // The server tells names in different letter case apart; users of this program do not.
+    const QString user = valueOf(connectionString, u"User ID", u"UID").toLower();
     const QString password = valueOf(connectionString, u"Password", u"PWD");
 
-    const SandboxService service = sandboxService(progressListener());
+    const SandboxService service = sandboxService(progress);
     const QString odbc =
         u"DRIVER=%1;SOCKET=%2;DATABASE=%3;UID=%4;PWD=%5;CHARSET=utf8mb4;NO_PROMPT=1;"
         "CONN_TIMEOUT=15"_s.arg(service.driver, inBraces(service.socketPath), inBraces(user),
                                 inBraces(user), inBraces(password));
-    return {odbc, service.lifetime, std::make_unique<SandboxAdapter>()};
-}
-
-void setSandboxProgress(SandboxProgress progress)
-{
-    progressListener() = std::move(progress);
-}
-
-QStringList sandboxTables(const ConnectionString &connectionString)
-{
-    if (!isSandbox(connectionString))
-        return {};
-    QStringList tables{u"emp"_s, u"dept"_s, u"salgrade"_s, u"sales"_s};
-    if (accountOf(connectionString) != "scott"_L1) {
-        for (QString &table : tables)
-            table.prepend("scott."_L1);
-    }
-    return tables;
+    return {odbc, service.lifetime, adaptToServer, hintFor(user)};
 }

@@ -1,9 +1,6 @@
 #pragma once
 
 #include "dataaccess/ProviderSession.h"
-#include "dataaccess/sandbox/SandboxServer.h"
-
-#include <QStringList>
 
 class ConnectionString;
 
@@ -19,11 +16,5 @@ bool isSandbox(const ConnectionString &connectionString);
 
 /// Sees to it that the server runs while the result's lifetime lasts, and says how to log on.
 /// @throws RuntimeError as sandboxService() does
-ProviderSession openSandbox(const ConnectionString &connectionString);
-
-/// Says whom to tell what is being waited for; an empty function for nobody.
-void setSandboxProgress(SandboxProgress progress);
-
-/// The sample tables, as the account of @p connectionString has to name them; none for another
-/// provider.
-QStringList sandboxTables(const ConnectionString &connectionString);
+ProviderSession openSandbox(const ConnectionString &connectionString,
+                            const ProviderProgress &progress);

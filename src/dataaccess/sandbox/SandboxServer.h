@@ -1,14 +1,10 @@
 #pragma once
 
+#include "dataaccess/ProviderSession.h"
 #include "dataaccess/sandbox/FileLock.h"
 #include "dataaccess/sandbox/SandboxFolder.h"
 
 #include <QString>
-
-#include <functional>
-
-/// Called with a sentence for the user before something that takes a moment.
-using SandboxProgress = std::function<void(const QString &)>;
 
 /// One client's hold on the sandbox's server. Two locks say all there is to know, whatever process
 /// ended when:
@@ -27,7 +23,7 @@ public:
     /// @throws RuntimeError 3706 when the server is not installed; 3000 when it cannot be started
     ///         or does not answer, with the last lines of its log; 75 when the folder cannot be
     ///         used
-    SandboxServer(const SandboxFolder &folder, const SandboxProgress &progress);
+    SandboxServer(const SandboxFolder &folder, const ProviderProgress &progress);
     ~SandboxServer();
     SandboxServer(const SandboxServer &) = delete;
     SandboxServer &operator=(const SandboxServer &) = delete;
@@ -40,7 +36,7 @@ public:
     static qint64 processId(const SandboxFolder &folder);
 
 private:
-    void attach(const SandboxFolder &folder, const SandboxProgress &tell);
+    void attach(const SandboxFolder &folder, const ProviderProgress &tell);
 
     FileLock m_life;
     int m_folder = -1; ///< open for as long as its socket is to be reached

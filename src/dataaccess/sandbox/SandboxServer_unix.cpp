@@ -53,7 +53,7 @@ QString logPath(const SandboxFolder &folder)
 }
 
 // Makes the database if need be and starts its server, which holds the lock from then on.
-void start(const SandboxFolder &folder, const FileLock &lock, const SandboxProgress &tell)
+void start(const SandboxFolder &folder, const FileLock &lock, const ProviderProgress &tell)
 {
     const QString program = sandboxServerProgram();
     if (!QDir(folder.dataPath()).exists()) {
@@ -70,9 +70,9 @@ void start(const SandboxFolder &folder, const FileLock &lock, const SandboxProgr
 
 } // namespace
 
-SandboxServer::SandboxServer(const SandboxFolder &folder, const SandboxProgress &progress)
+SandboxServer::SandboxServer(const SandboxFolder &folder, const ProviderProgress &progress)
 {
-    const SandboxProgress tell = progress ? progress : [](const QString &) {};
+    const ProviderProgress tell = progress ? progress : [](const QString &) {};
     folder.make();
     const QString life = folder.file(u"life.lock"_s);
     if (!m_life.lock(life, FileLock::Mode::Shared, moment)) {
@@ -91,7 +91,7 @@ SandboxServer::~SandboxServer()
     ::close(m_folder);
 }
 
-void SandboxServer::attach(const SandboxFolder &folder, const SandboxProgress &tell)
+void SandboxServer::attach(const SandboxFolder &folder, const ProviderProgress &tell)
 {
     enum { Nothing, Wait, Start } told = Nothing;
     const QDeadlineTimer unnoticed(moment);

@@ -27,8 +27,7 @@ QString literalOrNull(const QString &text, qsizetype longest)
     return text.isEmpty() ? u"NULL"_s : literal(text.left(longest));
 }
 
-template <typename Number>
-QString numberOrNull(const std::optional<Number> &number)
+QString numberOrNull(const std::optional<qint64> &number)
 {
     return number ? QString::number(*number) : u"NULL"_s;
 }
@@ -64,25 +63,17 @@ QString planInsertion(const std::optional<QString> &statementId, const QList<Pla
     QStringList rows;
     for (const PlanStep &step : steps) {
         const QStringList values = {id,
-                                    u"SYSDATE()"_s,
                                     literalOrNull(step.operation, 30),
                                     literalOrNull(step.options, 255),
                                     literalOrNull(step.objectName, 64),
-                                    literalOrNull(step.objectAlias, 129),
-                                    literalOrNull(step.objectType, 30),
                                     QString::number(step.id),
-                                    numberOrNull(step.parentId),
-                                    QString::number(step.depth),
-                                    QString::number(step.position),
+                                    step.parentId < 0 ? u"NULL"_s : QString::number(step.parentId),
                                     numberOrNull(step.cost),
-                                    numberOrNull(step.cardinality),
-                                    literalOrNull(step.accessPredicates, 4000),
-                                    literalOrNull(step.filterPredicates, 4000)};
+                                    numberOrNull(step.cardinality)};
         rows.append(u'(' + values.join(u", "_s) + u')');
     }
-    return u"INSERT INTO plan_table (statement_id, timestamp, operation, options, object_name, "
-           "object_alias, object_type, id, parent_id, depth, position, cost, cardinality, "
-           "access_predicates, filter_predicates) VALUES\n"_s +
+    return u"INSERT INTO plan_table (statement_id, operation, options, object_name, id, parent_id, "
+           "cost, cardinality) VALUES\n"_s +
            rows.join(u",\n"_s);
 }
 
@@ -140,4 +131,18 @@ std::optional<QString> blockStatement(const QString &text)
         last = token;
     // The ends are on lines of their own: the text may end in a comment.
     return "BEGIN NOT ATOMIC DECLARE"_L1 % rest % (last.isSign(u';') ? "\nEND"_L1 : "\n; END"_L1);
+}
+
+QString adaptToServer(const QString &commandText, const ScalarQuery &scalar)
+{
+    // The three kinds begin with different words. Blocks come first as scripts have thousands.
+    if (const auto block = blockStatement(commandText))
+        return *block;
+    if (const auto request = explainRequest(commandText)) {
+        const QString plan = scalar(u"EXPLAIN FORMAT=JSON "_s + request->statement);
+        return planInsertion(request->statementId, planSteps(request->statement, plan));
+    }
+    if (const auto statementId = planQueryId(commandText))
+        return serverPlanQuery(*statementId);
+    return commandText;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "dataaccess/sandbox/PlanStep.h"
+#include "dataaccess/ProviderSession.h"
+#include "dataaccess/sandbox/planSteps.h"
 
 #include <QList>
 #include <QString>
@@ -35,3 +36,6 @@ QString serverPlanQuery(const QString &statementId);
 /// is written, the driver would leave rows that a statement within the block returns on the
 /// connection, which is of no use from then on.
 std::optional<QString> blockStatement(const QString &text);
+
+/// The sandbox's StatementAdapter: any text but those above passes as it is.
+QString adaptToServer(const QString &commandText, const ScalarQuery &scalar);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/sandbox/SandboxServer.h"
+#include "dataaccess/ProviderSession.h"
 
 #include <QString>
 
@@ -18,7 +18,7 @@ struct SandboxService
 /// else runs, or else the user's own, which is started if need be.
 /// @throws RuntimeError 3706 when the driver is not installed or this system cannot run the server,
 ///         and as SandboxServer's constructor does
-SandboxService sandboxService(const SandboxProgress &progress);
+SandboxService sandboxService(const ProviderProgress &progress);
 
 /// The socket that QUERNA_SANDBOX_SOCKET names; empty when it names none.
 inline QString namedSandboxSocket()

@@ -2,6 +2,7 @@
 
 #include "dataaccess/connectionString.h"
 #include "dataaccess/odbc/installedDrivers.h"
+#include "dataaccess/sandbox/SandboxServer.h"
 #include "platform/RuntimeError.h"
 
 #include <QDir>
@@ -36,7 +37,7 @@ QString serverDriver()
 
 } // namespace
 
-SandboxService sandboxService(const SandboxProgress &progress)
+SandboxService sandboxService(const ProviderProgress &progress)
 {
     const QString driver = serverDriver();
     if (const QString socket = namedSandboxSocket(); !socket.isEmpty())

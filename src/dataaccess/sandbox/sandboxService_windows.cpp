@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-SandboxService sandboxService(const SandboxProgress &)
+SandboxService sandboxService(const ProviderProgress &)
 {
     const QString socket = namedSandboxSocket();
     if (socket.isEmpty()) {

@@ -1,10 +1,12 @@
-#include "dataaccess/sandbox/PlanReader.h"
+#include "dataaccess/sandbox/planSteps.h"
 
 #include "dataaccess/SqlTokens.h"
 #include "platform/RuntimeError.h"
 
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 
 #include <cmath>
 
@@ -43,19 +45,40 @@ QString statementVerb(const QString &statement)
     return token.text.toString().toUpper();
 }
 
-} // namespace
+/// Walks through the server's plan, a tree of JSON objects.
+class PlanReader
+{
+public:
+    explicit PlanReader(const QString &statement);
+    QList<PlanStep> read(const QJsonObject &plan);
+
+private:
+    int addStep(int parent, const QString &operation, const QString &options = {});
+    int addStepOn(const QJsonObject &table, int parent, const QString &operation,
+                  const QString &options, const QString &name);
+    void readChildren(const QJsonObject &node, int parent);
+    void readPart(const QString &name, const QJsonValue &value, int parent);
+    void readBlock(QJsonObject block, int parent);
+    void readUnion(const QJsonObject &result, int parent);
+    void readJoin(const QJsonArray &parts, int parent);
+    void readTable(const QJsonObject &table, int parent);
+    void readAccess(const QJsonObject &table, int parent);
+    void collectAliases(const QString &statement);
+
+    QString m_verb;
+    QString m_target;
+    QHash<QString, QString> m_tables; ///< table names by alias, both in upper case
+    QList<PlanStep> m_steps;
+};
 
 PlanReader::PlanReader(const QString &statement)
-    : m_statement(statement)
-    , m_verb(statementVerb(statement))
+    : m_verb(statementVerb(statement))
 {
-    collectAliases();
+    collectAliases(statement);
 }
 
 QList<PlanStep> PlanReader::read(const QJsonObject &plan)
 {
-    m_steps.clear();
-    m_children.clear();
     int parent = addStep(-1, m_verb + u" STATEMENT"_s);
     if (m_verb == "INSERT"_L1 || m_verb == "REPLACE"_L1)
         parent = addStep(parent, u"LOAD TABLE"_s, u"CONVENTIONAL"_s);
@@ -63,73 +86,67 @@ QList<PlanStep> PlanReader::read(const QJsonObject &plan)
         parent = addStep(parent, m_verb);
     if (parent != 0)
         m_steps[parent].objectName = m_target;
-
     readChildren(plan, parent);
     return m_steps;
 }
 
 int PlanReader::addStep(int parent, const QString &operation, const QString &options)
 {
-    PlanStep step;
-    step.id = int(m_steps.size());
-    step.operation = operation;
-    step.options = options;
-    if (parent >= 0) {
-        step.parentId = parent;
-        step.depth = m_steps[parent].depth + 1;
-        step.position = ++m_children[parent];
-    }
-    m_steps.append(step);
-    m_children.append(0);
-    return step.id;
+    const int id = int(m_steps.size());
+    m_steps.append({id, parent, operation, options, {}, {}, {}});
+    return id;
+}
+
+int PlanReader::addStepOn(const QJsonObject &table, int parent, const QString &operation,
+                          const QString &options, const QString &name)
+{
+    const int id = addStep(parent, operation, options);
+    m_steps[id].objectName = name;
+    m_steps[id].cost = figure(table.value("cost"_L1));
+    m_steps[id].cardinality = figure(table.value("rows"_L1));
+    return id;
 }
 
 // The parts of a node in the order in which the work is told: what is done last comes first.
 void PlanReader::readChildren(const QJsonObject &node, int parent)
 {
-    for (auto part = node.begin(); part != node.end(); ++part) {
-        const QString name = part.key();
-        const QJsonValue value = part.value();
-        if (name == "query_block"_L1) {
-            readBlock(value.toObject(), parent);
-        } else if (name == "filesort"_L1) {
-            const int sort = addStep(parent, u"SORT"_s, u"ORDER BY"_s);
-            readChildren(value.toObject(), sort);
-        } else if (name == "temporary_table"_L1) {
-            readChildren(value.toObject(), addStep(parent, u"TEMPORARY TABLE"_s));
-        } else if (name == "window_functions_computation"_L1) {
-            const QJsonObject window = value.toObject();
-            QJsonObject input = window;
-            input.remove("sorts"_L1);
-            readChildren(input, addStep(parent, u"WINDOW"_s, u"SORT"_s));
-        } else if (name == "union_result"_L1 || name == "recursive_union"_L1) {
-            readUnion(value.toObject(), parent);
-        } else if (name == "nested_loop"_L1) {
-            const QJsonArray parts = value.toArray();
-            readJoin(parts, parts.size(), parent);
-        } else if (name == "table"_L1) {
-            readTable(value.toObject(), parent);
-        } else if (value.isObject()) {
-            readChildren(value.toObject(), parent);
-        } else if (value.isArray()) {
-            const QJsonArray items = value.toArray();
-            for (const QJsonValue item : items)
-                readChildren(item.toObject(), parent);
-        }
+    for (auto part = node.begin(); part != node.end(); ++part)
+        readPart(part.key(), part.value(), parent);
+}
+
+void PlanReader::readPart(const QString &name, const QJsonValue &value, int parent)
+{
+    QJsonObject inner = value.toObject();
+    if (name == "query_block"_L1) {
+        readBlock(inner, parent);
+    } else if (name == "filesort"_L1) {
+        readChildren(inner, addStep(parent, u"SORT"_s, u"ORDER BY"_s));
+    } else if (name == "temporary_table"_L1) {
+        readChildren(inner, addStep(parent, u"TEMPORARY TABLE"_s));
+    } else if (name == "window_functions_computation"_L1) {
+        inner.remove("sorts"_L1);
+        readChildren(inner, addStep(parent, u"WINDOW"_s, u"SORT"_s));
+    } else if (name == "union_result"_L1 || name == "recursive_union"_L1) {
+        readUnion(inner, parent);
+    } else if (name == "nested_loop"_L1) {
+        readJoin(value.toArray(), parent);
+    } else if (name == "table"_L1) {
+        readTable(inner, parent);
+    } else {
+        readChildren(inner, parent);
+        const QJsonArray items = value.toArray();
+        for (const QJsonValue item : items)
+            readChildren(item.toObject(), parent);
     }
 }
 
-void PlanReader::readBlock(const QJsonObject &block, int parent)
+void PlanReader::readBlock(QJsonObject block, int parent)
 {
-    QJsonObject body = block;
-    const QJsonArray subqueries = body.take("subqueries"_L1).toArray();
-    const QString condition = body.value("having_condition"_L1).toString();
-    int within = parent;
-    if (!condition.isEmpty() || !subqueries.isEmpty()) {
-        within = addStep(parent, u"FILTER"_s);
-        m_steps[within].filterPredicates = condition;
-    }
-    readChildren(body, within);
+    const QJsonArray subqueries = block.take("subqueries"_L1).toArray();
+    const bool filters =
+        !subqueries.isEmpty() || !block.value("having_condition"_L1).toString().isEmpty();
+    const int within = filters ? addStep(parent, u"FILTER"_s) : parent;
+    readChildren(block, within);
     for (const QJsonValue subquery : subqueries)
         readChildren(subquery.toObject(), within);
 }
@@ -152,19 +169,15 @@ void PlanReader::readUnion(const QJsonObject &result, int parent)
 }
 
 // Tables are joined one after the other: the last join is the outermost step.
-void PlanReader::readJoin(const QJsonArray &parts, qsizetype count, int parent)
+void PlanReader::readJoin(const QJsonArray &parts, int parent)
 {
-    QList<int> joins;
-    int outer = parent;
-    for (qsizetype last = count - 1; last > 0; --last) {
+    QList<int> joins{parent};
+    for (qsizetype last = parts.size() - 1; last > 0; --last) {
         const QJsonObject part = parts[last].toObject();
-        outer = addStep(outer, joinOperation(part), joinOptions(part));
-        joins.prepend(outer);
+        joins.prepend(addStep(joins.first(), joinOperation(part), joinOptions(part)));
     }
-    for (qsizetype index = 0; index < count; ++index) {
-        const int join = joins.isEmpty() ? parent : joins[qMax<qsizetype>(0, index - 1)];
-        readChildren(parts[index].toObject(), join);
-    }
+    for (qsizetype index = 0; index < parts.size(); ++index)
+        readChildren(parts[index].toObject(), joins[qMax<qsizetype>(0, index - 1)]);
 }
 
 void PlanReader::readTable(const QJsonObject &table, int parent)
@@ -175,10 +188,7 @@ void PlanReader::readTable(const QJsonObject &table, int parent)
     } else if (!message.isEmpty()) {
         addStep(parent, u"RESULT"_s, message.toUpper());
     } else if (table.contains("materialized"_L1)) {
-        const int view = addStep(parent, u"VIEW"_s);
-        m_steps[view].cardinality = figure(table.value("rows"_L1));
-        m_steps[view].cost = figure(table.value("cost"_L1));
-        m_steps[view].filterPredicates = table.value("attached_condition"_L1).toString();
+        const int view = addStepOn(table, parent, u"VIEW"_s, {}, {});
         readChildren(table.value("materialized"_L1).toObject(), view);
     } else if (table.contains("access_type"_L1)) {
         readAccess(table, parent);
@@ -190,48 +200,29 @@ void PlanReader::readAccess(const QJsonObject &table, int parent)
     QString access = table.value("access_type"_L1).toString();
     if (access.startsWith("hash_"_L1))
         access = access.sliced(5);
-    const QString index = table.value("key"_L1).toString();
+    QString name = table.value("table_name"_L1).toString().toUpper();
+    name = m_tables.value(name, name);
+    const QString index = table.value("key"_L1).toString().toUpper();
+    const QString byTable = u"TABLE ACCESS"_s;
     if (access == "ALL"_L1 || access == "system"_L1 || index.isEmpty()) {
-        addObjectStep(parent, u"TABLE ACCESS"_s, u"FULL"_s, table);
+        addStepOn(table, parent, byTable, u"FULL"_s, name);
         return;
     }
-
-    int within = parent;
     if (!table.contains("using_index"_L1))
-        within = addObjectStep(parent, u"TABLE ACCESS"_s, u"BY INDEX ROWID"_s, table);
+        parent = addStepOn(table, parent, byTable, u"BY INDEX ROWID"_s, name);
     const QString scan =
         access == "index"_L1 ? u"FULL SCAN"_s
         : access == "const"_L1 || access == "eq_ref"_L1 || access == "unique_subquery"_L1
             ? u"UNIQUE SCAN"_s
             : u"RANGE SCAN"_s;
-    const int step = addObjectStep(within, u"INDEX"_s, scan, table);
-    m_steps[step].objectName = index.toUpper();
-    m_steps[step].objectType = u"INDEX"_s;
-    m_steps[step].accessPredicates = table.value("index_condition"_L1).toString();
-    if (within != parent)
-        m_steps[step].filterPredicates.clear();
+    addStepOn(table, parent, u"INDEX"_s, scan, index);
 }
 
-int PlanReader::addObjectStep(int parent, const QString &operation, const QString &options,
-                              const QJsonObject &table)
+// The plan names tables by their aliases. A table stands after FROM, JOIN, UPDATE, INTO or a
+// comma, with its alias after it; a comma between columns finds pairs that no plan asks for.
+void PlanReader::collectAliases(const QString &statement)
 {
-    const int id = addStep(parent, operation, options);
-    PlanStep &step = m_steps[id];
-    const QString name = table.value("table_name"_L1).toString().toUpper();
-    step.objectAlias = name;
-    step.objectName = m_tables.value(name, name);
-    step.objectType = u"TABLE"_s;
-    step.cardinality = figure(table.value("rows"_L1));
-    step.cost = figure(table.value("cost"_L1));
-    step.filterPredicates = table.value("attached_condition"_L1).toString();
-    return id;
-}
-
-// The plan names tables by their aliases. A table stands behind FROM, JOIN, UPDATE, INTO or a
-// comma, with its alias behind it; a comma between columns finds pairs that no plan asks for.
-void PlanReader::collectAliases()
-{
-    SqlTokens tokens(m_statement);
+    SqlTokens tokens(statement);
     SqlToken token = tokens.next();
     while (token.kind != SqlToken::End) {
         const bool first =
@@ -254,6 +245,8 @@ void PlanReader::collectAliases()
             m_tables.insert(token.value().toUpper(), table.toUpper());
     }
 }
+
+} // namespace
 
 QList<PlanStep> planSteps(const QString &statement, const QString &json)
 {
