@@ -3,7 +3,7 @@
 #include "app/MDIFormQuerna.h"
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
-#include "platform/messageBox.h"
+#include "platform/errorTraps.h"
 #include "support/figures.h"
 
 using namespace Qt::StringLiterals;
@@ -15,8 +15,7 @@ QString sandboxConnectionString()
 
 RunningProgram::RunningProgram(const QString &connectionString)
 {
-    setMessagePresenter(
-        {[](const Message &message) -> MessageAnswer { giveUp(message.text); }, [] {}});
+    setMessagePresenter([](const QString &text) { giveUp(text); });
     m_program.start(connectionString);
     if (!m_program.ends.empty() || m_program.editor() == nullptr)
         giveUp(u"The program cannot be started on "_s + connectionString);

@@ -6,6 +6,7 @@
 #include "controls/EditorControl.h"
 #include "controls/focusedEditor.h"
 #include "controls/icons.h"
+#include "controls/messageBox.h"
 #include "controls/selText.h"
 #include "controls/selectionText.h"
 #include "editor/frmQuerna.h"
@@ -188,14 +189,9 @@ void FrameCommands::saveFile(const EditorControl &editor, frmQuerna &window)
     dialog.ShowSave();
     if (dialog.FileName.isEmpty())
         return;
-    if (QFileInfo::exists(dialog.FileName)) {
-        Message question;
-        question.text = u"File Exists - Do you want to overwrite the file?"_s;
-        question.buttons = MessageButtons::YesNo;
-        question.icon = MessageIcon::Question;
-        if (showMessage(question) != MessageAnswer::Yes)
-            return;
-    }
+    if (QFileInfo::exists(dialog.FileName) &&
+        !confirmed(u"File Exists - Do you want to overwrite the file?"_s))
+        return;
     const QString text = editor.GetText() + u"\r\n"_s;
     replaceFile(dialog.FileName, text.toUtf8());
     window.setFileName(dialog.FileName);

@@ -3,7 +3,7 @@
 #include "app/MDIFormQuerna.h"
 #include "controls/editorKeys.h"
 #include "controls/icons.h"
-#include "controls/uiPresenters.h"
+#include "controls/messageBox.h"
 
 #include <QApplication>
 #include <QByteArray>
@@ -50,7 +50,7 @@ void prepareApplication()
 {
     QApplication::setDesktopFileName(u"querna"_s);
     QApplication::setWindowIcon(themedIcon(u"querna"_s));
-    installUiPresenters();
+    showMessagesInWindows();
     stopAltCharacters();
 }
 

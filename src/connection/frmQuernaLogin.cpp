@@ -6,13 +6,13 @@
 #include "controls/ArrowList.h"
 #include "controls/OkCancelButtons.h"
 #include "controls/accessKey.h"
+#include "controls/mousePointer.h"
 #include "controls/named.h"
 #include "dataaccess/odbc/installedDrivers.h"
 #include "platform/errorTraps.h"
-#include "platform/mousePointer.h"
 #include "platform/settings.h"
 
-#include <QGridLayout>
+#include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -37,20 +37,6 @@ void loadEntry(QLineEdit &entry, const QString &key, const QString &otherwise)
 void keepSetting(const QString &key, const QString &value)
 {
     ignoreErrors([&] { saveSetting(settingsApplication, settingsSection, key, value); });
-}
-
-/// A label in the left column of @p grid that leads to its entry in the right one.
-QLabel *addEntry(QGridLayout *grid, const QString &labelName, const QString &caption,
-                 QLineEdit *entry)
-{
-    auto *label = new QLabel(caption);
-    label->setObjectName(labelName);
-    label->setBuddy(entry);
-    label->setWordWrap(true);
-    const int row = grid->rowCount();
-    grid->addWidget(label, row, 0);
-    grid->addWidget(entry, row, 1);
-    return label;
 }
 
 } // namespace
@@ -79,30 +65,31 @@ void frmQuernaLogin::createEntries()
         QFontMetrics(bannerFont)
             .horizontalAdvance(u"Application for Database Developers and DBAs "_s));
 
-    m_txtUserName = named(new QLineEdit, u"txtUserName"_s);
-    m_txtPassword = named(new QLineEdit, u"txtPassword"_s);
+    auto *form = new QFormLayout;
+    const auto addEntry = [&](const QString &labelName, const QString &caption, const QString &name,
+                              Qt::Key key) {
+        auto *entry = named(new QLineEdit, name);
+        auto *label = named(new QLabel(caption), labelName);
+        label->setBuddy(entry);
+        label->setWordWrap(true);
+        form->addRow(label, entry);
+        setAccessKey(entry, key, this);
+        return entry;
+    };
+    m_txtUserName = addEntry(u"lblLabels_0"_s, u"User Name"_s, u"txtUserName"_s, Qt::Key_U);
+    m_txtPassword = addEntry(u"lblLabels_1"_s, u"Password"_s, u"txtPassword"_s, Qt::Key_P);
     m_txtPassword->setEchoMode(QLineEdit::Password);
     m_txtPassword->setStyleSheet(u"QLineEdit { lineedit-password-character: 42 }"_s);
-    m_txtDb = named(new QLineEdit, u"txtDb"_s);
+    const QString secondLine = u"(TNS Name or ODBC DSN)"_s;
+    m_txtDb = addEntry(u"Label1"_s, u"Database"_s + QString(23, u' ') + secondLine, u"txtDb"_s,
+                       Qt::Key_D);
     m_txtDb->setToolTip(u"Must be ODBC DSN if connecting as SYSDBA or SYSOPER"_s);
     new ArrowList(*m_txtDb, tr("Databases"), [this] { return databases(); });
-
-    auto *grid = new QGridLayout;
-    addEntry(grid, u"lblLabels_0"_s, u"User Name"_s, m_txtUserName);
-    addEntry(grid, u"lblLabels_1"_s, u"Password"_s, m_txtPassword);
-    QLabel *database =
-        addEntry(grid, u"Label1"_s, u"Database"_s + QString(23, u' ') + u"(TNS Name or ODBC DSN)"_s,
-                 m_txtDb);
-    database->setFixedWidth(
-        database->fontMetrics().horizontalAdvance(u"(TNS Name or ODBC DSN) "_s));
-    grid->setColumnStretch(1, 1);
-    setAccessKey(m_txtUserName, Qt::Key_U, this);
-    setAccessKey(m_txtPassword, Qt::Key_P, this);
-    setAccessKey(m_txtDb, Qt::Key_D, this);
+    form->labelForField(m_txtDb)->setFixedWidth(fontMetrics().horizontalAdvance(secondLine + u' '));
 
     auto *column = static_cast<QVBoxLayout *>(layout());
     column->addWidget(banner);
-    column->addLayout(grid);
+    column->addLayout(form);
 }
 
 void frmQuernaLogin::createOptions()

@@ -2,9 +2,9 @@
 
 #include "controls/accessKey.h"
 #include "controls/enterKey.h"
+#include "controls/mousePointer.h"
 #include "controls/named.h"
 #include "platform/errorTraps.h"
-#include "platform/mousePointer.h"
 #include "sqltext/dictionaryQueries.h"
 #include "sqltext/dictionaryReader.h"
 

@@ -2,7 +2,7 @@
 
 #include "connection/session.h"
 #include "controls/EditorControl.h"
-#include "platform/mousePointer.h"
+#include "controls/mousePointer.h"
 #include "sqltext/completion.h"
 #include "sqltext/dictionaryReader.h"
 

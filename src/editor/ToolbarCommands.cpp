@@ -6,6 +6,7 @@
 #include "controls/focusedEditor.h"
 #include "controls/icons.h"
 #include "controls/keyTips.h"
+#include "controls/mousePointer.h"
 #include "dialogs/frmObject.h"
 #include "dialogs/frmObjectColumn.h"
 #include "editor/RunCommand.h"
@@ -13,7 +14,6 @@
 #include "export/frmExport.h"
 #include "history/frmSQLHistory.h"
 #include "platform/errorTraps.h"
-#include "platform/mousePointer.h"
 #include "platform/textForms.h"
 #include "sqltext/selectionEdits.h"
 

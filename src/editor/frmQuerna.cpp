@@ -6,6 +6,7 @@
 #include "controls/StatusPanels.h"
 #include "controls/icons.h"
 #include "controls/keyTips.h"
+#include "controls/mousePointer.h"
 #include "controls/twips.h"
 #include "editor/EditorCompletion.h"
 #include "editor/EditorEvents.h"
@@ -16,7 +17,6 @@
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
-#include "platform/mousePointer.h"
 #include "sqltext/ResultPaging.h"
 #include "sqltext/scriptRunner.h"
 

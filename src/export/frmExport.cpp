@@ -2,11 +2,12 @@
 
 #include "controls/OkCancelButtons.h"
 #include "controls/accessKey.h"
+#include "controls/messageBox.h"
+#include "controls/mousePointer.h"
 #include "controls/named.h"
 #include "export/exportFormats.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
-#include "platform/mousePointer.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -83,12 +84,6 @@ TextExport insertExport(const QString &tableName)
             .write = [tableName](Recordset &recordset, const QString &path) {
                 return writeInsertStatements(recordset, path, tableName);
             }};
-}
-
-void inform(const QString &text, const QString &title)
-{
-    beep();
-    showMessage({.text = text, .icon = MessageIcon::Information, .title = title});
 }
 
 } // namespace

@@ -1,6 +1,30 @@
 #include "platform/errorTraps.h"
 
+#include <cstdio>
 #include <new>
+
+namespace {
+
+std::function<void(const QString &)> &presenter()
+{
+    static std::function<void(const QString &)> installed;
+    return installed;
+}
+
+} // namespace
+
+void showMessage(const QString &text)
+{
+    if (presenter())
+        presenter()(text);
+    else
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+void setMessagePresenter(std::function<void(const QString &)> newPresenter)
+{
+    presenter() = std::move(newPresenter);
+}
 
 RuntimeError currentRuntimeError() noexcept
 {

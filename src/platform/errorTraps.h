@@ -1,14 +1,22 @@
 #pragma once
 
 #include "platform/RuntimeError.h"
-#include "platform/messageBox.h"
 #include "platform/process.h"
 
+#include <QString>
+
 #include <exception>
+#include <functional>
 #include <utility>
 
 /// The ways in which a command handles what goes wrong below it. Qt's event loop lets no exception
 /// through, so every handler that may fail runs inside one of these.
+
+/// Shows a text and waits until it has been read. The program leads it to its windows; without them
+/// it goes to the standard error stream.
+void showMessage(const QString &text);
+/// An empty function restores what is there without windows.
+void setMessagePresenter(std::function<void(const QString &text)> presenter);
 
 /// What a caught exception tells the user: a RuntimeError's description, or the text that fits an
 /// exception of the language itself (memory ran out, for example).

@@ -10,7 +10,7 @@
 #include "dataaccess/connectionString.h"
 #include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/providers.h"
-#include "platform/messageBox.h"
+#include "platform/errorTraps.h"
 #include "support/raisedError.h"
 #include "support/textRows.h"
 
@@ -66,11 +66,7 @@ QStringList logOn(const QString &database, bool &connected, std::shared_ptr<Conn
                   QString &connectionString)
 {
     QStringList shown;
-    setMessagePresenter({[&](const Message &message) {
-                             shown.append(message.text);
-                             return MessageAnswer::Ok;
-                         },
-                         {}});
+    setMessagePresenter([&](const QString &text) { shown.append(text); });
     connectDb(u"scott"_s, u"tiger"_s, database, connected, conn, LoginDriver::OdbcDataSource,
               LoginPrivilege::Normal, connectionString);
     setMessagePresenter({});

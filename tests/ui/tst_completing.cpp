@@ -1,6 +1,6 @@
 #include "connection/frmQuernaLogin.h"
 #include "controls/EditorControl.h"
-#include "controls/uiPresenters.h"
+#include "controls/messageBox.h"
 #include "support/SandboxFixture.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
@@ -64,7 +64,7 @@ private slots:
 
 void tst_completing::initTestCase()
 {
-    installUiPresenters();
+    showMessagesInWindows();
     SandboxFixture::useSharedFolder();
 }
 

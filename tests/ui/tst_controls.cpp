@@ -1,10 +1,10 @@
 #include "controls/CommonDialog.h"
 #include "controls/StatusPanels.h"
 #include "controls/icons.h"
-#include "controls/uiPresenters.h"
+#include "controls/messageBox.h"
+#include "controls/mousePointer.h"
+#include "platform/errorTraps.h"
 #include "platform/eventYield.h"
-#include "platform/messageBox.h"
-#include "platform/mousePointer.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
@@ -53,7 +53,7 @@ class tst_controls : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase() { installUiPresenters(); }
+    void initTestCase() { showMessagesInWindows(); }
 
     void yieldRunsWhatWasPosted();
 
@@ -163,12 +163,10 @@ void tst_controls::messageAnswers()
     // Just after a file dialog no window is the active one.
     QMainWindow frame;
     frame.show();
-    const Message question{u"File Exists - Do you want to overwrite the file?"_s,
-                           MessageButtons::YesNo, MessageIcon::Question};
-    for (const auto &[button, answer] :
-         {std::pair(u"Yes"_s, MessageAnswer::Yes), std::pair(u"No"_s, MessageAnswer::No)}) {
-        const MessageAnswers user(button);
-        QCOMPARE(showMessage(question), answer);
+    const QString question = u"Do you want to overwrite the file?"_s;
+    for (const QString &answer : {u"Yes"_s, u"No"_s}) {
+        const MessageAnswers user(answer);
+        QCOMPARE(confirmed(question), answer == u"Yes"_s);
         QCOMPARE(user.titles, QStringList{u"Orbek SQL Editor"_s});
     }
     QTimer::singleShot(50, this, [&] {
@@ -176,7 +174,7 @@ void tst_controls::messageAnswers()
         QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
     });
     QApplication::setActiveWindow(nullptr);
-    QCOMPARE(showMessage(question), MessageAnswer::No);
+    QVERIFY(!confirmed(question));
 }
 
 void tst_controls::pointerDoesNotNest()

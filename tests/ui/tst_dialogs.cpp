@@ -2,7 +2,7 @@
 #include "connection/session.h"
 #include "controls/EditorControl.h"
 #include "controls/EditorFindDialog.h"
-#include "controls/uiPresenters.h"
+#include "controls/messageBox.h"
 #include "dataaccess/Recordset.h"
 #include "dialogs/frmFind.h"
 #include "dialogs/frmObject.h"
@@ -144,7 +144,7 @@ private:
 
 void tst_dialogs::initTestCase()
 {
-    installUiPresenters();
+    showMessagesInWindows();
     setApplicationFolder(m_folder.path());
     m_connection = SandboxFixture::open();
 }

@@ -1,7 +1,7 @@
-#include "controls/uiPresenters.h"
+#include "controls/messageBox.h"
+#include "controls/mousePointer.h"
 #include "export/frmExport.h"
 #include "platform/applicationFolder.h"
-#include "platform/mousePointer.h"
 #include "support/DataRows.h"
 #include "support/tables.h"
 #include "support/testFiles.h"
@@ -103,7 +103,7 @@ private:
 
 void tst_exportdialog::initTestCase()
 {
-    installUiPresenters();
+    showMessagesInWindows();
     setApplicationFolder(m_folder.path());
     m_path = m_folder.filePath(u"out.dat"_s);
     m_fullDevice = m_folder.filePath(u"full.dat"_s);

@@ -1,5 +1,5 @@
 #include "controls/EditorControl.h"
-#include "controls/uiPresenters.h"
+#include "controls/messageBox.h"
 #include "dialogs/frmFind.h"
 #include "support/DataRows.h"
 #include "uisupport/ModalAnswers.h"
@@ -62,7 +62,7 @@ class tst_finddialog : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase() { installUiPresenters(); }
+    void initTestCase() { showMessagesInWindows(); }
     void findsFromTheBeginning();
     void findNext_data();
     void findNext();

@@ -94,9 +94,7 @@ private slots:
     void panesAreLaidOutInTwips();
     void recordLimitIsShown();
     void loginKeepsEntriesThoughItFails();
-    void loginOnADataSource();
-    void closingTheWindowClosesTheConnection();
-    void undoWithoutAWindowEndsTheProgram();
+    void withoutAWindow();
     void clipboardCommands();
     void saveAndOpen();
     void fontCommand();
@@ -346,57 +344,40 @@ void TestFrame::loginKeepsEntriesThoughItFails()
     ProgramFixture program(QString{});
     // A store without values empties the boxes.
     QCOMPARE(program.control<QLineEdit>(u"txtUserName"_s)->text(), QString());
-    MessageAnswers messages;
+    const MessageAnswers messages;
     program.logOn(u"scott"_s, password, u"nowhere"_s);
     QCOMPARE(messages.texts.size(), 1);
-    QCOMPARE(messages.titles.first(), u"Orbek SQL Editor"_s);
-    const auto setting = [](const QString &key) {
-        return getSetting(u"Orbek Oracle"_s, u"Settings"_s, key);
-    };
-    QCOMPARE(setting(u"Login"_s), u"scott"_s);
-    QCOMPARE(setting(u"Password"_s), password);
-    QCOMPARE(setting(u"Database"_s), u"nowhere"_s);
+    QStringList kept;
+    for (const QString &key : {u"Login"_s, u"Password"_s, u"Database"_s})
+        kept += getSetting(u"Orbek Oracle"_s, u"Settings"_s, key);
+    QCOMPARE(kept, QStringList({u"scott"_s, password, u"nowhere"_s}));
     QVERIFY(gConnectString.isEmpty());
-    QVERIFY(program.editor()->isVisible());
     QCOMPARE(program.editor()->windowTitle(), u"SCOTT@NOWHERE - SQL Editor: ..."_s);
     // Its commands then fail by themselves.
-    program.run(u"select 1"_s);
+    program.run(u"select 42 as answer"_s);
+    QCOMPARE(messages.texts.size(), 2);
+
+    // Another log-on keeps window and text.
+    const QString odbcIni = program.folder() + u"/odbc.ini"_s;
+    makeFile(odbcIni, "[practice]\nDriver=SQLite3\nDatabase=:memory:\n");
+    qputenv("ODBCINI", QFile::encodeName(odbcIni));
+    program.logOn(u"Ann"_s, password, u"practice"_s);
+    QCOMPARE(gConnectString, u"DSN=practice;ChunkSize=65535;Uid=Ann;Pwd=open sesame"_s);
+    QCOMPARE(program.editor()->windowTitle(),
+             u"ANN@PRACTICE - SQL Editor: select 42 as answer..."_s);
+    program.press(u"tbrQuerna"_s, 1);
+    QCOMPARE(program.panel(4), u"Records Retrieved: 1"_s);
+    const std::shared_ptr<Connection> before = gConnection;
+    program.logOn(u"Bob"_s, password, u"practice"_s);
+    QCOMPARE(before->State(), adStateClosed);
+    QCOMPARE(gConnection->State(), adStateOpen);
+    qunsetenv("ODBCINI");
     QCOMPARE(messages.texts.size(), 2);
     QVERIFY(!messages.texts.join(u'|').contains(password));
     QCOMPARE(placesOf(password, program.folder()), settingsFile);
 }
 
-void TestFrame::loginOnADataSource()
-{
-    ProgramFixture program(QString{});
-    const QString odbcIni = program.folder() + u"/odbc.ini"_s;
-    makeFile(odbcIni, "[practice]\nDriver=SQLite3\nDatabase=:memory:\n");
-    qputenv("ODBCINI", QFile::encodeName(odbcIni));
-    QWidget *login = loginOf(program.frame());
-    enter(*login, u"txtUserName"_s, u"Ann"_s);
-    enter(*login, u"txtPassword"_s, u"open sesame"_s);
-    enter(*login, u"txtDb"_s, u"practice"_s);
-    click(*login, u"optPrefConn_2"_s);
-    MessageAnswers messages;
-    QTest::keyClick(login, Qt::Key_Return);
-    QCOMPARE(gConnectString, u"DSN=practice;ChunkSize=65535;Uid=Ann;Pwd=open sesame"_s);
-    program.run(u"select nonsense"_s);
-    QCOMPARE(messages.texts.size(), 1);
-    program.run(u"select 42 as answer"_s);
-    QCOMPARE(program.panel(4), u"Records Retrieved: 1"_s);
-
-    // Changing the connection keeps window and text.
-    program.logOn(u"Bob"_s, u"open sesame"_s, u"practice"_s);
-    QCOMPARE(program.editor()->windowTitle(),
-             u"BOB@PRACTICE - SQL Editor: select 42 as answer..."_s);
-    QCOMPARE(gConnection->State(), adStateOpen);
-    QCOMPARE(messages.texts.size(), 1);
-    QVERIFY(!messages.texts.first().contains(u"open sesame"_s));
-    QCOMPARE(placesOf(u"open sesame"_s, program.folder()), settingsFile);
-    qunsetenv("ODBCINI");
-}
-
-void TestFrame::closingTheWindowClosesTheConnection()
+void TestFrame::withoutAWindow()
 {
     ProgramFixture program(sqlite);
     const std::shared_ptr<Connection> held = gConnection;
@@ -404,21 +385,16 @@ void TestFrame::closingTheWindowClosesTheConnection()
     QVERIFY(!gConnection);
     QCOMPARE(held->State(), adStateClosed);
     QTRY_VERIFY(program.editor() == nullptr);
-    program.menuItem(u"mnuChangeConnection"_s)->trigger();
-    QVERIFY(loginOf(program.frame())->isVisible());
-}
 
-void TestFrame::undoWithoutAWindowEndsTheProgram()
-{
-    ProgramFixture program(QString{});
-    MessageAnswers messages;
+    const MessageAnswers messages;
+    for (const char *item : {"mnuOpen", "mnuSave", "mnuPrint", "mnuFind", "mnuCut"})
+        program.menuItem(QString::fromLatin1(item))->trigger();
+    QVERIFY(program.ends.empty() && messages.texts.isEmpty());
     program.menuItem(u"mnuUndo"_s)->trigger();
     QCOMPARE(messages.texts, QStringList(u"Object variable or With block variable not set"_s));
     QCOMPARE(program.ends.size(), size_t{1});
-    for (const char *item : {"mnuOpen", "mnuSave", "mnuPrint", "mnuFind", "mnuCut"})
-        program.menuItem(QString::fromLatin1(item))->trigger();
-    QCOMPARE(program.ends.size(), size_t{1});
-    QCOMPARE(messages.texts.size(), 1);
+    program.menuItem(u"mnuChangeConnection"_s)->trigger();
+    QVERIFY(loginOf(program.frame())->isVisible());
 }
 
 void TestFrame::clipboardCommands()

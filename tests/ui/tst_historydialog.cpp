@@ -1,6 +1,6 @@
 #include "controls/EditorControl.h"
 #include "controls/FlexGrid.h"
-#include "controls/uiPresenters.h"
+#include "controls/messageBox.h"
 #include "history/frmSQLHistory.h"
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"
@@ -64,7 +64,7 @@ class tst_historydialog : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase() { installUiPresenters(); }
+    void initTestCase() { showMessagesInWindows(); }
     void init();
     void cleanup() { setApplicationFolder(QString()); }
     void newestFirstAsTexts();

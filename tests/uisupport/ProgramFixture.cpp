@@ -5,9 +5,9 @@
 #include "connection/session.h"
 #include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
+#include "controls/mousePointer.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
-#include "platform/mousePointer.h"
 #include "platform/process.h"
 #include "support/settingsPlace.h"
 

@@ -1,7 +1,6 @@
-#include "controls/uiPresenters.h"
+#include "controls/messageBox.h"
 
-#include "platform/messageBox.h"
-#include "platform/mousePointer.h"
+#include "platform/errorTraps.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -17,19 +16,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QMessageBox::Icon boxIcon(MessageIcon icon)
-{
-    switch (icon) {
-    case MessageIcon::Question:
-        return QMessageBox::Question;
-    case MessageIcon::Information:
-        return QMessageBox::Information;
-    case MessageIcon::None:
-        break;
-    }
-    return QMessageBox::NoIcon;
-}
 
 /// A text that would take a good part of the screen, or that cannot be broken into lines, is shown
 /// in a field that scrolls.
@@ -91,47 +77,41 @@ QWidget *windowInUse()
     return found == windows.end() ? nullptr : *found;
 }
 
-MessageAnswer showBox(const Message &message)
+/// @returns the button pressed
+int showBox(QMessageBox::Icon icon, const QString &text, QMessageBox::StandardButtons buttons,
+            const QString &title = u"Orbek SQL Editor"_s)
 {
     QMessageBox box(windowInUse());
     box.setObjectName(u"messageBox"_s);
-    box.setWindowTitle(message.title);
+    box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
-    box.setText(message.text);
-    box.setIcon(boxIcon(message.icon));
+    box.setText(text);
+    box.setIcon(icon);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    const bool choice = message.buttons == MessageButtons::YesNo;
-    box.setStandardButtons(choice ? QMessageBox::Yes | QMessageBox::No
-                                  : QMessageBox::StandardButtons(QMessageBox::Ok));
-    if (choice)
+    box.setStandardButtons(buttons);
+    if (buttons.testFlag(QMessageBox::No))
         box.setEscapeButton(QMessageBox::No);
     showLongTextScrolling(box);
-
     const ArrowWhileAsking arrow;
-    const int pressed = box.exec();
-    if (!choice)
-        return MessageAnswer::Ok;
-    return pressed == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
-}
-
-/// One shape at a time: the hourglass is put on when it is not there, and taken off when it is.
-void showPointer(int shape)
-{
-    static bool shown = false;
-    const bool wanted = shape == MousePointer::Hourglass;
-    if (wanted == shown)
-        return;
-    shown = wanted;
-    if (wanted)
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    else
-        QGuiApplication::restoreOverrideCursor();
+    return box.exec();
 }
 
 } // namespace
 
-void installUiPresenters()
+void showMessagesInWindows()
 {
-    setMessagePresenter({showBox, [] { QApplication::beep(); }});
-    setMousePointerPresenter(showPointer);
+    setMessagePresenter(
+        [](const QString &text) { showBox(QMessageBox::NoIcon, text, QMessageBox::Ok); });
+}
+
+void inform(const QString &text, const QString &title)
+{
+    QApplication::beep();
+    showBox(QMessageBox::Information, text, QMessageBox::Ok, title);
+}
+
+bool confirmed(const QString &question)
+{
+    return showBox(QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No) ==
+           QMessageBox::Yes;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 /// Shapes of the screen's mouse pointer that the program uses.
 namespace MousePointer {
 inline constexpr int Default = 0;
@@ -13,9 +11,6 @@ int mousePointer();
 
 /// Gives the pointer a shape until it is set again.
 void setMousePointer(int shape);
-
-/// What shows the shape on the screen; called only when the shape changes.
-void setMousePointerPresenter(std::function<void(int shape)> presenter);
 
 /// Shows the hourglass for as long as it lives, then the shape that was there before, also when
 /// the work in between fails.
