@@ -2,6 +2,7 @@
 
 #include "dataaccess/FieldInfo.h"
 #include "dataaccess/MemoryTable.h"
+#include "dataaccess/RowOrder.h"
 #include "dataaccess/SessionClient.h"
 #include "dataaccess/Value.h"
 #include "dataaccess/dataAccessTypes.h"
@@ -113,10 +114,22 @@ public:
     QString textStartAt(qint64 row, int field, qsizetype longest) const;
     bool isNumberAt(qint64 row, int field) const;
     bool isNullAt(qint64 row, int field) const;
+    Value valueAt(qint64 row, int field) const
+    {
+        requireCell(row, field);
+        return m_table->value(row, field);
+    }
     /// Appends the text forms of row @p row's fields @p firstField to @p lastField, with
     /// @p separator between them.
     void appendRowText(qint64 row, int firstField, int lastField, QChar separator,
                        QString &text) const;
+    /// The rows in the order of a field's values, as orderedRows() has it; they stay where they
+    /// are. @throws RuntimeError 3265
+    std::vector<int> rowsOrderedBy(int field, bool descending) const
+    {
+        requireField(field);
+        return orderedRows(table(), field, descending);
+    }
     /// Bytes that the rows occupy.
     qint64 storedBytes() const { return table().bytes(); }
 

@@ -302,6 +302,16 @@ std::optional<QLatin1StringView> packedLatin1(const char *cell)
     return readLatin1(cell);
 }
 
+StoredUnits storedUnits(const char *cell)
+{
+    const quint8 tag = tagOf(cell);
+    const char *at = cell + 1;
+    if (tag >= CellShortLatin1)
+        return {at, tag - CellShortLatin1, 1};
+    const qsizetype count = readLength(at);
+    return {at, count, tag == CellUtf16 ? 2 : 1};
+}
+
 bool isPackedNull(const char *cell)
 {
     return tagOf(cell) == CellNull;

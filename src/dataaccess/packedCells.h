@@ -3,6 +3,7 @@
 #include "dataaccess/Value.h"
 #include "platform/ByteBuffer.h"
 
+#include <cstring>
 #include <optional>
 
 /// The form in which the cells of an in-memory row lie one behind the other. A cell is a tag byte,
@@ -45,5 +46,21 @@ const char *appendPackedCellUtf8(const char *cell, ByteBuffer &text);
 std::optional<Timestamp> packedCellTimestamp(const char *cell);
 /// The text that a cell holds, if it holds one of such characters alone.
 std::optional<QLatin1StringView> packedLatin1(const char *cell);
+/// What the cell of a text or of bytes holds, where it is stored.
+struct StoredUnits
+{
+    const char *data = nullptr;
+    qsizetype count = 0;
+    int width = 1; ///< bytes of a unit: 1 for Latin-1 and bytes, 2 for UTF-16, not aligned
+
+    quint16 at(qsizetype i) const
+    {
+        quint16 unit = static_cast<quint8>(data[i * width]);
+        if (width == 2)
+            std::memcpy(&unit, data + i * 2, sizeof unit);
+        return unit;
+    }
+};
+StoredUnits storedUnits(const char *cell);
 bool isPackedNull(const char *cell);
 bool isPackedNumber(const char *cell);

@@ -9,7 +9,6 @@
 #include "platform/textForms.h"
 
 #include <QScopeGuard>
-#include <QStringList>
 
 #include <optional>
 #include <vector>
@@ -62,9 +61,7 @@ public:
             names.append(recordset.fieldName(field));
             m_isDate.push_back(recordset.fieldType(field) == adDBTimeStamp);
         }
-        const QString beginning =
-            "Insert into "_L1 + tableName + " ("_L1 + names.join(u',') + ") VALUES ("_L1;
-        m_beginning = beginning.toUtf8();
+        m_beginning = insertBeginning(tableName, names).toUtf8();
     }
 
     void append(RowCells &cells, ByteBuffer &line) const
@@ -124,6 +121,11 @@ Count writeLines(Recordset &recordset, const QString &path, const Line &line)
 }
 
 } // namespace
+
+QString insertBeginning(const QString &tableName, const QStringList &fieldNames)
+{
+    return "Insert into "_L1 + tableName + " ("_L1 + fieldNames.join(u',') + ") VALUES ("_L1;
+}
 
 void writeCommaDelimited(Recordset &recordset, const QString &path)
 {

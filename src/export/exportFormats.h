@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class Recordset;
 
@@ -22,6 +23,9 @@ void writeCommaDelimited(Recordset &recordset, const QString &path);
 /// The same with @p separator between the values; a null is a tab, whatever the separator.
 /// @returns the number of records written
 qint16 writeDelimited(Recordset &recordset, const QString &path, const QString &separator);
+
+/// How an insert statement begins, up to its first value.
+QString insertBeginning(const QString &tableName, const QStringList &fieldNames);
 
 /// Insert statements into @p tableName, which is written as it stands, empty too. Every value is
 /// quoted and no quote in it doubled; nulls are empty texts; fields of type adDBTimeStamp lose

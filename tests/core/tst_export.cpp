@@ -1,3 +1,4 @@
+#include "export/copyForms.h"
 #include "export/exportFormats.h"
 #include "support/DataRows.h"
 #include "support/raisedError.h"
@@ -41,6 +42,7 @@ private slots:
     void lines();
     void startsFromTheFirstRecordAgain();
     void countsInSixteenBits();
+    void cellsAsSql();
 
 private:
     QByteArray content() const { return contentOf(m_path); }
@@ -125,6 +127,30 @@ void tst_Export::countsInSixteenBits()
     QCOMPARE(content(), QByteArray("7\r\n").repeated(most));
     comma(*table, m_path);
     QCOMPARE(content(), QByteArray("7\r\n").repeated(most) + "\r\n");
+}
+
+void tst_Export::cellsAsSql()
+{
+    const auto table =
+        makeTable({{u"A"_s}, {u"count(*)"_s}},
+                  {{ExactNumber{u"12345678901234567890123456789012345678.50"_s}, 0.1},
+                   {u"it's"_s, QByteArray("\x1F")},
+                   {NullValue{}, u"00"_s},
+                   {Timestamp{2024, 3, 5}, Timestamp{2024, 3, 5, 17, 8, 9, 500'000'000}},
+                   {Timestamp{0, 0, 0, 17, 8, 9}, true},
+                   {u"it's"_s, 7}});
+    const QString into = u"Insert into t (A,\"count(*)\") VALUES ("_s;
+    QCOMPARE(insertStatements(*table, {0, 1, 2, 3, 4}, {0, 1}, u"t"_s),
+             into + u"12345678901234567890123456789012345678.5,0.1);\r\n"_s + into +
+                 u"'it''s',HEXTORAW('1F'));\r\n"_s + into + u"NULL,'00');\r\n"_s + into +
+                 u"DATE '2024-03-05',TIMESTAMP '2024-03-05 17:08:09.500000000');\r\n"_s + into +
+                 u"'17:08:09',1);\r\n"_s);
+    QCOMPARE(valueList(*table, {5, 1, 2, 3}, {0}), u"('it''s',DATE '2024-03-05')"_s);
+    QCOMPARE(valueList(*table, {2}, {0}), u"(NULL)"_s);
+    QCOMPARE(valueList(*table, {2, 5}, {0, 1}), u"((NULL,'00'),('it''s',7))"_s);
+    const auto texts = makeTable({{u"A"_s}}, {{QString(60, u'a')}, {QString(60, u'b')}});
+    QCOMPARE(valueList(*texts, {0, 1}, {0}),
+             u"('%1',\r\n'%2')"_s.arg(QString(60, u'a'), QString(60, u'b')));
 }
 
 QTEST_GUILESS_MAIN(tst_Export)

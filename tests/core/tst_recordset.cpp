@@ -1,6 +1,7 @@
 // Recordsets in memory: fabricated tables, their cells, their order and their packing.
 
 #include "dataaccess/RowCells.h"
+#include "dataaccess/ValueParts.h"
 #include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/tables.h"
@@ -26,7 +27,9 @@ private slots:
     void sorts_data();
     void sorts();
     void sortIsKeptForLaterRows();
+    void ordersRowsForViews();
     void appendsRowText();
+    void valuesInParts();
 };
 
 namespace {
@@ -275,6 +278,79 @@ void tst_recordset::sortIsKeptForLaterRows()
     QCOMPARE(texts(table), u"2,a 4,m 1,m 3,z"_s);
 }
 
+void tst_recordset::ordersRowsForViews()
+{
+    const QString equal(3000, u'e');
+    const QByteArray longBytes(3000, '\x7F');
+    const auto digits = [](const char *text) {
+        return Value(ExactNumber{QString::fromLatin1(text)});
+    };
+    const auto text = [](const QString &value) { return Value(value); };
+    const QList<Value> ascending = {false,
+                                    true,
+                                    digits("-12345678901234567890123456789012345678.5"),
+                                    digits("-12345678901234567890123456789012345678"),
+                                    -1.25,
+                                    -1,
+                                    digits("-.05"),
+                                    0,
+                                    digits("1E-200"),
+                                    2.5e-10,
+                                    digits("0.0500"),
+                                    9,
+                                    digits("9.5"),
+                                    10.25,
+                                    9007199254740993,
+                                    digits("9007199254740993.5"),
+                                    digits("12345678901234567890123456789012345677"),
+                                    digits("12345678901234567890123456789012345678"),
+                                    1e200,
+                                    Timestamp{-44, 3, 15},
+                                    Timestamp{2024, 3, 5},
+                                    Timestamp{2024, 3, 5, 0, 0, 0, 1},
+                                    Timestamp{2024, 3, 5, 0, 0, 0, 256},
+                                    Timestamp{2024, 10, 1},
+                                    text(u"10"_s),
+                                    text(u"9"_s),
+                                    text(u"B"_s),
+                                    text(u"a"_s),
+                                    text(u"a"_s + QChar(u'\0')),
+                                    text(u"a b"_s),
+                                    text(equal),
+                                    text(equal + u"a"_s),
+                                    text(equal + u"b"_s),
+                                    text(equal + u"\u0416"_s),
+                                    text(u"\u00e4"_s),
+                                    text(u"\uff5e"_s),
+                                    text(u"\U0001F600"_s),
+                                    QByteArray("\x7F"),
+                                    QByteArray("\x80")};
+    const auto count = static_cast<int>(ascending.size());
+    QList<QList<Value>> rows;
+    for (int i = 0; i < 2 * count; ++i)
+        rows.append({i, ascending[i * 7 % count]});
+    rows.insert(3, {-1, NullValue{}});
+    rows.insert(9, {-1, u""_s});
+    const auto table = makeTable({{u"N"_s}, {u"V"_s}}, rows);
+
+    for (const bool descending : {false, true}) {
+        QList<Value> shown;
+        QList<int> arrivals;
+        for (const int row : table->rowsOrderedBy(1, descending)) {
+            shown.append(table->valueAt(row, 1));
+            arrivals.append(row);
+        }
+        for (int i = 0; i < count; ++i) {
+            const Value &expected = ascending[descending ? count - 1 - i : i];
+            QCOMPARE(shown[2 * i].toText(), expected.toText());
+            QCOMPARE(shown[2 * i + 1], expected);
+            QVERIFY(arrivals[2 * i] < arrivals[2 * i + 1]);
+        }
+        QCOMPARE(arrivals.mid(2 * count), QList<int>({3, 9}));
+    }
+    QCOMPARE(raisedError([&] { table->rowsOrderedBy(2, false); }), 3265);
+}
+
 void tst_recordset::appendsRowText()
 {
     const auto table =
@@ -284,6 +360,32 @@ void tst_recordset::appendsRowText()
     table->MoveNext();
     table->appendRowText(0, 1, 2, u'\t', text);
     QCOMPARE(text, u">1,€,2.5,€\t2.5"_s);
+}
+
+void tst_recordset::valuesInParts()
+{
+    constexpr qsizetype size = ValueParts::partSize;
+    const QString before(size - 1, u'x');
+    for (const auto &[text, firstSize] : {std::pair(before, size - 1),
+                                          {before + u"\r\n"_s, size - 1},
+                                          {before + u"\r\r"_s, size},
+                                          {before + u"\U0001F600"_s, size - 1},
+                                          {QString(), 0}}) {
+        const ValueParts parts{Value(text)};
+        QString all;
+        for (qsizetype part = 0; part < parts.count(); ++part)
+            all += parts.part(part);
+        QCOMPARE(parts.part(0).size(), firstSize);
+        QCOMPARE(all, text);
+    }
+    const ValueParts bytes{Value(QByteArray(size, 'A'))};
+    QCOMPARE(bytes.wholeText(), u"41"_s.repeated(size));
+    QCOMPARE(bytes.sizeText(), u"65,536 bytes"_s);
+    QString lines = bytes.part(0);
+    for (qsizetype part = 1; part < bytes.count(); ++part)
+        lines += u'\n' + bytes.part(part);
+    QCOMPARE(lines.count(u'\n'), size / 16 - 1);
+    QVERIFY(lines.endsWith(u"0000FFF0 "_s + u" 41"_s.repeated(16) + u"  "_s + QString(16, u'A')));
 }
 
 QTEST_APPLESS_MAIN(tst_recordset)

@@ -1,0 +1,214 @@
+#include "dataaccess/RowOrder.h"
+
+#include "dataaccess/MemoryTable.h"
+#include "dataaccess/NumberKey.h"
+#include "dataaccess/packedCells.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace {
+
+/// What a cell is ordered as, in this order.
+enum Kind : quint8 { Truth, Number, Time, Text, Bytes, Nothing, KindCount };
+
+/// A row with a part of its cell that decides between most rows by one comparison.
+struct Entry
+{
+    quint64 key = 0;
+    const char *cell = nullptr;
+    int row = 0;
+};
+
+using Entries = std::vector<Entry>;
+
+Kind kindOf(const char *cell)
+{
+    const auto tag = static_cast<quint8>(*cell);
+    if (tag > CellShortLatin1)
+        return Text;
+    if (tag <= CellNull || tag == CellShortLatin1)
+        return Nothing;
+    if (tag <= CellTrue)
+        return Truth;
+    if (isPackedNumber(cell))
+        return Number;
+    if (tag >= CellDate && tag <= CellTimestamp)
+        return Time;
+    return tag == CellBinary ? Bytes : Text;
+}
+
+void appendTimeKey(const Timestamp &time, ByteBuffer &bytes)
+{
+    constexpr int yearBias = 0x8000;
+    const int year = time.year + yearBias;
+    for (const int part : {year >> 8, year & 0xFF, int{time.month}, int{time.day}, int{time.hour},
+                           int{time.minute}, int{time.second}})
+        bytes.append(static_cast<char>(part));
+    for (int shift = 24; time.nanosecond != 0 && shift >= 0; shift -= 8)
+        bytes.append(static_cast<char>(time.nanosecond >> shift));
+}
+
+/// Units of texts in an order in which those of a pair stand for characters beyond all others.
+quint16 inCodePointOrder(quint16 unit)
+{
+    if (unit >= 0xE000)
+        return static_cast<quint16>(unit - 0x800);
+    return unit >= 0xD800 ? static_cast<quint16>(unit + 0x2000) : unit;
+}
+
+/// Brings entries of one kind into their order. It sorts by the first units of what the cells hold
+/// and goes on, where many are equal, with those behind them, so that a cell is looked at a few
+/// times and not once for every comparison.
+class EntrySorter
+{
+public:
+    EntrySorter(Kind kind, bool descending, Entries &entries)
+        : m_isStored(kind == Text || kind == Bytes)
+        , m_kind(kind)
+        , m_flip(descending ? ~quint64{0} : 0)
+        , m_entries(entries)
+    {
+        const auto isWide = [](const Entry &entry) { return storedUnits(entry.cell).width == 2; };
+        if (kind == Text && std::any_of(entries.begin(), entries.end(), isWide))
+            m_step = 3;
+    }
+
+    void sort()
+    {
+        m_open = {{0, m_entries.size(), 0}};
+        while (!m_open.empty()) {
+            const Range range = m_open.back();
+            m_open.pop_back();
+            sort(range);
+        }
+    }
+
+private:
+    /// Entries that are equal up to @p depth units.
+    struct Range
+    {
+        size_t begin;
+        size_t end;
+        qsizetype depth;
+    };
+    static constexpr quint64 more = 0xFF;
+
+    /// The units from @p depth on that have room in a key. Its last byte is their number, or says
+    /// that there are more.
+    quint64 keyAt(const char *cell, qsizetype depth)
+    {
+        StoredUnits units;
+        if (m_isStored) {
+            units = storedUnits(cell);
+        } else {
+            m_bytes.clear();
+            appendKey(cell);
+            units = {m_bytes.view().data(), m_bytes.size(), 1};
+        }
+        const qsizetype left = units.count - depth;
+        const qsizetype taken = std::min(left, m_step);
+        quint64 key = 0;
+        for (qsizetype i = 0; i < m_step; ++i) {
+            const quint16 unit = i < taken ? units.at(depth + i) : 0;
+            key = m_step == bytesInKey ? key << 8 | unit : key << 16 | inCodePointOrder(unit);
+        }
+        return key << 8 | (left > taken ? more : static_cast<quint64>(taken));
+    }
+
+    void appendKey(const char *cell)
+    {
+        if (m_kind == Number)
+            m_numbers.append(cell, m_bytes);
+        else if (m_kind == Time)
+            appendTimeKey(packedCellTimestamp(cell).value_or(Timestamp{}), m_bytes);
+        else
+            m_bytes.append(*cell);
+    }
+
+    void sort(const Range &range)
+    {
+        const auto first = m_entries.begin() + static_cast<qsizetype>(range.begin);
+        const auto last = m_entries.begin() + static_cast<qsizetype>(range.end);
+        for (auto entry = first; entry != last; ++entry)
+            entry->key = keyAt(entry->cell, range.depth) ^ m_flip;
+        std::sort(first, last, [](const Entry &a, const Entry &b) {
+            return a.key != b.key ? a.key < b.key : a.row < b.row;
+        });
+        for (auto run = first; run != last;) {
+            const auto end = std::find_if(
+                run, last, [run](const Entry &entry) { return entry.key != run->key; });
+            if (end - run > 1 && ((run->key ^ m_flip) & more) == more) {
+                Range equal{static_cast<size_t>(run - m_entries.begin()),
+                            static_cast<size_t>(end - m_entries.begin()), range.depth + m_step};
+                if (m_isStored && run == first && end == last)
+                    equal.depth = commonUnits(equal);
+                m_open.push_back(equal);
+            }
+            run = end;
+        }
+    }
+
+    /// The number of units that all entries of a range have in common, without looking again at
+    /// those that they are known to have.
+    qsizetype commonUnits(const Range &range) const
+    {
+        const StoredUnits model = storedUnits(m_entries[range.begin].cell);
+        qsizetype common = model.count;
+        for (size_t i = range.begin + 1; i < range.end; ++i) {
+            const StoredUnits units = storedUnits(m_entries[i].cell);
+            common = std::min(common, units.count);
+            const qsizetype from = range.depth * units.width;
+            const auto bytes = static_cast<size_t>(common * units.width - from);
+            if (units.width == model.width &&
+                std::memcmp(units.data + from, model.data + from, bytes) == 0)
+                continue;
+            qsizetype equal = range.depth;
+            while (equal < common && units.at(equal) == model.at(equal))
+                ++equal;
+            common = equal;
+        }
+        return common;
+    }
+
+    static constexpr qsizetype bytesInKey = 7;
+    bool m_isStored; ///< the units lie in the cells themselves
+    Kind m_kind;
+    quint64 m_flip;
+    qsizetype m_step = bytesInKey; ///< units in a key
+    Entries &m_entries;
+    std::vector<Range> m_open;
+    ByteBuffer m_bytes;
+    NumberKey m_numbers;
+};
+
+} // namespace
+
+std::vector<int> orderedRows(const MemoryTable &table, int field, bool descending)
+{
+    std::array<Entries, KindCount> kinds;
+    RowWriter edited;
+    const auto rows = static_cast<int>(table.rowCount());
+    for (int row = 0; row < rows; ++row) {
+        const char *cell = table.storedCells(row);
+        if (cell == nullptr) {
+            table.pack(row, edited, NullForm::Null);
+            cell = edited.data();
+        }
+        for (int before = 0; before < field; ++before)
+            cell = packedCellEnd(cell);
+        kinds[kindOf(cell)].push_back({0, cell, row});
+    }
+    for (Kind kind : {Truth, Number, Time, Text, Bytes})
+        EntrySorter(kind, descending, kinds[kind]).sort();
+    if (descending)
+        std::reverse(kinds.begin(), kinds.begin() + Nothing);
+    std::vector<int> order;
+    order.reserve(static_cast<size_t>(rows));
+    for (const Entries &entries : kinds) {
+        for (const Entry &entry : entries)
+            order.push_back(entry.row);
+    }
+    return order;
+}

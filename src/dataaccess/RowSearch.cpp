@@ -1,0 +1,36 @@
+#include "dataaccess/RowSearch.h"
+
+#include "dataaccess/Recordset.h"
+
+RowSearch::RowSearch(const QString &text, Qt::CaseSensitivity sensitivity)
+    : m_matcher(text, sensitivity)
+{
+}
+
+int RowSearch::firstField(const Recordset &recordset, qint64 row, int first, int last)
+{
+    // Most rows do not hold it anywhere; one that seems to may hold it across two cells.
+    if (!holds(recordset, row, first, last))
+        return -1;
+    while (first <= last && !holds(recordset, row, first, first))
+        ++first;
+    return first <= last ? first : -1;
+}
+
+int RowSearch::lastField(const Recordset &recordset, qint64 row, int first, int last)
+{
+    if (!holds(recordset, row, first, last))
+        return -1;
+    while (first <= last && !holds(recordset, row, last, last))
+        --last;
+    return first <= last ? last : -1;
+}
+
+bool RowSearch::holds(const Recordset &recordset, qint64 row, int first, int last)
+{
+    if (first > last)
+        return false;
+    m_text.resize(0);
+    recordset.appendRowText(row, first, last, QChar::ParagraphSeparator, m_text);
+    return m_matcher.indexIn(m_text) >= 0;
+}
