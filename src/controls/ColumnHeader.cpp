@@ -30,6 +30,35 @@ void ColumnHeader::initStyleOptionForIndex(QStyleOptionHeader *option, int colum
             place == count() - 1 ? QStyleOptionHeader::End : QStyleOptionHeader::Middle;
 }
 
+int ColumnHeader::orderMarkWidth() const
+{
+    return fontMetrics().ascent() * 2 / 3;
+}
+
+int ColumnHeader::widthFor(const QString &name) const
+{
+    const int mark = isSortIndicatorShown() ? orderMarkWidth() + OneLineDelegate::sideMargin : 0;
+    return fontMetrics().horizontalAdvance(name) + mark;
+}
+
+/// A triangle at the right end of @p room, upwards where values grow downwards in the grid.
+/// @returns where the room in front of it ends
+int ColumnHeader::paintOrderMark(QPainter *painter, const QRect &room) const
+{
+    const int width = orderMarkWidth();
+    const QRect mark(room.right() - width + 1, room.center().y() - width / 4, width, width / 2);
+    const bool up = sortIndicatorOrder() == Qt::AscendingOrder;
+    const QPointF tip(mark.x() + width / 2.0, up ? mark.top() : mark.top() + width / 2.0);
+    const double base = up ? mark.top() + width / 2.0 : mark.top();
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(palette().color(QPalette::ButtonText));
+    painter->drawPolygon(QPolygonF{tip, QPointF(mark.x() + width, base), QPointF(mark.x(), base)});
+    painter->restore();
+    return mark.left() - OneLineDelegate::sideMargin;
+}
+
 /// The style draws all but the name, which stands straight above the cells' texts.
 void ColumnHeader::paintSection(QPainter *painter, const QRect &rect, int column) const
 {
@@ -38,8 +67,9 @@ void ColumnHeader::paintSection(QPainter *painter, const QRect &rect, int column
     QHeaderView::paintSection(painter, rect, column);
     painter->restore();
     const QVariant alignment = model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
-    const QRect room =
-        rect.adjusted(OneLineDelegate::sideMargin, 0, -OneLineDelegate::sideMargin, 0);
+    QRect room = rect.adjusted(OneLineDelegate::sideMargin, 0, -OneLineDelegate::sideMargin, 0);
+    if (isSortIndicatorShown() && sortIndicatorSection() == column)
+        room.setRight(paintOrderMark(painter, room));
     const QString name = model()->headerData(column, Qt::Horizontal).toString();
     painter->setFont(font());
     painter->setPen(palette().color(QPalette::ButtonText));

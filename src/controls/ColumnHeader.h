@@ -10,7 +10,14 @@ class ColumnHeader : public QHeaderView
 public:
     explicit ColumnHeader(QWidget *parent = nullptr);
 
+    /// The width that a name needs, with room for the mark of an order behind it.
+    int widthFor(const QString &name) const;
+
 protected:
     void paintSection(QPainter *painter, const QRect &rect, int column) const override;
     void initStyleOptionForIndex(QStyleOptionHeader *option, int column) const override;
+
+private:
+    int orderMarkWidth() const;
+    int paintOrderMark(QPainter *painter, const QRect &room) const;
 };

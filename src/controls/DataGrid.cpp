@@ -1,15 +1,21 @@
 #include "controls/DataGrid.h"
 
+#include "controls/CellViewer.h"
 #include "controls/ColumnHeader.h"
 #include "controls/FramePacer.h"
+#include "controls/GridMenu.h"
+#include "controls/GridOrder.h"
+#include "controls/GridSearch.h"
 #include "controls/OneLineDelegate.h"
 #include "controls/RecordsetModel.h"
 #include "controls/RowNumberHeader.h"
 #include "controls/gridLook.h"
 #include "controls/selectionText.h"
+#include "platform/errorTraps.h"
 
-#include <QEvent>
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -62,12 +68,20 @@ DataGrid::DataGrid(QWidget *parent)
 
     applyGridLook(this);
     fitRowHeight();
+    m_order = new GridOrder(*this);
+    m_search = new GridSearch(*this);
+    m_menu = new GridMenu(*this);
+    connect(this, &QTableView::doubleClicked, this, &DataGrid::viewCell);
 }
 
-DataGrid::~DataGrid() = default;
+DataGrid::~DataGrid()
+{
+    delete m_search; // it is the parent's child, above the grid
+}
 
 void DataGrid::setDataSource(const std::shared_ptr<Recordset> &source)
 {
+    keepColumnWidths();
     m_widthsFitted = false;
     m_model->setRecordset(source);
     fitColumnWidths();
@@ -112,16 +126,53 @@ QString DataGrid::SelText() const
     const std::shared_ptr<Recordset> source = m_model->recordset();
     if (!source || source->State() != adStateOpen)
         return {};
-    return selectionText(selectionModel()->selection(),
-                         [&source](int row, int first, int last, QString &text) {
-                             source->appendRowText(row, first, last, u'\t', text);
-                         });
+    return selectionText(selectionModel()->selection(), [this, &source](int row, int first,
+                                                                        int last, QString &text) {
+        source->appendRowText(m_model->recordsetRow(row), first, last, u'\t', text);
+    });
+}
+
+std::vector<int> DataGrid::selectedRecords() const
+{
+    std::vector<int> rows = selectedRows(selectionModel()->selection());
+    for (int &row : rows)
+        row = m_model->recordsetRow(row);
+    return rows;
+}
+
+void DataGrid::viewCell(const QModelIndex &cell)
+{
+    reportErrors([&] {
+        const std::shared_ptr<Recordset> source = dataSource();
+        if (!cell.isValid() || !source || source->State() != adStateOpen)
+            return;
+        const Value value = source->valueAt(m_model->recordsetRow(cell.row()), cell.column());
+        if (!m_viewer)
+            m_viewer = new CellViewer(this);
+        m_viewer->showValue(
+            tr("%1, row %2").arg(source->fieldName(cell.column())).arg(cell.row() + 1), value);
+    });
+}
+
+bool DataGrid::event(QEvent *event)
+{
+    // The frame's menu has this key for the editor.
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent *>(event)->matches(QKeySequence::Find))
+        event->accept();
+    return QTableView::event(event);
 }
 
 void DataGrid::keyPressEvent(QKeyEvent *event)
 {
-    if (!copyOnKey(*event, [this] { return SelText(); }))
+    if (!copyOnKey(*event, [this] { return SelText(); }) && !m_menu->takeKey(*event) &&
+        !m_search->takeKey(*event))
         QTableView::keyPressEvent(event);
+}
+
+void DataGrid::contextMenuEvent(QContextMenuEvent *event)
+{
+    m_menu->popup(event->globalPos());
 }
 
 void DataGrid::changeEvent(QEvent *event)
@@ -138,22 +189,49 @@ void DataGrid::fitRowHeight()
     verticalHeader()->setDefaultSectionSize(height);
 }
 
-/// Fits the columns once to their names and first rows; what the user changes stays.
+QStringList DataGrid::columnNames() const
+{
+    QStringList names;
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        names.append(m_model->headerData(column, Qt::Horizontal).toString());
+    return names;
+}
+
+void DataGrid::keepColumnWidths()
+{
+    if (!m_widthsFitted)
+        return;
+    m_knownWidths.clear();
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        m_knownWidths.append(columnWidth(column));
+}
+
+/// Fits the columns once to their names and first rows; what the user changes stays, also for the
+/// next result of the same columns.
 void DataGrid::fitColumnWidths()
 {
     if (m_widthsFitted || m_model->columnCount() == 0)
         return;
+    const QStringList names = columnNames();
+    if (names == m_knownNames && names.size() == m_knownWidths.size()) {
+        for (int column = 0; column < names.size(); ++column)
+            setColumnWidth(column, m_knownWidths[column]);
+        m_widthsFitted = true;
+        return;
+    }
     const int rows = std::min(m_model->rowCount(), rowsMeasuredForWidth);
     for (int column = 0; column < m_model->columnCount(); ++column)
         setColumnWidth(column, fittingWidth(column, rows));
     m_widthsFitted = rows > 0;
+    m_knownNames = names;
+    m_knownWidths.clear();
 }
 
 int DataGrid::fittingWidth(int column, int rows) const
 {
     const auto *delegate = static_cast<const OneLineDelegate *>(itemDelegate());
     const QString name = m_model->headerData(column, Qt::Horizontal).toString();
-    int width = horizontalHeader()->fontMetrics().horizontalAdvance(name);
+    int width = static_cast<const ColumnHeader *>(horizontalHeader())->widthFor(name);
     for (int row = 0; row < rows && width < widestColumn; ++row) {
         const QString text = delegate->displayText(m_model->index(row, column).data(), locale());
         width = std::max(width, fontMetrics().horizontalAdvance(text));

@@ -2,11 +2,17 @@
 
 #include "dataaccess/Recordset.h"
 
+#include <QStringList>
 #include <QTableView>
 
 #include <memory>
+#include <vector>
 
+class CellViewer;
 class FramePacer;
+class GridMenu;
+class GridOrder;
+class GridSearch;
 class RecordsetModel;
 
 /// The grid that shows a recordset's rows, bound to it as to a data source.
@@ -22,7 +28,8 @@ public:
     explicit DataGrid(QWidget *parent = nullptr);
     ~DataGrid() override;
 
-    /// Binds the grid; a closed or missing recordset shows an empty grid.
+    /// Binds the grid; a closed or missing recordset shows an empty grid. The columns that were
+    /// shown last keep their widths.
     void setDataSource(const std::shared_ptr<Recordset> &source);
     std::shared_ptr<Recordset> dataSource() const;
 
@@ -31,20 +38,42 @@ public:
     /// Shows now what rowsAdded() has announced.
     void showAddedRows();
 
-    /// The selected cells as text: cells separated by tabs, rows by line ends.
+    RecordsetModel &recordsetModel() const { return *m_model; }
+    /// What orders the rows on the screen.
+    GridOrder &rowOrder() const { return *m_order; }
+
+    /// What finds texts in the rows.
+    GridSearch &search() const { return *m_search; }
+    /// Shows a cell's value whole, in a window of its own.
+    void viewCell(const QModelIndex &cell);
+
+    /// The recordset's rows that hold a selected cell, in the order on the screen.
+    std::vector<int> selectedRecords() const;
+    /// The selected cells as text, in the order on the screen: cells separated by tabs, rows by
+    /// line ends.
     QString SelText() const;
 
 protected:
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
     void takeAddedRows();
     void fitRowHeight();
+    QStringList columnNames() const;
+    void keepColumnWidths();
     void fitColumnWidths();
     int fittingWidth(int column, int rows) const;
 
     RecordsetModel *m_model;
     FramePacer *m_pacer;
+    GridOrder *m_order;
+    GridSearch *m_search;
+    GridMenu *m_menu;
+    CellViewer *m_viewer = nullptr; ///< made when it is first needed
     bool m_widthsFitted = false;
+    QStringList m_knownNames; ///< the columns shown last, and their widths
+    QList<int> m_knownWidths;
 };

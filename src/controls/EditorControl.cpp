@@ -18,6 +18,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QShortcut>
 #include <QUrl>
 
 #include <algorithm>
@@ -99,6 +100,11 @@ void EditorControl::setUpKeys()
           QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_U), Qt::CTRL | Qt::Key_Slash}) {
         if (QsciCommand *command = standardCommands()->boundTo(key.toCombined()))
             command->setKey(0);
+    }
+    for (const auto &[key, forward] : EditorFindDialog::keysToFindAgain) {
+        auto *shortcut = new QShortcut(key, this, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this,
+                [this, forward = forward] { findDialog().findAgain(forward); });
     }
 }
 
@@ -335,11 +341,21 @@ void EditorControl::LoadFile(const QString &path)
     SendScintilla(SCI_SETSAVEPOINT);
 }
 
-void EditorControl::showFindDialog(bool replacing)
+EditorFindDialog &EditorControl::findDialog()
 {
     if (!m_findDialog)
         m_findDialog = new EditorFindDialog(*this);
-    m_findDialog->showFor(replacing);
+    return *m_findDialog;
+}
+
+void EditorControl::FindDialog()
+{
+    findDialog().showFor(false);
+}
+
+void EditorControl::ReplaceDialog()
+{
+    findDialog().showFor(true);
 }
 
 void EditorControl::PageSetupDialog()

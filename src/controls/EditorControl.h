@@ -102,8 +102,8 @@ public:
     QString ScratchFile() const { return m_scratchFile; }
 
     // The control's own dialogs
-    void FindDialog() { showFindDialog(false); }
-    void ReplaceDialog() { showFindDialog(true); }
+    void FindDialog();
+    void ReplaceDialog();
     void PageSetupDialog();
 
     // Win32 edit-control messages
@@ -154,7 +154,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    void showFindDialog(bool replacing);
+    EditorFindDialog &findDialog();
     void setUpEditing();
     void setUpKeys();
     void reportCaret();

@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +46,9 @@ EditorFindDialog::EditorFindDialog(EditorControl &editor)
         lblNote->clear();
         updateButtons();
     });
+    for (const auto &[key, forward] : keysToFindAgain)
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [this, forward = forward] { findAgain(forward); });
     updateButtons();
 }
 
@@ -112,6 +117,16 @@ void EditorFindDialog::updateButtons()
         button->setEnabled(hasText);
     for (QPushButton *button : m_replacing)
         button->setEnabled(hasText && !m_editor.ReadOnly());
+}
+
+void EditorFindDialog::findAgain(bool forward)
+{
+    if (txtSearch->text().isEmpty())
+        return showFor(false);
+    find(forward);
+    if (!isVisible())
+        QToolTip::showText(m_editor.characterRectangle(m_editor.SelStart()).bottomLeft(),
+                           lblNote->text(), &m_editor);
 }
 
 QRegularExpression EditorFindDialog::wanted() const

@@ -3,6 +3,8 @@
 #include <QDialog>
 #include <QRegularExpression>
 
+#include <utility>
+
 class EditorControl;
 class QCheckBox;
 class QFormLayout;
@@ -20,6 +22,12 @@ public:
     /// Shows the dialog, to find only or to replace as well; a selection within one line is what it
     /// offers to look for.
     void showFor(bool replacing);
+
+    /// Finds what was looked for last. Where the dialog is closed its note stands beside the caret;
+    /// it opens when there is nothing to look for yet.
+    void findAgain(bool forward);
+    static constexpr std::pair<QKeyCombination, bool> keysToFindAgain[] = {
+        {Qt::Key_F3, true}, {Qt::SHIFT | Qt::Key_F3, false}};
 
 private:
     QLayout *buildFields();

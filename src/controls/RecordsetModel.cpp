@@ -39,9 +39,19 @@ void RecordsetModel::setRecordset(std::shared_ptr<Recordset> recordset)
     const Extent extent = extentOf(recordset.get());
     beginResetModel();
     m_recordset = std::move(recordset);
+    m_order.clear();
     m_rows = extent.rows;
     m_columns = extent.columns;
     endResetModel();
+}
+
+/// Everything has changed and nothing has moved, as far as views are concerned: a selection names
+/// places, and to have millions of cells looked for elsewhere would take seconds.
+void RecordsetModel::setRowOrder(std::vector<int> order)
+{
+    m_order = std::move(order);
+    if (m_rows > 0 && m_columns > 0)
+        emit dataChanged(index(0, 0), index(m_rows - 1, m_columns - 1));
 }
 
 bool RecordsetModel::update()
@@ -93,9 +103,10 @@ QVariant RecordsetModel::data(const QModelIndex &index, int role) const
     ignoreErrors([&] {
         if (!holdsColumn(index.column()))
             return;
+        const int row = recordsetRow(index.row());
         if (role == Qt::DisplayRole)
-            result = cellText(index.row(), index.column());
-        else if (m_recordset->isNumberAt(index.row(), index.column()))
+            result = cellText(row, index.column());
+        else if (m_recordset->isNumberAt(row, index.column()))
             result = QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     });
     return result;

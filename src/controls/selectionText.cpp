@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -33,6 +34,21 @@ std::vector<int> edgesOf(const QItemSelection &selection, RangeEnd first, RangeE
     std::sort(edges.begin(), edges.end());
     edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
     return edges;
+}
+
+/// The rows, or columns, that any range covers, in ascending order.
+std::vector<int> coveredBy(const QItemSelection &selection, RangeEnd first, RangeEnd last)
+{
+    std::vector<std::pair<int, int>> ranges;
+    for (const QItemSelectionRange &range : selection)
+        ranges.emplace_back((range.*first)(), (range.*last)());
+    std::sort(ranges.begin(), ranges.end());
+    std::vector<int> covered;
+    for (const auto &[begin, end] : ranges) {
+        for (int i = covered.empty() ? begin : std::max(begin, covered.back() + 1); i <= end; ++i)
+            covered.push_back(i);
+    }
+    return covered;
 }
 
 bool covers(const QItemSelectionRange &range, int column)
@@ -89,6 +105,16 @@ void appendRow(int row, const std::vector<ColumnRun> &runs, const AppendCells &a
 }
 
 } // namespace
+
+std::vector<int> selectedRows(const QItemSelection &selection)
+{
+    return coveredBy(selection, &QItemSelectionRange::top, &QItemSelectionRange::bottom);
+}
+
+std::vector<int> selectedColumns(const QItemSelection &selection)
+{
+    return coveredBy(selection, &QItemSelectionRange::left, &QItemSelectionRange::right);
+}
 
 QString selectionText(const QItemSelection &selection, const AppendCells &appendCells)
 {

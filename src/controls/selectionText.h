@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 class QKeyEvent;
 
@@ -17,6 +18,10 @@ using AppendCells = std::function<void(int row, int firstColumn, int lastColumn,
 /// selected is an empty one, so that what stood below each other stays so. The cost depends on the
 /// cells of the result, not on how they were selected.
 QString selectionText(const QItemSelection &selection, const AppendCells &appendCells);
+
+/// The rows, or columns, that hold a selected cell, in ascending order.
+std::vector<int> selectedRows(const QItemSelection &selection);
+std::vector<int> selectedColumns(const QItemSelection &selection);
 
 /// Puts a text on the clipboard, unless it is empty.
 void copyToClipboard(const QString &text);

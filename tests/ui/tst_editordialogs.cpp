@@ -1,6 +1,7 @@
 #include "controls/EditorControl.h"
 #include "uisupport/userActions.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
@@ -108,6 +109,14 @@ void tst_EditorDialogs::keysOfTheDialog()
     m_editor->FindDialog();
     QCOMPARE(m_editor->findChildren<QDialog *>().size(), 1);
     QCOMPARE(search->text(), u"a"_s);
+    // The editor goes on without it.
+    QTest::keyClick(search, Qt::Key_Escape);
+    QApplication::setActiveWindow(m_editor.get());
+    m_editor->setFocus();
+    QTest::keyClick(m_editor.get(), Qt::Key_F3);
+    QCOMPARE(m_editor->SelStart(), 0);
+    QTest::keyClick(m_editor.get(), Qt::Key_F3, Qt::ShiftModifier);
+    QCOMPARE(m_editor->SelStart(), 4);
 }
 
 void tst_EditorDialogs::replacesOneAfterTheOther()

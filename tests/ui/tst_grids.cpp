@@ -1,16 +1,25 @@
+#include "controls/CellViewer.h"
 #include "controls/ColumnTree.h"
 #include "controls/DataGrid.h"
 #include "controls/FlexGrid.h"
+#include "controls/GridOrder.h"
+#include "controls/GridSearch.h"
 #include "platform/eventYield.h"
 #include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/tables.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QStyledItemDelegate>
 #include <QTest>
 
@@ -71,6 +80,11 @@ private slots:
     void gridShowsLongTextsOnOneLine();
     void selectionAsText_data();
     void selectionAsText();
+    void headerClicksOrderTheRows();
+    void menuCopies_data();
+    void menuCopies();
+    void cellsAreViewedWhole();
+    void findsInTheRows();
     void flexGridCountsFixedCellsAndPicksRows();
     void treeColumns();
 };
@@ -171,6 +185,13 @@ void tst_grids::gridFitsWidthsOnce()
     grid.rowsAdded();
     grid.showAddedRows();
     QCOMPARE(grid.columnWidth(0), 77);
+
+    // The same columns again, even when a result without any came between, are as wide.
+    grid.setDataSource(std::make_shared<Recordset>());
+    grid.setDataSource(makeTable({{u"A"_s}, {u"LONG_COLUMN_NAME"_s}, {u"TEXT"_s}}, {{1, 2, 3}}));
+    QCOMPARE(grid.columnWidth(0), 77);
+    grid.setDataSource(makeTable({{u"A"_s}, {u"TEXT"_s}, {u"LONG_COLUMN_NAME"_s}}, {{1, 2, 3}}));
+    QVERIFY(grid.columnWidth(0) != 77);
 }
 
 void tst_grids::gridShowsLongTextsOnOneLine_data()
@@ -230,6 +251,146 @@ void tst_grids::selectionAsText()
     QGuiApplication::clipboard()->setText(u"kept"_s);
     QTest::keySequence(&grid, QKeySequence::Copy);
     QCOMPARE(QGuiApplication::clipboard()->text(), selected.isEmpty() ? u"kept"_s : grid.SelText());
+}
+
+void tst_grids::headerClicksOrderTheRows()
+{
+    const auto table = [] {
+        return makeTable({{u"N"_s}, {u"T"_s}}, {{9, u"b"_s}, {10, u"a"_s}, {u""_s, u"c"_s}});
+    };
+    const RecordsetPtr rows = table();
+    DataGrid grid;
+    grid.setDataSource(rows);
+    grid.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&grid));
+    const auto click = [&](int column, Qt::KeyboardModifiers modifiers = {}) {
+        const QPoint place(grid.columnViewportPosition(column) + 5, 5);
+        QTest::mouseClick(grid.horizontalHeader()->viewport(), Qt::LeftButton, modifiers, place);
+    };
+    const auto all = [&] {
+        grid.selectAll();
+        return grid.SelText().replace(u"\r\n"_s, u" "_s).replace(u'\t', u',');
+    };
+    click(0);
+    QCOMPARE(all(), u"9,b 10,a ,c"_s);
+    QCOMPARE(grid.horizontalHeader()->sortIndicatorSection(), 0);
+    click(0);
+    QCOMPARE(all(), u"10,a 9,b ,c"_s);
+    click(1, Qt::ControlModifier);
+    QCOMPARE(all(), u"10,a 9,b ,c"_s);
+    QCOMPARE(grid.horizontalHeader()->sortIndicatorSection(), 0);
+    // What arrives later comes after what is ordered.
+    addRow(rows, {Value(100), Value(u"z"_s)});
+    grid.rowsAdded();
+    grid.showAddedRows();
+    QCOMPARE(all(), u"10,a 9,b ,c 100,z"_s);
+    QCOMPARE(rows->textAt(0, 0), u"9"_s);
+    click(0);
+    QCOMPARE(all(), u"9,b 10,a ,c 100,z"_s);
+    QCOMPARE(grid.horizontalHeader()->sortIndicatorSection(), -1);
+    click(1);
+    QCOMPARE(all(), u"10,a 9,b ,c 100,z"_s);
+    grid.setDataSource(table());
+    QCOMPARE(all(), u"9,b 10,a ,c"_s);
+    QCOMPARE(grid.horizontalHeader()->sortIndicatorSection(), -1);
+    grid.dataSource()->Close();
+    click(1); // nothing to order, and nothing goes wrong
+}
+
+void tst_grids::menuCopies_data()
+{
+    const DataRows<QString, QString> row("item", "copied");
+    row("copy", u"mnuGridCopy"_s, u"2\tb\r\n1\ta"_s);
+    row("with names", u"mnuGridCopyWithNames"_s, u"N\tT\r\n2\tb\r\n1\ta"_s);
+    row("inserts", u"mnuGridCopyInsert"_s,
+        u"Insert into TABLE_NAME (N,T) VALUES (2,'b');\r\n"
+        "Insert into TABLE_NAME (N,T) VALUES (1,'a');\r\n"_s);
+    row("list", u"mnuGridCopyList"_s, u"((2,'b'),(1,'a'))"_s);
+}
+
+void tst_grids::menuCopies()
+{
+    QFETCH(QString, item);
+    DataGrid grid;
+    grid.setDataSource(
+        makeTable({{u"ID"_s}, {u"N"_s}, {u"T"_s}}, {{7, 1, u"a"_s}, {8, 2, u"b"_s}}));
+    grid.rowOrder().advance(1);
+    grid.rowOrder().advance(1);
+    grid.selectionModel()->select(
+        QItemSelection(grid.model()->index(0, 1), grid.model()->index(1, 2)),
+        QItemSelectionModel::Select);
+    grid.findChild<QAction *>(item)->trigger();
+    QTEST(QGuiApplication::clipboard()->text(), "copied");
+}
+
+void tst_grids::cellsAreViewedWhole()
+{
+    DataGrid grid;
+    const QString text = QString(3 * ValueParts::partSize - 1, u'x') + u"\r\nend"_s;
+    grid.setDataSource(makeTable({{u"A"_s}}, {{text},
+                                              {u"a\nb"_s},
+                                              {QByteArray("\x01"
+                                                          "Az")}}));
+    grid.show();
+    const auto view = [&](int row) {
+        grid.setCurrentIndex(grid.model()->index(row, 0));
+        QTest::keyClick(&grid, Qt::Key_Return);
+        return grid.findChild<CellViewer *>();
+    };
+    const CellViewer &viewer = *view(0);
+    QVERIFY(viewer.isVisible());
+    QCOMPARE(viewer.windowTitle(), u"A, row 1"_s);
+    const auto *shownValue = viewer.findChild<QPlainTextEdit *>(u"txtValue"_s);
+    auto *part = viewer.findChild<QSpinBox *>(u"spnPart"_s);
+    QVERIFY(part->isVisible());
+    part->setValue(part->maximum());
+    QCOMPARE(shownValue->toPlainText(), u"\nend"_s);
+    viewer.findChild<QPushButton *>(u"cmdCopy"_s)->click();
+    QCOMPARE(QGuiApplication::clipboard()->text(), text);
+    QCOMPARE(view(1), &viewer);
+    QVERIFY(!part->isVisible());
+    QCOMPARE(shownValue->toPlainText(), u"a\nb"_s);
+    const QPoint last = grid.visualRect(grid.model()->index(2, 0)).center();
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, last);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, last);
+    QVERIFY(shownValue->toPlainText().startsWith(u"00000000  01 41 7A "_s));
+    QVERIFY(shownValue->toPlainText().endsWith(u".Az"_s));
+}
+
+void tst_grids::findsInTheRows()
+{
+    constexpr int rows = 300'000;
+    DataGrid grid;
+    grid.setDataSource(numberedCells(rows, 2));
+    grid.show();
+    QTest::keySequence(&grid, QKeySequence::Find);
+    auto *bar = grid.findChild<GridSearch *>();
+    auto *text = bar->findChild<QLineEdit *>(u"txtGridFind"_s);
+    const auto *note = bar->findChild<QLabel *>(u"lblGridNote"_s);
+    QVERIFY(bar->isVisible());
+    const auto find = [&](const QString &wanted, Qt::KeyboardModifiers modifiers = {}) {
+        text->setText(wanted);
+        QTest::keyClick(&grid, Qt::Key_F3, modifiers);
+        [&] { QTRY_VERIFY(!bar->isSearching()); }();
+        return grid.currentIndex().data().toString() + u' ' + note->text();
+    };
+    QCOMPARE(find(u"5.1"_s), u"5.1 "_s);
+    QCOMPARE(find(u"5.1"_s), u"15.1 "_s);
+    QCOMPARE(find(u"5.1"_s, Qt::ShiftModifier), u"5.1 "_s);
+    QCOMPARE(find(u"12345.0"_s, Qt::ShiftModifier), u"212345.0 Went on at the other end"_s);
+    QCOMPARE(find(u"212345.0"_s), u"212345.0 Went on at the other end"_s);
+    QCOMPARE(find(u"1.1\u20292"_s), u"212345.0 Not found"_s); // cells do not run together
+
+    // It takes turns, and ends when the rows go.
+    grid.setCurrentIndex(grid.model()->index(0, 0));
+    text->setText(u"nowhere"_s);
+    QTest::keyClick(text, Qt::Key_Return);
+    QVERIFY(bar->isSearching());
+    QCOMPARE(note->text(), u"Searching…"_s);
+    grid.dataSource()->Close();
+    QTRY_VERIFY(!bar->isSearching());
+    QTest::keyClick(text, Qt::Key_Escape);
+    QVERIFY(!bar->isVisible());
 }
 
 void tst_grids::flexGridCountsFixedCellsAndPicksRows()

@@ -1,4 +1,5 @@
 #include "app/MDIFormQuerna.h"
+#include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
 #include "editor/frmQuerna.h"
 #include "support/DataRows.h"
@@ -115,6 +116,11 @@ void tst_habits::paneKeys()
     QCOMPARE(bufferSize->selectedText(), u"20000"_s);
     QTest::keyClick(output, Qt::Key_F4);
     QVERIFY(program.text()->hasFocus());
+    // The menu's key finds in the rows where they have the focus.
+    program.run(u"select 1 as one"_s);
+    program.grid()->setFocus();
+    QTest::keyClick(program.grid(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(program.control<QLineEdit>(u"txtGridFind"_s)->hasFocus());
 }
 
 // Buttons tell their keys, and every control has a name for those who do not see it.
