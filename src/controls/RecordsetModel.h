@@ -48,7 +48,8 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 protected:
-    /// What is shown of a value of the recordset's row @p row. @throws RuntimeError when it cannot be read
+    /// What is shown of a value of the recordset's row @p row. @throws RuntimeError when it cannot
+    /// be read
     virtual QString cellText(int row, int column) const;
 
 private:
