@@ -158,10 +158,10 @@ SyntaxColouring::Place SyntaxColouring::lastSurePlace(long from, long line) cons
     const long sure = from - reachOfEdit;
     for (long at = sure; at > std::max(lineStart, sure - longLine); --at) {
         if (kindAt(at) == TextKind::Blank)
-            return {at, SqlTokenizer::Between};
+            return {at, ColourTokenizer::Between};
     }
     if (line == 0)
-        return {lineStart, SqlTokenizer::Between};
+        return {lineStart, ColourTokenizer::Between};
     return {lineStart, static_cast<int>(m_editor.SendScintilla(Sci::SCI_GETLINESTATE, line - 1))};
 }
 
@@ -186,7 +186,7 @@ bool SyntaxColouring::colourLine(const QByteArray &text, long textBegin, Place &
     if (lineEnd - at > hugeLine)
         growPositionCache(lineEnd - at);
     while (at != lineEnd) {
-        const SqlTokenizer::Token token = m_tokenizer.next(at, lineEnd, place.state);
+        const ColourTokenizer::Token token = m_tokenizer.next(at, lineEnd, place.state);
         if (isLong && token.kind == TextKind::Blank && wasColoured(place.position) &&
             kindAt(place.position) == TextKind::Blank)
             return true;
@@ -198,7 +198,7 @@ bool SyntaxColouring::colourLine(const QByteArray &text, long textBegin, Place &
 }
 
 /// Notes the state at a line's end. @returns whether it is the one that was noted before
-bool SyntaxColouring::keepState(long line, SqlTokenizer::State state)
+bool SyntaxColouring::keepState(long line, ColourTokenizer::State state)
 {
     if (m_editor.SendScintilla(Sci::SCI_GETLINESTATE, line) == state)
         return true;

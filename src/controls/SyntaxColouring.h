@@ -3,7 +3,7 @@
 #include "controls/ColourTheme.h"
 #include "controls/EditorFormats.h"
 #include "controls/StyleBytes.h"
-#include "sqltext/SqlTokenizer.h"
+#include "sqltext/ColourTokenizer.h"
 
 #include <QString>
 
@@ -44,14 +44,14 @@ private:
     struct Place
     {
         long position = 0;
-        SqlTokenizer::State state = SqlTokenizer::Between;
+        ColourTokenizer::State state = ColourTokenizer::Between;
     };
 
     long colourLines(long from, long wanted);
     Place lastSurePlace(long from, long line) const;
     bool wasColoured(long position) const;
     bool colourLine(const QByteArray &text, long textBegin, Place &place);
-    bool keepState(long line, SqlTokenizer::State state);
+    bool keepState(long line, ColourTokenizer::State state);
     TextKind kindAt(long position) const;
     void appendStyle(TextKind kind, const char *text, long position, long length);
     void growPositionCache(long lineLength);
@@ -61,7 +61,7 @@ private:
 
     QsciScintillaBase &m_editor;
     const EditorFormats &m_formats;
-    SqlTokenizer m_tokenizer;
+    ColourTokenizer m_tokenizer;
     SyntaxDefinition m_definition;
     WordClasses m_classes;
     StyleBytes m_styles;

@@ -1,4 +1,4 @@
-#include "sqltext/SqlTokenizer.h"
+#include "sqltext/ColourTokenizer.h"
 #include "sqltext/SyntaxDefinition.h"
 
 #include "platform/FileReader.h"
@@ -20,14 +20,14 @@ SyntaxDefinition shippedDefinition()
 }
 
 /// One letter a byte: what kind of text it is.
-QString kinds(const SqlTokenizer &tokenizer, const QByteArray &text)
+QString kinds(const ColourTokenizer &tokenizer, const QByteArray &text)
 {
     static const QHash<TextKind, QChar> letterOf{
         {TextKind::Name, u'n'},    {TextKind::Blank, u'_'},      {TextKind::Comment, u'c'},
         {TextKind::Literal, u'l'}, {TextKind::Number, u'#'},     {TextKind::Operator, u'+'},
         {TextKind::Class1, u't'},  {TextKind::QuotedName, u'q'}, {TextKind::Class6, u'k'}};
     QString result;
-    SqlTokenizer::State state = SqlTokenizer::Between;
+    ColourTokenizer::State state = ColourTokenizer::Between;
     for (qsizetype begin = 0; begin < text.size();) {
         const qsizetype lineFeed = text.indexOf('\n', begin);
         const qsizetype end = lineFeed < 0 ? text.size() : lineFeed + 1;
@@ -44,7 +44,7 @@ QString kinds(const SqlTokenizer &tokenizer, const QByteArray &text)
 
 QString kindsInShippedDefinition(const QString &text)
 {
-    SqlTokenizer tokenizer;
+    ColourTokenizer tokenizer;
     tokenizer.setDefinition(shippedDefinition());
     tokenizer.setWordClasses(sqlWordClasses().keywordTable);
     return kinds(tokenizer, text.toUtf8());
@@ -133,7 +133,7 @@ void tst_SyntaxDefinition::anythingIsCutToItsEnd()
             bytes += pieces[random.bounded(int(pieces.size()))];
         return bytes;
     };
-    SqlTokenizer tokenizer;
+    ColourTokenizer tokenizer;
     int taken = 0;
     for (int run = 0; run < 20'000; ++run) {
         QByteArray text = "syntax x\nliteral a b\n";

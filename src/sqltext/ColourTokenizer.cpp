@@ -1,4 +1,4 @@
-#include "sqltext/SqlTokenizer.h"
+#include "sqltext/ColourTokenizer.h"
 
 #include <algorithm>
 
@@ -64,19 +64,19 @@ bool startsWith(const char *at, const char *end, const QByteArray &mark)
            });
 }
 
-SqlTokenizer::Token token(TextKind kind, const char *begin, const char *end)
+ColourTokenizer::Token token(TextKind kind, const char *begin, const char *end)
 {
-    return {kind, end - begin, SqlTokenizer::Between};
+    return {kind, end - begin, ColourTokenizer::Between};
 }
 
 } // namespace
 
-SqlTokenizer::SqlTokenizer()
+ColourTokenizer::ColourTokenizer()
 {
     m_punctuation.fill(TextKind::Operator);
 }
 
-void SqlTokenizer::setDefinition(const SyntaxDefinition &definition)
+void ColourTokenizer::setDefinition(const SyntaxDefinition &definition)
 {
     m_delimiters = definition.delimiters;
     for (auto &states : m_delimitersByByte)
@@ -96,7 +96,7 @@ void SqlTokenizer::setDefinition(const SyntaxDefinition &definition)
         std::stable_sort(states.begin(), states.end(), longer);
 }
 
-void SqlTokenizer::setWordClasses(const KeywordTable &table)
+void ColourTokenizer::setWordClasses(const KeywordTable &table)
 {
     m_words.clear();
     m_phrases.clear();
@@ -113,7 +113,7 @@ void SqlTokenizer::setWordClasses(const KeywordTable &table)
     }
 }
 
-void SqlTokenizer::addWord(const QByteArray &word, TextKind kind)
+void ColourTokenizer::addWord(const QByteArray &word, TextKind kind)
 {
     if (word.size() > longestWord)
         return;
@@ -126,7 +126,7 @@ void SqlTokenizer::addWord(const QByteArray &word, TextKind kind)
     }
 }
 
-SqlTokenizer::Token SqlTokenizer::next(const char *at, const char *end, State state) const
+ColourTokenizer::Token ColourTokenizer::next(const char *at, const char *end, State state) const
 {
     if (state != Between)
         return inside(m_delimiters[static_cast<std::size_t>(state - 1)], state, at, at, end);
@@ -152,8 +152,9 @@ SqlTokenizer::Token SqlTokenizer::next(const char *at, const char *end, State st
 }
 
 /// The stretch from @p at whose text inside the delimiter begins at @p from.
-SqlTokenizer::Token SqlTokenizer::inside(const Delimiter &delimiter, State state, const char *at,
-                                         const char *from, const char *end) const
+ColourTokenizer::Token ColourTokenizer::inside(const Delimiter &delimiter, State state,
+                                               const char *at, const char *from,
+                                               const char *end) const
 {
     if (!delimiter.end.isEmpty()) {
         const char *found = std::search(from, end, delimiter.end.begin(), delimiter.end.end(),
@@ -165,7 +166,7 @@ SqlTokenizer::Token SqlTokenizer::inside(const Delimiter &delimiter, State state
     return {delimiter.kind, end - at, closed ? Between : state};
 }
 
-SqlTokenizer::Token SqlTokenizer::word(const char *at, const char *end) const
+ColourTokenizer::Token ColourTokenizer::word(const char *at, const char *end) const
 {
     const char *past = skipWhile(at, end, isWordByte);
     if (past - at > longestWord)
@@ -186,7 +187,7 @@ SqlTokenizer::Token SqlTokenizer::word(const char *at, const char *end) const
     return token(m_words.value(key, TextKind::Name), at, past);
 }
 
-SqlTokenizer::Token SqlTokenizer::number(const char *at, const char *end) const
+ColourTokenizer::Token ColourTokenizer::number(const char *at, const char *end) const
 {
     const auto isDigit = [](char byte) { return classOf(byte) == ByteClass::Digit; };
     const char *past = skipWhile(at, end, isDigit);
@@ -202,7 +203,7 @@ SqlTokenizer::Token SqlTokenizer::number(const char *at, const char *end) const
     return token(TextKind::Number, at, past);
 }
 
-SqlTokenizer::State SqlTokenizer::delimiterAt(const char *at, const char *end) const
+ColourTokenizer::State ColourTokenizer::delimiterAt(const char *at, const char *end) const
 {
     for (const State state : m_delimitersByByte[indexOf(*at)]) {
         if (startsWith(at, end, m_delimiters[static_cast<std::size_t>(state - 1)].begin))

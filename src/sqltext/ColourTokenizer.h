@@ -9,11 +9,11 @@
 #include <array>
 #include <vector>
 
-/// Cuts SQL text in UTF-8 into stretches of one kind, line by line, in time linear in the text.
-class SqlTokenizer
+/// Cuts SQL text in UTF-8 into stretches of one colour, line by line, in time linear in the text.
+class ColourTokenizer
 {
 public:
-    SqlTokenizer();
+    ColourTokenizer();
 
     void setDefinition(const SyntaxDefinition &definition);
     void setWordClasses(const KeywordTable &table);
@@ -26,11 +26,11 @@ public:
     {
         TextKind kind = TextKind::Name;
         qsizetype length = 0; ///< in bytes
-        /// The state behind it.
+        /// The state after it.
         State state = Between;
     };
 
-    /// The stretch that begins at @p at, which is before @p end: the end of the line, behind its
+    /// The stretch that begins at @p at, which is before @p end: the end of the line, after its
     /// line feed, or of the text. A stretch is never empty.
     Token next(const char *at, const char *end, State state) const;
 
