@@ -4,8 +4,6 @@
 #include "controls/CommonDialog.h"
 #include "controls/EditorControl.h"
 #include "controls/focusedEditor.h"
-#include "controls/icons.h"
-#include "controls/keyTips.h"
 #include "controls/mousePointer.h"
 #include "dialogs/frmObject.h"
 #include "dialogs/frmObjectColumn.h"
@@ -17,24 +15,35 @@
 #include "platform/textForms.h"
 #include "sqltext/selectionEdits.h"
 
-#include <QAction>
 #include <QPointer>
-#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Button
+/// Shows a dialog until it is closed. The dialog goes with its parent when that is deleted
+/// meanwhile.
+template <typename Dialog>
+void showModal(Dialog *dialog)
 {
-    QLatin1StringView toolTip; ///< empty for a separator
-    QLatin1StringView icon;
-    QList<QKeySequence> shortcuts;
-    QKeySequence menuKey = {}; ///< where a menu item does the same and has the key
-};
+    const QPointer<Dialog> guard(dialog);
+    dialog->exec();
+    if (guard)
+        delete dialog;
+}
 
-/// In toolbar order. "Uppe case" is what this button has always been called.
-QList<Button> toolbarButtons()
+template <typename Change>
+void changeSelection(EditorControl &editor, Change change)
+{
+    const QString text = editor.SelText();
+    if (!text.isEmpty())
+        editor.setSelText(change(text));
+}
+
+} // namespace
+
+/// "Uppe case" is what this button has always been called.
+QList<ToolBarButton> ToolbarCommands::buttons()
 {
     return {
         {"Run sql statement"_L1,
@@ -63,48 +72,6 @@ QList<Button> toolbarButtons()
         {},
         {"Exit Sql Editor"_L1, "exit"_L1, {}, Qt::CTRL | Qt::Key_W},
     };
-}
-
-/// Shows a dialog until it is closed. The dialog goes with its parent when that is deleted
-/// meanwhile.
-template <typename Dialog>
-void showModal(Dialog *dialog)
-{
-    const QPointer<Dialog> guard(dialog);
-    dialog->exec();
-    if (guard)
-        delete dialog;
-}
-
-template <typename Change>
-void changeSelection(EditorControl &editor, Change change)
-{
-    const QString text = editor.SelText();
-    if (!text.isEmpty())
-        editor.setSelText(change(text));
-}
-
-} // namespace
-
-void ToolbarCommands::addButtons(QToolBar &bar, frmQuerna &window)
-{
-    int index = 0;
-    for (const Button &button : toolbarButtons()) {
-        ++index;
-        const QString toolTip = button.toolTip;
-        QAction *action = toolTip.isEmpty() ? bar.addSeparator()
-                                            : bar.addAction(themedIcon(button.icon), toolTip);
-        action->setObjectName(u"tbrQuerna_"_s + QString::number(index));
-        if (toolTip.isEmpty())
-            continue;
-        action->setToolTip(toolTip);
-        action->setShortcuts(button.shortcuts);
-        action->setData(button.menuKey);
-        action->setShortcutContext(Qt::WindowShortcut);
-        QObject::connect(action, &QAction::triggered, &window,
-                         [&window, index] { window.tbrQuerna_ButtonClick(index); });
-    }
-    showKeysInToolTips(bar);
 }
 
 void ToolbarCommands::execute(int index)

@@ -1,6 +1,7 @@
 #pragma once
 
-class QToolBar;
+#include "controls/toolBarButtons.h"
+
 class RunCommand;
 class frmQuerna;
 
@@ -14,8 +15,8 @@ public:
     {
     }
 
-    /// Puts the buttons on @p bar, separators included.
-    static void addButtons(QToolBar &bar, frmQuerna &window);
+    /// The toolbar's buttons, separators included.
+    static QList<ToolBarButton> buttons();
 
     /// @param index  the button's place, counted from 1; separators and others do nothing. A
     ///               failure is shown and ends the command

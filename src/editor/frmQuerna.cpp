@@ -4,8 +4,6 @@
 #include "controls/DataGrid.h"
 #include "controls/EditorControl.h"
 #include "controls/StatusPanels.h"
-#include "controls/icons.h"
-#include "controls/keyTips.h"
 #include "controls/mousePointer.h"
 #include "controls/twips.h"
 #include "editor/EditorCompletion.h"
@@ -20,7 +18,6 @@
 #include "sqltext/ResultPaging.h"
 #include "sqltext/scriptRunner.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -34,18 +31,12 @@ namespace {
 constexpr int designWidth = 15360;
 constexpr int designHeight = 9810;
 
-struct PagingButton
+QList<ToolBarButton> pagingButtons()
 {
-    QLatin1StringView toolTip;
-    QLatin1StringView icon;
-    QKeyCombination key;
-};
-
-constexpr PagingButton pagingButtons[] = {
-    {"Retrieve next set of records"_L1, "next-rows"_L1, Qt::Key_F7},
-    {"Retrieve all records"_L1, "all-rows"_L1, Qt::SHIFT | Qt::Key_F7},
-    {"Stop retrieval of all records"_L1, "stop"_L1, Qt::CTRL | Qt::Key_F7},
-};
+    return {{"Retrieve next set of records"_L1, "next-rows"_L1, {Qt::Key_F7}},
+            {"Retrieve all records"_L1, "all-rows"_L1, {Qt::SHIFT | Qt::Key_F7}},
+            {"Stop retrieval of all records"_L1, "stop"_L1, {Qt::CTRL | Qt::Key_F7}}};
+}
 
 } // namespace
 
@@ -77,17 +68,10 @@ frmQuerna::~frmQuerna()
 
 void frmQuerna::connectEvents()
 {
-    ToolbarCommands::addButtons(*m_controls.tbrQuerna, *this);
-    int index = 0;
-    for (const PagingButton &button : pagingButtons) {
-        ++index;
-        QAction *action = m_controls.Toolbar1->addAction(themedIcon(button.icon), button.toolTip);
-        action->setObjectName(u"Toolbar1_"_s + QString::number(index));
-        action->setToolTip(button.toolTip);
-        action->setShortcut(button.key);
-        connect(action, &QAction::triggered, this, [this, index] { Toolbar1_ButtonClick(index); });
-    }
-    showKeysInToolTips(*m_controls.Toolbar1);
+    addButtons(*m_controls.tbrQuerna, ToolbarCommands::buttons(),
+               [this](int index) { tbrQuerna_ButtonClick(index); });
+    addButtons(*m_controls.Toolbar1, pagingButtons(),
+               [this](int index) { Toolbar1_ButtonClick(index); });
     m_controls.addPaneKeys(this);
     m_paging->setStatusText([this](const QString &text) {
         m_controls.sbSql->setPanelTextSoon(RowsPanel, text);

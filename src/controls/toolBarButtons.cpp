@@ -1,4 +1,6 @@
-#include "controls/keyTips.h"
+#include "controls/toolBarButtons.h"
+
+#include "controls/icons.h"
 
 #include <QAction>
 #include <QHelpEvent>
@@ -39,11 +41,23 @@ protected:
 
 } // namespace
 
-void showKeysInToolTips(QToolBar &bar)
+void addButtons(QToolBar &bar, const QList<ToolBarButton> &buttons,
+                const std::function<void(int)> &pressed)
 {
     auto *tips = new KeyTips(&bar);
-    for (QAction *action : bar.actions()) {
-        if (auto *button = qobject_cast<QToolButton *>(bar.widgetForAction(action)))
-            button->installEventFilter(tips);
+    int index = 0;
+    for (const ToolBarButton &button : buttons) {
+        ++index;
+        const QString toolTip = button.toolTip;
+        QAction *action = toolTip.isEmpty() ? bar.addSeparator()
+                                            : bar.addAction(themedIcon(button.icon), toolTip);
+        action->setObjectName(u"%1_%2"_s.arg(bar.objectName()).arg(index));
+        if (toolTip.isEmpty())
+            continue;
+        action->setToolTip(toolTip);
+        action->setShortcuts(button.shortcuts);
+        action->setData(button.menuKey);
+        bar.widgetForAction(action)->installEventFilter(tips);
+        QObject::connect(action, &QAction::triggered, &bar, [pressed, index] { pressed(index); });
     }
 }
