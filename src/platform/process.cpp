@@ -4,16 +4,9 @@
 
 #include <QFileInfo>
 #include <QProcess>
-#include <QStandardPaths>
 
 #include <cstdlib>
 #include <utility>
-
-#ifdef Q_OS_LINUX
-#include <unistd.h>
-#endif
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -54,28 +47,6 @@ void startProgram(const QString &program, const QStringList &arguments, StartWin
 bool startsMaximized()
 {
     return qgetenv(startWindowVariable) == maximized;
-}
-
-void openPage(const QString &address)
-{
-#if defined(Q_OS_WIN)
-    const QString opener = u"explorer"_s;
-#elif defined(Q_OS_MACOS)
-    const QString opener = u"open"_s;
-#else
-    const QString opener = u"xdg-open"_s;
-#endif
-    const QString program = QStandardPaths::findExecutable(opener);
-    if (program.isEmpty())
-        throw RuntimeError(ErrorNumber::FileNotFound);
-    startDetached(program, {address}, StartWindow::ByItself);
-}
-
-void keepFilesFromPrograms()
-{
-#ifdef Q_OS_LINUX // elsewhere they stay with who opened them
-    ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
-#endif
 }
 
 void endProgram(int exitCode)

@@ -1,8 +1,6 @@
 #include "support/SandboxFixture.h"
 
 #include "dataaccess/Connection.h"
-#include "dataaccess/sandbox/FileLock.h"
-#include "dataaccess/sandbox/SandboxFolder.h"
 #include "support/tables.h"
 
 using namespace Qt::StringLiterals;
@@ -40,15 +38,4 @@ QString SandboxFixture::scalar(const std::shared_ptr<Connection> &connection, co
 QString SandboxFixture::table(const std::shared_ptr<Connection> &connection, const QString &query)
 {
     return remainingRows(*connection->Execute(query), u'|').join(u'\n');
-}
-
-bool SandboxFixture::hasEnded()
-{
-    const SandboxFolder folder = SandboxFolder::ofUser();
-    FileLock server;
-    FileLock life;
-    const auto isFree = [&](FileLock &lock, const QString &name) {
-        return lock.lock(folder.file(name), FileLock::Mode::Exclusive, {});
-    };
-    return isFree(server, u"server.lock"_s) && isFree(life, u"life.lock"_s);
 }

@@ -1,0 +1,24 @@
+#include "platform/process.h"
+
+#include <QStandardPaths>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+void openPage(const QString &address)
+{
+#ifdef Q_OS_MACOS
+    const QString opener = u"open"_s;
+#else
+    const QString opener = u"xdg-open"_s;
+#endif
+    startProgram(QStandardPaths::findExecutable(opener), {address});
+}
+
+void keepFilesFromPrograms()
+{
+#ifdef Q_OS_LINUX // elsewhere they stay with who opened them
+    ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+#endif
+}
