@@ -4,10 +4,10 @@
 #include "controls/GridOrder.h"
 #include "controls/GridSearch.h"
 #include "controls/RecordsetModel.h"
+#include "controls/mousePointer.h"
 #include "controls/selectionText.h"
 #include "export/copyForms.h"
 #include "platform/errorTraps.h"
-#include "platform/mousePointer.h"
 
 #include <QKeyEvent>
 

@@ -2,8 +2,8 @@
 
 #include "controls/DataGrid.h"
 #include "controls/RecordsetModel.h"
+#include "controls/mousePointer.h"
 #include "platform/errorTraps.h"
-#include "platform/mousePointer.h"
 
 #include <QGuiApplication>
 #include <QHeaderView>
