@@ -17,89 +17,62 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Writes the lines of delimited files.
-class DelimitedLine
+/// Appends the lines of delimited files.
+auto delimitedLine(const Recordset &recordset, const QString &separator, const QString &nullMark)
 {
-public:
-    DelimitedLine(const Recordset &recordset, const QString &separator, const QString &nullMark)
-        : m_lastField(recordset.fieldCount() - 1)
-        , m_separator(separator.toUtf8())
-        , m_nullMark(nullMark.toUtf8())
-    {
-    }
-
-    void append(RowCells &cells, ByteBuffer &line) const
-    {
-        for (int field = 0; field <= m_lastField; ++field) {
+    return [lastField = recordset.fieldCount() - 1, separator = separator.toUtf8(),
+            nullMark = nullMark.toUtf8()](RowCells &cells, ByteBuffer &line) {
+        for (int field = 0; field <= lastField; ++field) {
             if (cells.isNull()) {
-                line.append(m_nullMark);
+                line.append(nullMark);
                 cells.skip();
                 continue;
             }
             const qsizetype start = line.size();
             cells.takeText(line);
             line.trimBlanksFrom(start);
-            if (field != m_lastField)
-                line.append(m_separator);
+            if (field != lastField)
+                line.append(separator);
         }
-    }
+    };
+}
 
-private:
-    int m_lastField;
-    QByteArray m_separator;
-    QByteArray m_nullMark;
-};
-
-/// Writes insert statements.
-class InsertStatement
+void appendInsertedValue(RowCells &cells, bool isDate, ByteBuffer &line)
 {
-public:
-    InsertStatement(const Recordset &recordset, const QString &tableName)
-    {
-        QStringList names;
-        for (int field = 0; field < recordset.fieldCount(); ++field) {
-            names.append(recordset.fieldName(field));
-            m_isDate.push_back(recordset.fieldType(field) == adDBTimeStamp);
-        }
-        m_beginning = insertBeginning(tableName, names).toUtf8();
+    const auto timestamp = isDate ? cells.timestamp() : std::nullopt;
+    if (!timestamp) {
+        cells.takeText(line);
+        return;
     }
+    cells.skip();
+    line.append(dayMonthYearForm(timestamp->clockTime()).view());
+}
 
-    void append(RowCells &cells, ByteBuffer &line) const
-    {
-        line.append(m_beginning);
-        for (const bool isDate : m_isDate) {
+/// Appends insert statements.
+auto insertStatement(const Recordset &recordset, const QString &tableName)
+{
+    QStringList names;
+    std::vector<bool> isDate;
+    for (int field = 0; field < recordset.fieldCount(); ++field) {
+        names.append(recordset.fieldName(field));
+        isDate.push_back(recordset.fieldType(field) == adDBTimeStamp);
+    }
+    return [isDate, beginning = insertBeginning(tableName, names).toUtf8()](RowCells &cells,
+                                                                            ByteBuffer &line) {
+        line.append(beginning);
+        for (const bool fieldIsDate : isDate) {
             line.append('\'');
-            appendValue(cells, isDate, line);
+            appendInsertedValue(cells, fieldIsDate, line);
             line.append("' ,");
         }
         line.chop(1);
         line.append(");");
-    }
+    };
+}
 
-private:
-    static void appendValue(RowCells &cells, bool isDate, ByteBuffer &line)
-    {
-        const auto timestamp = isDate ? cells.timestamp() : std::nullopt;
-        if (!timestamp) {
-            cells.takeText(line);
-            return;
-        }
-        cells.skip();
-        line.append(dayMonthYearForm(timestamp->clockTime()).view());
-    }
-
-    QByteArray m_beginning;
-    std::vector<bool> m_isDate;
-};
-
-struct NoCount
-{
-    NoCount &operator++() { return *this; }
-};
-
-/// Writes a line for every record. @returns how often @p Count was counted up
+/// Writes a line for every record. @returns how many there were
 template <typename Count, typename Line>
-Count writeLines(Recordset &recordset, const QString &path, const Line &line)
+Count writeLines(Recordset &recordset, const QString &path, const Line &appendLine)
 {
     recordset.MoveFirst(); // before a file is replaced by nothing
     // However it ends: a recordset at its end would not be exported again.
@@ -107,12 +80,12 @@ Count writeLines(Recordset &recordset, const QString &path, const Line &line)
     FileWriter file(path, FileWriter::Mode::Replace);
     RowCells cells;
     ByteBuffer text;
-    Count count;
+    Count count{};
     for (; !recordset.Eof(); recordset.MoveNext()) {
         ++count;
         text.clear();
         cells.takeRow(recordset);
-        line.append(cells, text);
+        appendLine(cells, text);
         text.append("\r\n");
         file.write(text.view());
     }
@@ -129,15 +102,15 @@ QString insertBeginning(const QString &tableName, const QStringList &fieldNames)
 
 void writeCommaDelimited(Recordset &recordset, const QString &path)
 {
-    writeLines<NoCount>(recordset, path, DelimitedLine(recordset, u","_s, u","_s));
+    writeLines<qint64>(recordset, path, delimitedLine(recordset, u","_s, u","_s));
 }
 
 qint16 writeDelimited(Recordset &recordset, const QString &path, const QString &separator)
 {
-    return writeLines<Int16>(recordset, path, DelimitedLine(recordset, separator, u"\t"_s)).value();
+    return writeLines<Int16>(recordset, path, delimitedLine(recordset, separator, u"\t"_s)).value();
 }
 
 qint16 writeInsertStatements(Recordset &recordset, const QString &path, const QString &tableName)
 {
-    return writeLines<Int16>(recordset, path, InsertStatement(recordset, tableName)).value();
+    return writeLines<Int16>(recordset, path, insertStatement(recordset, tableName)).value();
 }

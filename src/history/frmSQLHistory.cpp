@@ -1,6 +1,5 @@
 #include "history/frmSQLHistory.h"
 
-#include "controls/FittingDelegate.h"
 #include "controls/FlexGrid.h"
 #include "controls/OneLineDelegate.h"
 #include "controls/fittingFont.h"
@@ -12,6 +11,7 @@
 
 #include <QHeaderView>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -29,6 +29,25 @@ constexpr int rowHeight = 1000;
 constexpr int timeColumn = 2;
 
 constexpr int initialHeight = 480; // in pixels
+
+/// Paints cells whose longest word does not fit the column in smaller letters, so that it is not
+/// cut.
+class FittingDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const int margin = option->widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin,
+                                                                option, option->widget) +
+                           1;
+        option->font = fittingFont(option->font, option->text, option->rect.width() - 2 * margin);
+        option->fontMetrics = QFontMetrics(option->font);
+    }
+};
 
 /// The header of the narrow time column is to be read as a whole, however large the letters are.
 void fitHeader(FlexGrid &grid)

@@ -1,10 +1,11 @@
 #include "history/historyFile.h"
 
 #include "dataaccess/Recordset.h"
-#include "history/HistoryLoader.h"
+#include "platform/ByteBuffer.h"
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
 #include "platform/applicationFolder.h"
+#include "platform/checkedArithmetic.h"
 #include "platform/fileErrors.h"
 #include "platform/systemClock.h"
 #include "platform/textForms.h"
@@ -22,6 +23,96 @@ void append(const QString &path, const QByteArray &text)
     FileWriter file(path, FileWriter::Mode::Append, QFile::ReadOwner | QFile::WriteOwner);
     file.write(text);
     file.close();
+}
+
+/// Longest text of either field, in UTF-16 units.
+constexpr int fieldSize = 1000;
+/// No encoding takes more bytes for a UTF-16 unit.
+constexpr qsizetype mostBytesPerUnit = 4;
+
+bool isMarker(QByteArrayView key, QByteArrayView marker)
+{
+    return key.size() == marker.size() && key.compare(marker, Qt::CaseInsensitive) == 0;
+}
+
+/// Turns the lines of a history file into rows of an open recordset.
+class HistoryLoader
+{
+public:
+    explicit HistoryLoader(Recordset &recordset)
+        : m_recordset(recordset)
+    {
+    }
+
+    /// Takes the next line, without its line end.
+    /// @throws RuntimeError see loadHistory()
+    void takeLine(QByteArrayView line);
+
+private:
+    void addContent(QByteArrayView line);
+    void addRecord();
+    void setTime();
+    void clear();
+
+    Recordset &m_recordset;
+    ByteBuffer m_content; ///< lines since the last marker, each with its line end
+    bool m_contentTooLong = false;
+    ByteBuffer m_lastLine;
+    Int16 m_lineCount;
+    bool m_recordSkipped = false;
+};
+
+void HistoryLoader::takeLine(QByteArrayView line)
+{
+    const QByteArrayView key = withoutBlanks(line);
+    if (isMarker(key, "SQLTIME"))
+        addRecord();
+    else if (isMarker(key, "SQLEND"))
+        setTime();
+    else
+        addContent(line);
+}
+
+void HistoryLoader::addContent(QByteArrayView line)
+{
+    ++m_lineCount;
+    m_lastLine.clear();
+    m_lastLine.append(line);
+    // What no field can hold need not be kept, however large the file is.
+    m_contentTooLong =
+        m_contentTooLong || m_content.size() + line.size() > fieldSize * mostBytesPerUnit;
+    if (m_contentTooLong)
+        return;
+    m_content.append(line);
+    m_content.append("\r\n");
+}
+
+void HistoryLoader::addRecord()
+{
+    const QString statement = QString::fromLocal8Bit(m_content.view());
+    m_recordSkipped = m_contentTooLong || statement.size() > fieldSize;
+    if (!m_recordSkipped) {
+        m_recordset.AddNew();
+        m_recordset.setValue(0, statement);
+    }
+    clear();
+}
+
+void HistoryLoader::setTime()
+{
+    if (!m_recordSkipped) {
+        const ClockTime time = textToClockTime(QString::fromLocal8Bit(m_lastLine.view()));
+        m_recordset.setValue(1, dateTimeForm(time).toString());
+    }
+    m_lastLine.clear();
+    clear();
+}
+
+void HistoryLoader::clear()
+{
+    m_content.clear();
+    m_contentTooLong = false;
+    m_lineCount = 0;
 }
 
 } // namespace
@@ -46,8 +137,8 @@ void loadHistory(const QString &fileName, const QString & /*path*/, Recordset &r
     FileReader lines(file);
 
     recordset.setCursorLocation(adUseClient);
-    recordset.appendField(u"SQL Statement"_s, adVarChar, HistoryLoader::fieldSize);
-    recordset.appendField(u"SQL_Time"_s, adVarChar, HistoryLoader::fieldSize);
+    recordset.appendField(u"SQL Statement"_s, adVarChar, fieldSize);
+    recordset.appendField(u"SQL_Time"_s, adVarChar, fieldSize);
     recordset.Open();
 
     HistoryLoader loader(recordset);
