@@ -8,7 +8,6 @@
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"
 
-#include <QApplication>
 #include <QHeaderView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -121,7 +120,7 @@ void tst_historydialog::picksGoIntoTheEditor()
     whenModal([&](QWidget *window) {
         ran = window == &bench.dialog;
         // The newest statement can be taken at once.
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter);
+        QTest::keyClick(window->focusWidget(), Qt::Key_Enter);
         const QString first = u"-- begin\r\nselect 1\r\nfrom dual\r\n-- end"_s;
         QCOMPARE(bench.editor->Text(), first);
         QVERIFY(bench.dialog.isVisible());
