@@ -4,7 +4,6 @@
 #include "connection/session.h"
 #include "controls/CommonDialog.h"
 #include "controls/EditorControl.h"
-#include "controls/focusedEditor.h"
 #include "controls/icons.h"
 #include "controls/messageBox.h"
 #include "controls/selText.h"

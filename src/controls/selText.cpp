@@ -5,6 +5,7 @@
 #include "controls/EditorControl.h"
 #include "controls/FlexGrid.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -78,4 +79,9 @@ void setSelText(QWidget *control, const QString &text)
         if (!lineEdit->isReadOnly())
             lineEdit->insert(text);
     }
+}
+
+EditorControl *focusedEditor()
+{
+    return qobject_cast<EditorControl *>(QApplication::focusWidget());
 }
