@@ -1,7 +1,6 @@
 #include "dataaccess/sandbox/SandboxServer.h"
 
 #include "dataaccess/sandbox/sandboxSetup.h"
-#include "dataaccess/sandbox/serverAnswer.h"
 #include "dataaccess/sandbox/superviseServer.h"
 #include "platform/RuntimeError.h"
 

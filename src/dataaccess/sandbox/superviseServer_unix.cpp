@@ -2,7 +2,6 @@
 
 #include "dataaccess/sandbox/FileLock.h"
 #include "dataaccess/sandbox/SandboxFolder.h"
-#include "dataaccess/sandbox/serverAnswer.h"
 #include "platform/RuntimeError.h"
 
 #include <QFile>
@@ -16,12 +15,40 @@
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+int connectToServer(const char *path)
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, path, sizeof address.sun_path - 1);
+    const int link = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (::connect(link, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0)
+        return link;
+    ::close(link);
+    return -1;
+}
+
+ServerAnswer serverAnswer(const char *path, std::chrono::milliseconds longest)
+{
+    const int link = connectToServer(path);
+    if (link < 0)
+        return ServerAnswer::Refusal;
+    pollfd wait = {link, POLLIN, 0};
+    char first = 0;
+    ServerAnswer answer = ServerAnswer::Silence;
+    if (::poll(&wait, 1, static_cast<int>(longest.count())) > 0)
+        answer = ::read(link, &first, 1) == 1 ? ServerAnswer::Greeting : ServerAnswer::Refusal;
+    ::close(link);
+    return answer;
+}
 
 namespace {
 
