@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cmath>
 #include <cstring>
 
 namespace {
@@ -37,6 +39,28 @@ Kind kindOf(const char *cell)
     if (tag >= CellDate && tag <= CellTimestamp)
         return Time;
     return tag == CellBinary ? Bytes : Text;
+}
+
+/// Whether a number is exactly a double, as those that are not of many digits are.
+bool isDouble(const Entry &entry)
+{
+    constexpr int bytesInMantissa = 6;
+    const auto tag = static_cast<quint8>(*entry.cell);
+    return tag == CellDouble || (tag >= CellInteger && tag <= CellInteger + bytesInMantissa);
+}
+
+/// A number that stands in the order of such numbers; what is none stands last.
+quint64 doubleKey(const char *cell)
+{
+    const Value value = packedCellValue(cell);
+    const auto *integer = std::get_if<std::int64_t>(&value.variant());
+    const double number =
+        integer ? static_cast<double>(*integer) : std::get<double>(value.variant());
+    if (std::isnan(number))
+        return ~quint64{0};
+    constexpr quint64 sign = quint64{1} << 63;
+    const auto bits = std::bit_cast<quint64>(number + 0.0); // no negative zero
+    return bits & sign ? ~bits : bits | sign;
 }
 
 void appendTimeKey(const Timestamp &time, ByteBuffer &bytes)
@@ -77,6 +101,11 @@ public:
 
     void sort()
     {
+        if (m_kind == Number && std::all_of(m_entries.begin(), m_entries.end(), isDouble)) {
+            for (Entry &entry : m_entries)
+                entry.key = doubleKey(entry.cell) ^ m_flip;
+            return sortByKey(m_entries.begin(), m_entries.end());
+        }
         m_open = {{0, m_entries.size(), 0}};
         while (!m_open.empty()) {
             const Range range = m_open.back();
@@ -117,6 +146,11 @@ private:
         return key << 8 | (left > taken ? more : static_cast<quint64>(taken));
     }
 
+    static void sortByKey(Entries::iterator first, Entries::iterator last)
+    {
+        std::stable_sort(first, last, [](const Entry &a, const Entry &b) { return a.key < b.key; });
+    }
+
     void appendKey(const char *cell)
     {
         if (m_kind == Number)
@@ -133,9 +167,7 @@ private:
         const auto last = m_entries.begin() + static_cast<qsizetype>(range.end);
         for (auto entry = first; entry != last; ++entry)
             entry->key = keyAt(entry->cell, range.depth) ^ m_flip;
-        std::sort(first, last, [](const Entry &a, const Entry &b) {
-            return a.key != b.key ? a.key < b.key : a.row < b.row;
-        });
+        std::stable_sort(first, last, [](const Entry &a, const Entry &b) { return a.key < b.key; });
         for (auto run = first; run != last;) {
             const auto end = std::find_if(
                 run, last, [run](const Entry &entry) { return entry.key != run->key; });

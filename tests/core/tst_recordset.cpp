@@ -6,6 +6,7 @@
 #include "support/raisedError.h"
 #include "support/tables.h"
 
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -349,6 +350,8 @@ void tst_recordset::ordersRowsForViews()
         QCOMPARE(arrivals.mid(2 * count), QList<int>({3, 9}));
     }
     QCOMPARE(raisedError([&] { table->rowsOrderedBy(2, false); }), 3265);
+    const auto plain = makeSingle({2, -0.0, 1e300, -3, 0, -3.5, 1.75, std::nan(""), 2.0});
+    QCOMPARE(plain->rowsOrderedBy(0, false), std::vector<int>({5, 3, 1, 4, 6, 0, 8, 2, 7}));
 }
 
 void tst_recordset::appendsRowText()
