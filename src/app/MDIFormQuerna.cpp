@@ -187,6 +187,7 @@ void MDIFormQuerna::keepText(EditorControl &editor)
 {
     auto *keeper = new TextKeeper(editor);
     connect(keeper, &QObject::destroyed, m_recovery, &QWidget::hide);
+    setLastWork([kept = QPointer(keeper)] { delete kept.data(); });
     m_recovery->offerLostTexts([&editor, keeper](const QString &text) {
         editor.setSelStart(editor.textLength());
         editor.InsertText(editor.textLength() == 0 ? text : u"\r\n"_s + text);

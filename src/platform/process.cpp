@@ -16,6 +16,12 @@ std::function<void(int)> &replacedEnd()
     return end;
 }
 
+std::function<void()> &lastWork()
+{
+    static std::function<void()> work;
+    return work;
+}
+
 /// In the environment, because everything behind the program's name is its own business.
 constexpr char startWindowVariable[] = "QUERNA_START_WINDOW";
 constexpr char maximized[] = "maximized";
@@ -51,9 +57,16 @@ bool startsMaximized()
 
 void endProgram(int exitCode)
 {
+    if (exitCode == 0 && lastWork())
+        lastWork()();
     if (!replacedEnd())
         std::_Exit(exitCode);
     replacedEnd()(exitCode);
+}
+
+void setLastWork(std::function<void()> work)
+{
+    lastWork() = std::move(work);
 }
 
 void setProgramEnd(std::function<void(int)> end)

@@ -30,6 +30,9 @@ void keepFilesFromPrograms();
 /// the server to roll back.
 void endProgram(int exitCode = 0);
 
+/// Done by endProgram() first when the exit code is 0: the user has asked for the end.
+void setLastWork(std::function<void()> work);
+
 /// Called by endProgram() in place of ending, so that a test can see that it was reached; the
 /// caller of endProgram() then goes on and must have nothing left to do. An empty function
 /// restores the real end.

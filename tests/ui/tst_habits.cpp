@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QDropEvent>
 #include <QHelpEvent>
 #include <QLineEdit>
@@ -195,7 +196,12 @@ void tst_habits::otherProgramsAreStarted()
     }
     qputenv("PATH", path);
     QVERIFY(program.ends.empty());
+    // Who leaves is not offered the text again.
+    const QDir kept(program.folder() + u"/state/Querna"_s);
+    program.text()->setText(u"typed"_s);
+    QTRY_COMPARE(kept.entryList({u"*.sql"_s}).size(), 1);
     program.press(u"tbrQuerna"_s, 20);
+    QCOMPARE(kept.entryList(QDir::Files).size(), 0);
     program.menuItem(u"mnuExit"_s)->trigger();
     QCOMPARE(program.ends, (std::vector{0, 0}));
 }
