@@ -7,8 +7,8 @@
 #include "controls/selText.h"
 #include "dialogs/frmObject.h"
 #include "dialogs/frmObjectColumn.h"
-#include "editor/RunCommand.h"
 #include "editor/frmQuerna.h"
+#include "editor/runStatement.h"
 #include "export/frmExport.h"
 #include "history/frmSQLHistory.h"
 #include "platform/errorTraps.h"
@@ -86,7 +86,7 @@ void ToolbarCommands::dispatch(int index)
     EditorControl &editor = *m_window.txtSQL();
     switch (index) {
     case 1:
-        return m_run.run();
+        return run();
     case 2:
         return runScript();
     case 3:
@@ -122,6 +122,12 @@ void ToolbarCommands::dispatch(int index)
     default:
         return;
     }
+}
+
+void ToolbarCommands::run()
+{
+    m_window.refreshCaption();
+    runStatement(m_controls, m_paging);
 }
 
 void ToolbarCommands::runScript()

@@ -2,16 +2,18 @@
 
 #include "controls/toolBarButtons.h"
 
-class RunCommand;
+class ResultPaging;
 class frmQuerna;
+struct WindowControls;
 
 /// The commands of an editor window's main toolbar, by button.
 class ToolbarCommands
 {
 public:
-    ToolbarCommands(frmQuerna &window, RunCommand &run)
+    ToolbarCommands(frmQuerna &window, WindowControls &controls, ResultPaging &paging)
         : m_window(window)
-        , m_run(run)
+        , m_controls(controls)
+        , m_paging(paging)
     {
     }
 
@@ -24,6 +26,7 @@ public:
 
 private:
     void dispatch(int index);
+    void run();
     void runScript();
     void exportData();
     void chooseBackground();
@@ -34,5 +37,6 @@ private:
     void recallHistory();
 
     frmQuerna &m_window;
-    RunCommand &m_run;
+    WindowControls &m_controls;
+    ResultPaging &m_paging;
 };

@@ -8,6 +8,8 @@
 #include "controls/editorFont.h"
 #include "controls/twips.h"
 #include "editor/paneLayout.h"
+#include "platform/systemClock.h"
+#include "platform/textForms.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -116,6 +118,11 @@ void WindowControls::addPaneKeys(QWidget *window) const
 ResultTab WindowControls::visibleTab() const
 {
     return static_cast<ResultTab>(tbSql->currentIndex());
+}
+
+void WindowControls::showExecutionTime() const
+{
+    sbSql->setPanelText(ExecutionPanel, u"Query executed at "_s + dateTimeToText(localNow()));
 }
 
 void WindowControls::place(const PaneLayout &panes, int width, int height)

@@ -44,6 +44,9 @@ struct WindowControls
 
     ResultTab visibleTab() const;
 
+    /// Shows the present time as that of a statement's execution.
+    void showExecutionTime() const;
+
     /// Puts the controls where @p panes says, inside a window of the given size in pixels.
     void place(const PaneLayout &panes, int width, int height);
 

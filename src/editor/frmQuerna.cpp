@@ -8,9 +8,9 @@
 #include "controls/twips.h"
 #include "editor/EditorCompletion.h"
 #include "editor/EditorEvents.h"
-#include "editor/RunCommand.h"
 #include "editor/ToolbarCommands.h"
 #include "editor/caption.h"
+#include "editor/explainPlan.h"
 #include "editor/paneLayout.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
@@ -48,14 +48,14 @@ frmQuerna::frmQuerna(QWidget *parent)
     setMouseTracking(true);
     m_controls.create(this);
     m_paging = std::make_shared<ResultPaging>();
-    m_run = std::make_unique<RunCommand>(m_controls, *m_paging, [this] { refreshCaption(); });
-    m_commands = std::make_unique<ToolbarCommands>(*this, *m_run);
+    m_commands = std::make_unique<ToolbarCommands>(*this, m_controls, *m_paging);
     m_events =
         std::make_unique<EditorEvents>(*m_controls.txtSQL, *this, [this](const QString &text) {
             m_controls.sbSql->setPanelText(CaretPanel, text);
         });
     new EditorCompletion(*m_controls.txtSQL);
     connectEvents();
+    setupPlanColumns(*m_controls.tvwColumns);
     Form_Load();
 }
 

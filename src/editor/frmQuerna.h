@@ -10,7 +10,6 @@ class Connection;
 class EditorEvents;
 class Recordset;
 class ResultPaging;
-class RunCommand;
 class ToolbarCommands;
 
 /// The editor window: a statement editor above the tabs that show its result, with the command
@@ -81,7 +80,6 @@ private:
     WindowControls m_controls;
     std::shared_ptr<ResultPaging> m_paging;
     std::unique_ptr<EditorEvents> m_events;
-    std::unique_ptr<RunCommand> m_run;
     std::unique_ptr<ToolbarCommands> m_commands;
 
     float m_splitRatio = 0.5F;

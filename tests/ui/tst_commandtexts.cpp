@@ -22,8 +22,6 @@ private slots:
     void cleanup();
     void runs_data();
     void runs();
-    void buttons_data();
-    void buttons();
 
 private:
     /// The statements since the last call, each behind a line "--".
@@ -94,27 +92,6 @@ void TestCommandTexts::runs()
     // This driver answers every call with the line "out" and the status 7.
     QCOMPARE(m_program->control<QPlainTextEdit>(u"rtbdbms"_s)->toPlainText(),
              tab == 2 ? u"  out\n"_s : QString());
-}
-
-void TestCommandTexts::buttons_data()
-{
-    const DataRows<int, QString> row("button", "sent");
-    row("script", 2,
-        u"--\nBegin \r\nexecute immediate ('drop table x');\r\nend;\n"
-        "--\nBegin \r\nexecute immediate ('\nrefuse 1');\r\nend;\n"
-        "--\nBegin \r\nexecute immediate ('\ninsert into t values (''a'')');\r\nend;\n"_s);
-    row("commit", 6, u"--\n(commit)\n"_s);
-    row("rollback", 7, u"--\n(rollback)\n"_s);
-}
-
-void TestCommandTexts::buttons()
-{
-    QFETCH(int, button);
-    const MessageAnswers messages;
-    m_program->text()->setText(u"drop table x;\r\n-- only a comment;\r\nrefuse 1;\r\n"
-                               "insert into t values ('a');create table x (a number)"_s);
-    m_program->press(u"tbrQuerna"_s, button);
-    QTEST(sent(), "sent");
 }
 
 QTEST_MAIN(TestCommandTexts)

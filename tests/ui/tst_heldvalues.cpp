@@ -27,7 +27,6 @@ private slots:
     void longTexts_data();
     void longTexts();
     void truthValueBehindNull();
-    void columns();
 
 private:
     void showsEverywhere(const QString &expected);
@@ -103,14 +102,10 @@ void TestHeldValues::values_data()
                                   << (text.isEmpty() ? QString::fromLatin1(expression) : text);
     };
     row("exact");
-    row("fraction");
-    row("large");
     row("largest");
     row("early", u"date_format(early, '%c/%e/%Y')"_s);
     row("late", u"date_format(late, '%c/%e/%Y %H:%i:%s.%f')"_s);
     row("past");
-    row("cast('00:00:00.000001' as time(6))");
-    row("cast('0001-01-01 00:00:00.5' as datetime(1))", u"'1/1/0001 00:00:00.5'"_s);
     row("cast('0000-00-00' as date)", u"''"_s); // null, as the server says
     row("flag", u"'True'"_s);
     row("bits", u"hex(bits)"_s);
@@ -124,8 +119,6 @@ void TestHeldValues::values_data()
     row("cast(99999999999999999999999999999999999999999999999999999999999999999 as decimal(65))");
     // Doubles have fifteen digits here.
     row("1.7976931348623157e308", u"'1.79769313486232E+308'"_s);
-    row("-2.2250738585072014e-308", u"'-2.2250738585072E-308'"_s);
-    row("4.9406564584124654e-324", u"'4.94065645841247E-324'"_s);
     row("single", u"'0.1'"_s);
 }
 
@@ -143,8 +136,6 @@ void TestHeldValues::longTexts_data()
 {
     const DataRows<QString, int> row("piece", "count");
     row("beyond the basic plane", smile, 20'000);
-    row("pairs at odd places", u"x"_s + smile, 20'001);
-    row("three bytes", u"€"_s, 30'000);
     row("64 MB", u"0123456789abcdef"_s, 4 * 1024 * 1024);
 }
 
@@ -164,31 +155,6 @@ void TestHeldValues::truthValueBehindNull()
     DataGrid *grid = m_program->grid();
     grid->selectColumn(0);
     QCOMPARE(grid->SelText(), u"True\r\nTrue\r\n\r\nTrue\r\nTrue"_s);
-}
-
-void TestHeldValues::columns()
-{
-    QStringList thousand;
-    for (int i = 0; i < 1000; ++i)
-        thousand += u"%1 as c%1"_s.arg(i);
-    const QString longName(255, u'n');
-    MessageAnswers messages;
-    const auto headers = [&](const QString &query) {
-        m_program->run(query);
-        const QAbstractItemModel &model = *m_program->grid()->model();
-        QStringList names;
-        for (int i = 0; i < model.columnCount(); ++i)
-            names += model.headerData(i, Qt::Horizontal).toString();
-        return names.join(u'|');
-    };
-    QVERIFY(headers(u"select "_s + thousand.join(u',')).endsWith(u"|c998|c999"_s));
-    QCOMPARE(m_program->cell(0, 999), u"999"_s);
-    QCOMPARE(headers(u"select 1 as \"%1\", 2 as \"\", 3 as \"\", 4 as n, 5 as n"_s.arg(longName)),
-             longName + u"||_1|n|n_1"_s);
-    QCOMPARE(headers(u"select * from held where 1 = 0"_s), QString());
-    QCOMPARE(m_program->editor()->rsResult()->fieldCount(), 0);
-    QCOMPARE(m_program->panel(4), u"Records Retrieved: 0"_s);
-    QVERIFY2(messages.texts.isEmpty(), qPrintable(messages.texts.join(u'|')));
 }
 
 QTEST_MAIN(TestHeldValues)

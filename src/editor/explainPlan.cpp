@@ -1,8 +1,9 @@
-#include "editor/ExplainPlan.h"
+#include "editor/explainPlan.h"
 
 #include "connection/session.h"
 #include "controls/ColumnTree.h"
 #include "dataaccess/Recordset.h"
+#include "editor/WindowControls.h"
 #include "platform/RuntimeError.h"
 #include "platform/systemClock.h"
 #include "sqltext/explainStatements.h"
@@ -10,7 +11,6 @@
 #include <QScopeGuard>
 
 #include <array>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -40,49 +40,11 @@ constexpr int figureColumnWidth = 100;
 
 constexpr const char16_t *shownColumns[] = {u"object_name", u"cardinality", u"bytes", u"cost"};
 
-} // namespace
-
-ExplainPlan::ExplainPlan(ColumnTree *tree, std::function<void()> showExecutionTime)
-    : m_tree(tree)
-    , m_showExecutionTime(std::move(showExecutionTime))
-{
-}
-
-void ExplainPlan::setupPlanColumns()
-{
-    m_tree->setColumnWidth(0, stepColumnWidth);
-    m_tree->addColumn(u"object_name"_s, u"Object Name"_s, objectColumnWidth, Qt::AlignLeft);
-    m_tree->addColumn(u"cardinality"_s, u"Cardinality"_s, figureColumnWidth, Qt::AlignRight);
-    m_tree->addColumn(u"bytes"_s, u"Bytes"_s, figureColumnWidth, Qt::AlignRight);
-    m_tree->addColumn(u"cost"_s, u"Cost"_s, figureColumnWidth, Qt::AlignRight);
-}
-
-void ExplainPlan::explain(const QString &statement)
-{
-    const QString id = explainStatementId(gUserName, localNow());
-    const std::shared_ptr<Connection> connection = requireConnection();
-    connection->Execute(deletePlanStatement(id));
-    connection->Execute(explainPlanStatement(id, statement));
-    m_showExecutionTime();
-    fillPlanTree(planQuery(id));
-}
-
-void ExplainPlan::fillPlanTree(const QString &query)
-{
-    m_tree->clear();
-    const std::shared_ptr<Recordset> plan = requireConnection()->Execute(query);
-    if (plan->Eof())
-        return;
-    m_tree->setUpdatesEnabled(false);
-    const auto showFilled = qScopeGuard([this] { m_tree->setUpdatesEnabled(true); });
-    addSteps(*plan);
-}
-
-void ExplainPlan::addSteps(Recordset &plan)
+void addSteps(ColumnTree &tree, Recordset &plan)
 {
     NodeTable nodes;
     // The root is the whole statement; its own figures are left out.
-    auto *root = new QTreeWidgetItem(m_tree, {plan.value(u"query_plan"_s).toText()});
+    auto *root = new QTreeWidgetItem(&tree, {plan.value(u"query_plan"_s).toText()});
     const qint32 rootId = plan.value(u"id"_s).toInteger();
     if (nodes.holds(rootId))
         nodes.at(rootId) = root;
@@ -97,9 +59,41 @@ void ExplainPlan::addSteps(Recordset &plan)
         slot = new QTreeWidgetItem(parent, {plan.value(u"query_plan"_s).toText()});
         for (const char16_t *column : shownColumns) {
             const QString key = QString::fromUtf16(column);
-            slot->setText(m_tree->columnIndex(key), plan.value(key).toText());
+            slot->setText(tree.columnIndex(key), plan.value(key).toText());
         }
         slot->setExpanded(true);
         parent->setExpanded(true);
     }
+}
+
+} // namespace
+
+void setupPlanColumns(ColumnTree &tree)
+{
+    tree.setColumnWidth(0, stepColumnWidth);
+    tree.addColumn(u"object_name"_s, u"Object Name"_s, objectColumnWidth, Qt::AlignLeft);
+    tree.addColumn(u"cardinality"_s, u"Cardinality"_s, figureColumnWidth, Qt::AlignRight);
+    tree.addColumn(u"bytes"_s, u"Bytes"_s, figureColumnWidth, Qt::AlignRight);
+    tree.addColumn(u"cost"_s, u"Cost"_s, figureColumnWidth, Qt::AlignRight);
+}
+
+void explainPlan(WindowControls &controls, const QString &statement)
+{
+    const QString id = explainStatementId(gUserName, localNow());
+    const std::shared_ptr<Connection> connection = requireConnection();
+    connection->Execute(deletePlanStatement(id));
+    connection->Execute(explainPlanStatement(id, statement));
+    controls.showExecutionTime();
+    fillPlanTree(*controls.tvwColumns, planQuery(id));
+}
+
+void fillPlanTree(ColumnTree &tree, const QString &query)
+{
+    tree.clear();
+    const std::shared_ptr<Recordset> plan = requireConnection()->Execute(query);
+    if (plan->Eof())
+        return;
+    tree.setUpdatesEnabled(false);
+    const auto showFilled = qScopeGuard([&] { tree.setUpdatesEnabled(true); });
+    addSteps(tree, *plan);
 }

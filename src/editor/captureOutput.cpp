@@ -1,11 +1,11 @@
-#include "editor/OutputCapture.h"
+#include "editor/captureOutput.h"
 
 #include "connection/session.h"
 #include "dataaccess/Command.h"
+#include "editor/WindowControls.h"
 
+#include <QLineEdit>
 #include <QPlainTextEdit>
-
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -33,27 +33,7 @@ private:
     QString m_text;
 };
 
-} // namespace
-
-OutputCapture::OutputCapture(QPlainTextEdit *pane, std::function<void()> showExecutionTime)
-    : m_pane(pane)
-    , m_showExecutionTime(std::move(showExecutionTime))
-{
-}
-
-void OutputCapture::run(const QString &statement, const QString &bufferSize)
-{
-    m_pane->clear();
-    const std::shared_ptr<Connection> connection = requireConnection();
-    connection->Execute(u"dbms_output.disable"_s);
-    connection->Execute(u"dbms_output.enable("_s + bufferSize + u')');
-    m_showExecutionTime();
-    connection->Execute(statement);
-    fetchLines();
-    connection->Execute(u"dbms_output.disable"_s);
-}
-
-void OutputCapture::fetchLines()
+void fetchLines(QPlainTextEdit *pane)
 {
     Command getLine;
     getLine.CommandText = u"dbms_output.get_line"_s;
@@ -61,11 +41,25 @@ void OutputCapture::fetchLines()
     getLine.appendParameter({u"lines"_s, adVarChar, longestLine, {}});
     getLine.appendParameter({u"status"_s, adInteger, 0, {}});
 
-    PaneWriter writer(m_pane);
+    PaneWriter writer(pane);
     while (getLine.parameter(u"status"_s).toInteger() == 0) {
         getLine.Execute();
         const Value &line = getLine.parameter(u"lines"_s);
         if (!line.isNull())
             writer.addLine(line.toText());
     }
+}
+
+} // namespace
+
+void captureOutput(WindowControls &controls, const QString &statement)
+{
+    controls.rtbdbms->clear();
+    const std::shared_ptr<Connection> connection = requireConnection();
+    connection->Execute(u"dbms_output.disable"_s);
+    connection->Execute(u"dbms_output.enable("_s + controls.txtBufferSize->text() + u')');
+    controls.showExecutionTime();
+    connection->Execute(statement);
+    fetchLines(controls.rtbdbms);
+    connection->Execute(u"dbms_output.disable"_s);
 }
