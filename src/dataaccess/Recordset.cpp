@@ -126,7 +126,7 @@ void Recordset::Open(const QString &source, const std::shared_ptr<Connection> &c
     const std::shared_ptr<OdbcSession> session = Connection::sessionOf(connection);
     if (m_cursorLocation == adUseServer && !m_sort.isEmpty())
         throw RuntimeError(ErrorNumber::FeatureNotAvailable);
-    std::unique_ptr<OdbcCursor> cursor = OdbcCursor::open(*session, source, m_cacheSize);
+    std::unique_ptr<OdbcCursor> cursor = session->open(source, m_cacheSize);
     if (!cursor)
         return;
     const bool isForward = m_cursorLocation == adUseServer && !cursor->mayFailLater();

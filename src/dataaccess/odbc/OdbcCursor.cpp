@@ -1,6 +1,5 @@
 #include "dataaccess/odbc/OdbcCursor.h"
 
-#include "dataaccess/odbc/OdbcSession.h"
 #include "dataaccess/odbc/diagnostics.h"
 #include "dataaccess/odbc/longValues.h"
 
@@ -47,24 +46,15 @@ bool hasDoubtfulSize(const OdbcColumn &column, const OdbcAbilities &abilities)
 
 } // namespace
 
-std::unique_ptr<OdbcCursor> OdbcCursor::open(OdbcSession &session, const QString &commandText,
-                                             int rowsPerBlock)
-{
-    OdbcHandle statement = session.executeCommand(commandText);
-    if (!statement)
-        return nullptr;
-    return std::make_unique<OdbcCursor>(session, std::move(statement), rowsPerBlock);
-}
-
-OdbcCursor::OdbcCursor(const OdbcSession &session, OdbcHandle statement, int rowsPerBlock)
+OdbcCursor::OdbcCursor(const OdbcAbilities &abilities, OdbcHandle statement, int rowsPerBlock)
     : m_statement(std::move(statement))
-    , m_mayFailLater(session.abilities().isMariaDb && !m_statement.hasOneResult())
+    , m_mayFailLater(abilities.isMariaDb && !m_statement.hasOneResult())
 {
-    for (OdbcColumn &column : describeColumns(m_statement, session.abilities())) {
+    for (OdbcColumn &column : describeColumns(m_statement, abilities)) {
         m_fields.push_back(column.field);
         m_columns.emplace_back(std::move(column));
     }
-    planReading(session.abilities(), rowsPerBlock);
+    planReading(abilities, rowsPerBlock);
     bind();
     fetchBlock();
 }

@@ -7,7 +7,6 @@
 #include <optional>
 #include <vector>
 
-class OdbcSession;
 struct OdbcAbilities;
 
 /// Reads an executed statement's result forward, a block of rows in one call of the driver. Stands
@@ -19,12 +18,9 @@ struct OdbcAbilities;
 class OdbcCursor
 {
 public:
-    /// Sends @p commandText and reads its first result with columns; null when there is none.
+    /// Reads the first row of @p statement's present result.
     /// @throws RuntimeError with the driver's text
-    static std::unique_ptr<OdbcCursor> open(OdbcSession &session, const QString &commandText,
-                                            int rowsPerBlock);
-
-    OdbcCursor(const OdbcSession &session, OdbcHandle statement, int rowsPerBlock);
+    OdbcCursor(const OdbcAbilities &abilities, OdbcHandle statement, int rowsPerBlock);
     OdbcCursor(const OdbcCursor &) = delete; // the driver writes to its members
     OdbcCursor &operator=(const OdbcCursor &) = delete;
 

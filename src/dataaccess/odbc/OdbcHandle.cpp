@@ -44,6 +44,19 @@ void passText(const OdbcHandle &statement, const QString &text, NarrowFunction n
     }
 }
 
+SQLSMALLINT columnCount(const OdbcHandle &statement)
+{
+    SQLSMALLINT columns = 0;
+    checkOdbc(SQLNumResultCols(statement.get(), &columns), statement);
+    return columns;
+}
+
+bool goToNextResult(const OdbcHandle &statement)
+{
+    return !statement.hasOneResult() &&
+           checkOdbc(SQLMoreResults(statement.get()), statement) != SQL_NO_DATA;
+}
+
 } // namespace
 
 void executeText(const OdbcHandle &statement, const QString &text)
@@ -54,6 +67,21 @@ void executeText(const OdbcHandle &statement, const QString &text)
 void prepareText(const OdbcHandle &statement, const QString &text)
 {
     passText(statement, text, SQLPrepare, SQLPrepareW);
+}
+
+bool skipToColumns(const OdbcHandle &statement)
+{
+    while (columnCount(statement) == 0) {
+        if (!goToNextResult(statement))
+            return false;
+    }
+    return true;
+}
+
+void takeRemainingResults(const OdbcHandle &statement)
+{
+    while (goToNextResult(statement)) {
+    }
 }
 
 SQLWCHAR *odbcText(const QString &text)

@@ -64,6 +64,12 @@ SQLRETURN checkOdbc(SQLRETURN code, const OdbcHandle &handle);
 void executeText(const OdbcHandle &statement, const QString &text);
 void prepareText(const OdbcHandle &statement, const QString &text);
 
+/// Goes to the first result of an executed statement that has columns.
+/// @returns false when there is none; all results have then been taken in
+bool skipToColumns(const OdbcHandle &statement);
+/// Takes in what is left of a statement's results, so that late failures are raised.
+void takeRemainingResults(const OdbcHandle &statement);
+
 /// The text as ODBC's wide functions want it. They do not write to it.
 SQLWCHAR *odbcText(const QString &text);
 /// What the driver has written into @p buffer, up to the zero that ends it: the lengths that

@@ -131,35 +131,7 @@ bool keepsResults(const OdbcHandle &connection, SQLUSMALLINT what)
     return info<SQLUSMALLINT>(connection, what, SQL_CB_PRESERVE) == SQL_CB_PRESERVE;
 }
 
-SQLSMALLINT columnCount(const OdbcHandle &statement)
-{
-    SQLSMALLINT columns = 0;
-    checkOdbc(SQLNumResultCols(statement.get(), &columns), statement);
-    return columns;
-}
-
-bool goToNextResult(const OdbcHandle &statement)
-{
-    return !statement.hasOneResult() &&
-           checkOdbc(SQLMoreResults(statement.get()), statement) != SQL_NO_DATA;
-}
-
 } // namespace
-
-bool skipToColumns(const OdbcHandle &statement)
-{
-    while (columnCount(statement) == 0) {
-        if (!goToNextResult(statement))
-            return false;
-    }
-    return true;
-}
-
-void takeRemainingResults(const OdbcHandle &statement)
-{
-    while (goToNextResult(statement)) {
-    }
-}
 
 OdbcSession::OdbcSession(ProviderSession provider)
     : m_provider(std::move(provider))
@@ -342,9 +314,12 @@ QString OdbcSession::adapted(const QString &text)
     return m_provider.adapter(text, [this](const QString &query) { return scalar(query); });
 }
 
-OdbcHandle OdbcSession::executeCommand(const QString &commandText)
+std::unique_ptr<OdbcCursor> OdbcSession::open(const QString &commandText, int rowsPerBlock)
 {
-    return send(adapted(asProcedureCall(commandText)));
+    OdbcHandle statement = send(adapted(asProcedureCall(commandText)));
+    if (!statement)
+        return nullptr;
+    return std::make_unique<OdbcCursor>(m_abilities, std::move(statement), rowsPerBlock);
 }
 
 QString OdbcSession::scalar(const QString &text)
@@ -352,7 +327,7 @@ QString OdbcSession::scalar(const QString &text)
     OdbcHandle statement = send(text);
     if (!statement)
         return {};
-    const OdbcCursor cursor(*this, std::move(statement), 1);
+    const OdbcCursor cursor(m_abilities, std::move(statement), 1);
     return cursor.atEnd() ? QString() : cursor.value(0).toText();
 }
 

@@ -7,8 +7,10 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
+class OdbcCursor;
 class SessionClient;
 
 /// One open session with a data source: the ODBC connection and what belongs to it as a whole,
@@ -32,12 +34,13 @@ public:
     void endTransaction(SQLSMALLINT completion);
 
     /// Sends a command text, having taken it for a procedure call or adapted it where that is due.
-    /// @returns the statement, on its first result with columns; null when there is none, every
-    ///          result then being taken in
+    /// @param rowsPerBlock  to be fetched in one call of the driver
+    /// @returns a reader of the first result with columns; null when there is none, every result
+    ///          then being taken in
     /// @throws RuntimeError with the driver's text, or the adapter's
-    OdbcHandle executeCommand(const QString &commandText);
+    std::unique_ptr<OdbcCursor> open(const QString &commandText, int rowsPerBlock);
 
-    /// The text as executeCommand() would send it.
+    /// The text as open() would send it.
     QString adapted(const QString &text);
     /// A statement that is ready to send @p text.
     OdbcHandle statementFor(const QString &text);
@@ -61,6 +64,7 @@ private:
     void prepareToSend();
     /// Runs @p action; after a failure for want of memory, nothing more is sent.
     void watchMemory(const std::function<void()> &action);
+    /// Sends a text as it stands. @returns the statement, on its first result with columns, or none
     OdbcHandle send(const QString &text);
     bool hasOpenResults() const;
     void releaseResults();
@@ -81,9 +85,3 @@ private:
     bool m_autocommit = true;     ///< as the driver has it
     bool m_inTransaction = false; ///< as our user has it; the driver is told when it matters
 };
-
-/// Goes to the first result of an executed statement that has columns.
-/// @returns false when there is none; all results have then been taken in
-bool skipToColumns(const OdbcHandle &statement);
-/// Takes in what is left of a statement's results, so that late failures are raised.
-void takeRemainingResults(const OdbcHandle &statement);
