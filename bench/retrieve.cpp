@@ -5,7 +5,7 @@
 
 #include "dataaccess/Connection.h"
 #include "dataaccess/Recordset.h"
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 #include "support/BareOdbc.h"
 #include "support/figures.h"
 #include "support/inTurn.h"

@@ -1,7 +1,7 @@
 // A script of many statements and many lines of server output on the sandbox, against bare loops
 // of the same calls.
 
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 #include "dataaccess/sandbox/SandboxServer.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "editor/frmQuerna.h"

@@ -2,7 +2,7 @@
 // that is fetched to its end. On the sandbox's server: a driver that has the whole result in memory
 // anyway, such as SQLite's, lets the model fetch none of the values.
 
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 #include "support/ServerSample.h"
 #include "support/figures.h"
 #include "support/inTurn.h"

@@ -1,7 +1,7 @@
 // From starting the program's process to its editor on the screen, connected to the sandbox's
 // running server, and what it then occupies; against a process with a bare main window.
 
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
 #include "uisupport/RunningProgram.h"

@@ -10,7 +10,7 @@
 // It needs a display, or QT_QPA_PLATFORM=offscreen.
 
 #include "dataaccess/Recordset.h"
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 #include "support/BareOdbc.h"
 #include "support/EventTurns.h"
 #include "support/ServerSample.h"

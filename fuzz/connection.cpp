@@ -2,8 +2,8 @@
 
 #include "connection/commandLine.h"
 #include "connection/connectDb.h"
-#include "dataaccess/connectionString.h"
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
+#include "dataaccess/text/connectionString.h"
 #include "platform/RuntimeError.h"
 #include "platform/textForms.h"
 #include "support/fuzzInput.h"

@@ -2,7 +2,7 @@
 // typed.
 
 #include "connection/tnsNames.h"
-#include "dataaccess/SqlTokens.h"
+#include "dataaccess/text/SqlTokens.h"
 #include "sqltext/completion.h"
 #include "support/fuzzInput.h"
 #include "support/require.h"

@@ -1,6 +1,6 @@
 #include "support/ServerSample.h"
 
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 #include "support/BareOdbc.h"
 #include "support/sampleTable.h"
 

@@ -9,7 +9,7 @@
 #include "connection/session.h"
 #include "controls/EditorControl.h"
 #include "controls/icons.h"
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 #include "editor/caption.h"
 #include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"

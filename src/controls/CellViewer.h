@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/ValueParts.h"
+#include "dataaccess/rows/ValueParts.h"
 
 #include <QDialog>
 

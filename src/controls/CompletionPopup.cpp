@@ -3,7 +3,7 @@
 #include "controls/EditorControl.h"
 #include "controls/enterKey.h"
 #include "controls/named.h"
-#include "dataaccess/SqlTokens.h"
+#include "dataaccess/text/SqlTokens.h"
 
 #include <QCompleter>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dataaccess/Parameter.h"
-#include "dataaccess/SessionClient.h"
+#include "dataaccess/odbc/SessionClient.h"
+#include "dataaccess/rows/Parameter.h"
 
 #include <QString>
 

@@ -2,7 +2,7 @@
 
 #include "dataaccess/Recordset.h"
 #include "dataaccess/odbc/OdbcSession.h"
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 #include "platform/RuntimeError.h"
 
 #include <utility>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "dataaccess/FieldInfo.h"
-#include "dataaccess/MemoryTable.h"
-#include "dataaccess/RowOrder.h"
-#include "dataaccess/SessionClient.h"
-#include "dataaccess/Value.h"
-#include "dataaccess/dataAccessTypes.h"
+#include "dataaccess/odbc/SessionClient.h"
+#include "dataaccess/rows/FieldInfo.h"
+#include "dataaccess/rows/MemoryTable.h"
+#include "dataaccess/rows/RowOrder.h"
+#include "dataaccess/rows/Value.h"
+#include "dataaccess/rows/dataAccessTypes.h"
 
 #include <QHash>
 #include <QString>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dataaccess/RowWriter.h"
-#include "dataaccess/Value.h"
-#include "dataaccess/packedCells.h"
+#include "dataaccess/rows/RowWriter.h"
+#include "dataaccess/rows/Value.h"
+#include "dataaccess/rows/packedCells.h"
 #include "platform/ByteBuffer.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #include "sqltext/completion.h"
 
-#include "dataaccess/SqlTokens.h"
+#include "dataaccess/text/SqlTokens.h"
 #include "sqltext/DictionaryNames.h"
 #include "sqltext/wordClasses.h"
 

@@ -1,7 +1,7 @@
 // Recordsets in memory: fabricated tables, their cells, their order and their packing.
 
 #include "dataaccess/RowCells.h"
-#include "dataaccess/ValueParts.h"
+#include "dataaccess/rows/ValueParts.h"
 #include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/tables.h"

@@ -1,7 +1,7 @@
-#include "dataaccess/SqlTokens.h"
 #include "dataaccess/sandbox/planSteps.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "dataaccess/sandbox/sandboxSetup.h"
+#include "dataaccess/text/SqlTokens.h"
 #include "sqltext/explainStatements.h"
 #include "support/DataRows.h"
 #include "support/textRows.h"

@@ -1,5 +1,5 @@
 #include "dataaccess/Connection.h"
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 #include "dataaccess/sandbox/SandboxServer.h"
 #include "support/DataRows.h"
 #include "support/LooseEnd.h"

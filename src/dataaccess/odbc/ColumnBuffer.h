@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dataaccess/RowWriter.h"
 #include "dataaccess/odbc/OdbcColumn.h"
+#include "dataaccess/rows/RowWriter.h"
 
 #include <QByteArrayView>
 

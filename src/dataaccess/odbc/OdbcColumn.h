@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dataaccess/FieldInfo.h"
 #include "dataaccess/odbc/OdbcAbilities.h"
 #include "dataaccess/odbc/OdbcHandle.h"
+#include "dataaccess/rows/FieldInfo.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 #include "dataaccess/odbc/OdbcSession.h"
 
-#include "dataaccess/SessionClient.h"
-#include "dataaccess/SqlTokens.h"
-#include "dataaccess/commandText.h"
 #include "dataaccess/odbc/OdbcCursor.h"
+#include "dataaccess/odbc/SessionClient.h"
+#include "dataaccess/text/SqlTokens.h"
+#include "dataaccess/text/commandText.h"
 #include "platform/RuntimeError.h"
 
 #include <QRegularExpression>

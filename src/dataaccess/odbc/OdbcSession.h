@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dataaccess/ProviderSession.h"
 #include "dataaccess/odbc/OdbcAbilities.h"
 #include "dataaccess/odbc/OdbcHandle.h"
+#include "dataaccess/odbc/ProviderSession.h"
 
 #include <QString>
 

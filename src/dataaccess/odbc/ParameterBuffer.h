@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dataaccess/Parameter.h"
 #include "dataaccess/odbc/OdbcHandle.h"
+#include "dataaccess/rows/Parameter.h"
 
 #include <vector>
 

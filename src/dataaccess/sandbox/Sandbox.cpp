@@ -1,8 +1,8 @@
 #include "dataaccess/sandbox/Sandbox.h"
 
-#include "dataaccess/connectionString.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "dataaccess/sandbox/sandboxService.h"
+#include "dataaccess/text/connectionString.h"
 
 using namespace Qt::StringLiterals;
 

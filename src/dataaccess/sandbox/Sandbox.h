@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/ProviderSession.h"
+#include "dataaccess/odbc/ProviderSession.h"
 
 class ConnectionString;
 

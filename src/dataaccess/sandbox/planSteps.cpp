@@ -1,6 +1,6 @@
 #include "dataaccess/sandbox/planSteps.h"
 
-#include "dataaccess/SqlTokens.h"
+#include "dataaccess/text/SqlTokens.h"
 #include "platform/RuntimeError.h"
 
 #include <QHash>

@@ -1,6 +1,6 @@
 #include "dataaccess/sandbox/sandboxDialect.h"
 
-#include "dataaccess/SqlTokens.h"
+#include "dataaccess/text/SqlTokens.h"
 
 #include <QStringBuilder>
 #include <QStringList>

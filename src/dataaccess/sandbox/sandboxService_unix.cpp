@@ -1,8 +1,8 @@
 #include "dataaccess/sandbox/sandboxService.h"
 
-#include "dataaccess/connectionString.h"
 #include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/sandbox/SandboxServer.h"
+#include "dataaccess/text/connectionString.h"
 #include "platform/RuntimeError.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "dataaccess/sandbox/sandboxService.h"
 
-#include "dataaccess/connectionString.h"
 #include "dataaccess/odbc/installedDrivers.h"
+#include "dataaccess/text/connectionString.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;

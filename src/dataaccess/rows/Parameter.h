@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dataaccess/Value.h"
-#include "dataaccess/dataAccessTypes.h"
+#include "dataaccess/rows/Value.h"
+#include "dataaccess/rows/dataAccessTypes.h"
 
 #include <QString>
 

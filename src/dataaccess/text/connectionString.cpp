@@ -1,4 +1,4 @@
-#include "dataaccess/connectionString.h"
+#include "dataaccess/text/connectionString.h"
 
 #include "platform/textForms.h"
 

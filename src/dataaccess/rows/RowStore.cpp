@@ -1,6 +1,6 @@
-#include "dataaccess/RowStore.h"
+#include "dataaccess/rows/RowStore.h"
 
-#include "dataaccess/RowWriter.h"
+#include "dataaccess/rows/RowWriter.h"
 
 #include <algorithm>
 #include <cstring>

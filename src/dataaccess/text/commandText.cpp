@@ -1,6 +1,6 @@
-#include "dataaccess/commandText.h"
+#include "dataaccess/text/commandText.h"
 
-#include "dataaccess/SqlTokens.h"
+#include "dataaccess/text/SqlTokens.h"
 
 #include <QRegularExpression>
 #include <QStringView>

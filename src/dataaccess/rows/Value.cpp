@@ -1,4 +1,4 @@
-#include "dataaccess/Value.h"
+#include "dataaccess/rows/Value.h"
 
 #include "platform/RuntimeError.h"
 #include "platform/checkedArithmetic.h"

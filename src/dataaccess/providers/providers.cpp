@@ -1,8 +1,8 @@
-#include "dataaccess/providers.h"
+#include "dataaccess/providers/providers.h"
 
-#include "dataaccess/connectionString.h"
 #include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/sandbox/Sandbox.h"
+#include "dataaccess/text/connectionString.h"
 #include "platform/RuntimeError.h"
 #include "platform/settings.h"
 

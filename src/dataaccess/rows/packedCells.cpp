@@ -1,4 +1,4 @@
-#include "dataaccess/packedCells.h"
+#include "dataaccess/rows/packedCells.h"
 
 #include "platform/numberForms.h"
 

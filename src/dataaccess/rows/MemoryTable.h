@@ -1,9 +1,9 @@
 #pragma once
 
-#include "dataaccess/RowStore.h"
-#include "dataaccess/RowWriter.h"
-#include "dataaccess/SortOrder.h"
-#include "dataaccess/Value.h"
+#include "dataaccess/rows/RowStore.h"
+#include "dataaccess/rows/RowWriter.h"
+#include "dataaccess/rows/SortOrder.h"
+#include "dataaccess/rows/Value.h"
 
 #include <optional>
 #include <vector>

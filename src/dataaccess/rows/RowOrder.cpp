@@ -1,8 +1,8 @@
-#include "dataaccess/RowOrder.h"
+#include "dataaccess/rows/RowOrder.h"
 
-#include "dataaccess/MemoryTable.h"
-#include "dataaccess/NumberKey.h"
-#include "dataaccess/packedCells.h"
+#include "dataaccess/rows/MemoryTable.h"
+#include "dataaccess/rows/NumberKey.h"
+#include "dataaccess/rows/packedCells.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "dataaccess/ValueParts.h"
+#include "dataaccess/rows/ValueParts.h"
 
 #include <QLocale>
 

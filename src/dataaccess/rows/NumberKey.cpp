@@ -1,6 +1,6 @@
-#include "dataaccess/NumberKey.h"
+#include "dataaccess/rows/NumberKey.h"
 
-#include "dataaccess/packedCells.h"
+#include "dataaccess/rows/packedCells.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
-#include "dataaccess/SortOrder.h"
+#include "dataaccess/rows/SortOrder.h"
 
-#include "dataaccess/packedCells.h"
+#include "dataaccess/rows/packedCells.h"
 #include "platform/RuntimeError.h"
 #include "platform/textForms.h"
 

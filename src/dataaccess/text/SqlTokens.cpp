@@ -1,4 +1,4 @@
-#include "dataaccess/SqlTokens.h"
+#include "dataaccess/text/SqlTokens.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
-#include "dataaccess/RowWriter.h"
+#include "dataaccess/rows/RowWriter.h"
 
-#include "dataaccess/packedCells.h"
+#include "dataaccess/rows/packedCells.h"
 
 #include <algorithm>
 #include <array>

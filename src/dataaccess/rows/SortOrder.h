@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/FieldInfo.h"
+#include "dataaccess/rows/FieldInfo.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
-#include "dataaccess/MemoryTable.h"
+#include "dataaccess/rows/MemoryTable.h"
 
-#include "dataaccess/packedCells.h"
+#include "dataaccess/rows/packedCells.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/Value.h"
+#include "dataaccess/rows/Value.h"
 
 /// A value's text for reading it: whole where it is short, otherwise in parts that each cost the
 /// same to show, however long the value is. Bytes are shown in lines of sixteen, with their offset,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/Value.h"
+#include "dataaccess/rows/Value.h"
 
 #include <QByteArrayView>
 

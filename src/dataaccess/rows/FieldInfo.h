@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/dataAccessTypes.h"
+#include "dataaccess/rows/dataAccessTypes.h"
 
 #include <QString>
 
