@@ -11,12 +11,16 @@
 
 namespace {
 
-/// Appended character fields hold texts, whatever is assigned to them.
-Value asFieldValue(DataTypeEnum type, const Value &value)
+/// What an appended field makes of @p value: character fields hold texts, and none that is too
+/// long.
+Value asFieldValue(const FieldInfo &field, const Value &value)
 {
-    if (!isCharacterType(type) || value.isNull() || value.isEmpty())
-        return value;
-    return value.toText();
+    const bool isText = isCharacterType(field.type) && !value.isNull() && !value.isEmpty();
+    const Value stored = isText ? Value(value.toText()) : value;
+    const auto *text = std::get_if<QString>(&stored.variant());
+    if (field.definedSize > 0 && text != nullptr && text->size() > field.definedSize)
+        throw RuntimeError(ErrorNumber::MultipleStepErrors);
+    return stored;
 }
 
 } // namespace
@@ -241,16 +245,10 @@ void Recordset::MoveNext()
         std::rethrow_exception(std::exchange(m_failure, nullptr));
 }
 
-QString Recordset::fieldName(int field) const
+const FieldInfo &Recordset::field(int index) const
 {
-    requireField(field);
-    return m_fields[static_cast<size_t>(field)].name;
-}
-
-DataTypeEnum Recordset::fieldType(int field) const
-{
-    requireField(field);
-    return m_fields[static_cast<size_t>(field)].type;
+    requireField(index);
+    return m_fields[static_cast<size_t>(index)];
 }
 
 int Recordset::fieldIndex(const QString &name) const
@@ -287,24 +285,14 @@ Value Recordset::value(const QString &name) const
     return value(fieldIndex(name));
 }
 
-void Recordset::checkSize(int field, const Value &value) const
-{
-    const int limit = m_fields[static_cast<size_t>(field)].definedSize;
-    const auto *text = std::get_if<QString>(&value.variant());
-    if (limit > 0 && text != nullptr && text->size() > limit)
-        throw RuntimeError(ErrorNumber::MultipleStepErrors);
-}
-
 void Recordset::setValue(int field, const Value &value)
 {
     MemoryTable &rows = ownTable();
-    requireField(field);
+    const FieldInfo &info = this->field(field);
     requireCurrent();
     if (!rows.isEdited(m_position))
         throw RuntimeError(ErrorNumber::FeatureNotAvailable);
-    const Value stored = asFieldValue(m_fields[static_cast<size_t>(field)].type, value);
-    checkSize(field, stored);
-    rows.setValue(field, stored);
+    rows.setValue(field, asFieldValue(info, value));
 }
 
 void Recordset::setValue(const QString &name, const Value &value)

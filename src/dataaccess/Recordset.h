@@ -73,8 +73,9 @@ public:
     void MoveNext();
 
     int fieldCount() const { return static_cast<int>(m_fields.size()); }
-    QString fieldName(int field) const;
-    DataTypeEnum fieldType(int field) const;
+    // They raise RuntimeError 3265 for a field that is not there.
+    QString fieldName(int index) const { return field(index).name; }
+    DataTypeEnum fieldType(int index) const { return field(index).type; }
     /// @throws RuntimeError 3265 for an unknown name
     int fieldIndex(const QString &name) const;
 
@@ -148,6 +149,7 @@ private:
     void requireClosed() const;
     void requireCurrent() const;
     void requireField(int field) const;
+    const FieldInfo &field(int index) const;
     /// Checks a row of table() and a field.
     void requireCell(qint64 row, int field) const;
     /// Rows that are no forward-only reader's, and those of appended fields.
@@ -158,7 +160,6 @@ private:
     void drop();
     void leaveSession();
     int indexOf(const QString &name) const;
-    void checkSize(int field, const Value &value) const;
     void packCurrent(RowWriter &row, NullForm nulls) const;
     /// The current row in packed form: where it is stored, or in @p copy when it is not stored so.
     const char *packedRow(RowWriter &copy) const;
