@@ -57,7 +57,7 @@ void FrameView::show()
 void FrameView::follow(EditorControl &editor)
 {
     editor.zoomTo(m_zoom);
-    connect(&editor, &EditorControl::SCN_ZOOM, this, [this, &editor] {
+    connect(&editor, &EditorControl::zoomed, this, [this, &editor] {
         m_zoom = editor.zoomLevel();
         m_untilKept.start();
     });

@@ -5,7 +5,7 @@
 #include "controls/EditorFindDialog.h"
 #include "controls/EditorLook.h"
 #include "controls/EditorPageSetup.h"
-#include "controls/EditorSelection.h"
+#include "controls/EditorText.h"
 #include "controls/SyntaxColouring.h"
 #include "controls/editorKeys.h"
 #include "platform/FileReader.h"
@@ -29,7 +29,6 @@ namespace {
 
 constexpr int charactersPerTab = 4;
 constexpr auto lineEnd = "\r\n";
-constexpr int lineEndLength = 2;
 
 /// The local file that is being dragged; an empty text when it is something else.
 QString draggedFile(const QMimeData *data)
@@ -49,6 +48,7 @@ EditorControl::EditorControl(QWidget *parent)
     , m_formats(*this)
     , m_colouring(std::make_unique<SyntaxColouring>(*this, m_formats))
     , m_changes(std::make_unique<EditorChanges>(*this, *m_colouring, m_formats))
+    , m_text(std::make_unique<EditorText>(*this, m_positions, m_formats, *m_changes))
     , m_look(std::make_unique<EditorLook>(*this, *m_colouring, m_formats))
     , m_pageSetup(std::make_unique<EditorPageSetup>(*this))
 {
@@ -87,7 +87,8 @@ void EditorControl::setUpEditing()
         reportCaret();
     });
     const auto fitLineNumbers = [this] { m_look->fitLineNumbers(); };
-    connect(this, &QsciScintillaBase::SCN_ZOOM, this, fitLineNumbers);
+    connect(this, &QsciScintillaBase::SCN_ZOOM, this, &EditorControl::zoomed);
+    connect(this, &EditorControl::zoomed, this, fitLineNumbers);
     connect(this, &QsciScintilla::linesChanged, this, fitLineNumbers);
 }
 
@@ -110,56 +111,18 @@ void EditorControl::setUpKeys()
 
 QString EditorControl::GetText() const
 {
-    return QString::fromUtf8(textBytes(0, SendScintilla(SCI_GETLENGTH)));
+    return QString::fromUtf8(m_text->whole());
 }
 
 void EditorControl::setText(const QString &text)
 {
-    replaceAll(editorUtf8(text));
-}
-
-/// Puts another text in the place of the whole one.
-void EditorControl::replaceAll(const QByteArray &text)
-{
-    const bool readOnly = isReadOnly();
-    SendScintilla(SCI_SETREADONLY, 0L);
-    m_formats.forgetPending();
-    changeAtOnce([&] { exchangeBytes(0, SendScintilla(SCI_GETLENGTH), text); });
-    SendScintilla(SCI_SETREADONLY, static_cast<long>(readOnly));
+    m_text->setWhole(editorUtf8(text));
     select(0, 0);
-}
-
-/// Makes any number of changes one step for undo, and one change for whoever watches the text.
-/// Meanwhile no position can be converted.
-template <typename Change>
-void EditorControl::changeAtOnce(Change change)
-{
-    m_changes->collect();
-    m_positions.dropIndex();
-    SendScintilla(SCI_BEGINUNDOACTION);
-    change();
-    SendScintilla(SCI_ENDUNDOACTION);
-    m_positions.buildIndex();
-    m_changes->tell();
-}
-
-QByteArray EditorControl::textBytes(long begin, long end) const
-{
-    QByteArray result(end - begin + 1, Qt::Uninitialized);
-    SendScintilla(SCI_GETTEXTRANGE, begin, end, result.data());
-    result.chop(1);
-    return result;
-}
-
-void EditorControl::exchangeBytes(long begin, long end, const QByteArray &text)
-{
-    SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(begin), end);
-    SendScintilla(SCI_REPLACETARGET, static_cast<uintptr_t>(text.size()), text.constData());
 }
 
 void EditorControl::exchange(int begin, int end, const QString &text)
 {
-    exchangeBytes(m_positions.toBytes(begin), m_positions.toBytes(end), editorUtf8(text));
+    exchangeBytes(*this, {m_positions.toBytes(begin), m_positions.toBytes(end)}, editorUtf8(text));
 }
 
 int EditorControl::caretPosition() const
@@ -170,7 +133,7 @@ int EditorControl::caretPosition() const
 QString EditorControl::textBetween(int begin, int end) const
 {
     const long from = m_positions.toBytes(begin);
-    return QString::fromUtf8(textBytes(from, std::max(from, m_positions.toBytes(end))));
+    return QString::fromUtf8(textBytes(*this, {from, std::max(from, m_positions.toBytes(end))}));
 }
 
 QRect EditorControl::characterRectangle(int position) const
@@ -207,10 +170,7 @@ void EditorControl::setSelStart(int position)
 
 int EditorControl::SelLength() const
 {
-    int length = -lineEndLength;
-    for (const ByteRange &row : selectedRanges(*this))
-        length += m_positions.toUnits(row.end) - m_positions.toUnits(row.begin) + lineEndLength;
-    return length;
+    return m_text->selectedLength();
 }
 
 void EditorControl::setSelLength(int length)
@@ -239,56 +199,17 @@ void EditorControl::select(long anchor, long caret)
 
 QString EditorControl::SelText() const
 {
-    QByteArray text;
-    const char *separator = "";
-    for (const ByteRange &row : selectedRanges(*this)) {
-        text += separator + textBytes(row.begin, row.end);
-        separator = lineEnd;
-    }
-    return QString::fromUtf8(text);
+    return QString::fromUtf8(m_text->selected());
 }
 
 void EditorControl::setSelText(const QString &text)
 {
     if (isReadOnly())
         return;
-    const std::vector<ByteRange> rows = selectedRanges(*this);
-    const QByteArray inserted = editorUtf8(text);
-    long end = 0;
-    if (rows.size() == 1)
-        end = replaceRange(rows.front(), inserted);
-    else
-        changeAtOnce([&] { end = replaceRows(rows, inserted); });
+    const long end = m_text->replaceSelected(editorUtf8(text));
     SendScintilla(SCI_GOTOPOS, end);
     m_formats.continueAt(end);
     reportCaret();
-}
-
-/// @returns the end of what was put in
-long EditorControl::replaceRange(const ByteRange &range, const QByteArray &text)
-{
-    const EditorFormats::Format format = m_formats.forInsertion(range);
-    exchangeBytes(range.begin, range.end, text);
-    m_formats.apply(format, range.begin, text.size());
-    return range.begin + text.size();
-}
-
-/// Gives every row of a block its line of @p text.
-long EditorControl::replaceRows(const std::vector<ByteRange> &rows, const QByteArray &text)
-{
-    // Each change would have the widget adjust all the rows that are selected.
-    SendScintilla(SCI_SETEMPTYSELECTION, rows.front().begin);
-    long end = 0;
-    long shift = 0;
-    qsizetype from = 0;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const qsizetype lineEndAt = i + 1 < rows.size() ? text.indexOf(lineEnd, from) : -1;
-        const qsizetype to = lineEndAt < 0 ? text.size() : lineEndAt;
-        end = replaceRange({rows[i].begin + shift, rows[i].end + shift}, text.mid(from, to - from));
-        shift = end - rows[i].end;
-        from = lineEndAt < 0 ? to : to + lineEndLength;
-    }
-    return end;
 }
 
 void EditorControl::setFontName(const QString &family)
@@ -337,8 +258,9 @@ void EditorControl::setWordClasses(const WordClasses &classes)
 
 void EditorControl::LoadFile(const QString &path)
 {
-    replaceAll(editorUtf8FromFile(FileReader(path).readAll()));
+    m_text->setWhole(editorUtf8FromFile(FileReader(path).readAll()));
     SendScintilla(SCI_SETSAVEPOINT);
+    select(0, 0);
 }
 
 EditorFindDialog &EditorControl::findDialog()
@@ -444,7 +366,7 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
 QMimeData *EditorControl::toMimeData(const QByteArray &text, bool rectangular) const
 {
     const bool ends = rectangular && text.endsWith(lineEnd);
-    return QsciScintilla::toMimeData(ends ? text.chopped(lineEndLength) : text, rectangular);
+    return QsciScintilla::toMimeData(ends ? text.chopped(2) : text, rectangular);
 }
 
 void EditorControl::focusInEvent(QFocusEvent *event)

@@ -12,12 +12,12 @@
 
 #include <memory>
 #include <utility>
-#include <vector>
 
 class EditorChanges;
 class EditorFindDialog;
 class EditorLook;
 class EditorPageSetup;
+class EditorText;
 class SyntaxColouring;
 
 /// The syntax-colouring editor control.
@@ -131,6 +131,7 @@ public:
 signals:
     /// The caret has moved; both counted from 1.
     void caretMoved(int column, int line);
+    void zoomed();
     void focusEntered();
     void focusLeft();
     /// A key went down, before the control acts on it. @p shift is 1 Shift + 2 Ctrl + 4 Alt;
@@ -159,18 +160,12 @@ private:
     void setUpKeys();
     void reportCaret();
     void select(long anchor, long caret);
-    QByteArray textBytes(long begin, long end) const;
-    void exchangeBytes(long begin, long end, const QByteArray &text);
-    void replaceAll(const QByteArray &text);
-    template <typename Change>
-    void changeAtOnce(Change change);
-    long replaceRange(const ByteRange &range, const QByteArray &text);
-    long replaceRows(const std::vector<ByteRange> &rows, const QByteArray &text);
 
     Utf16Positions m_positions;
     EditorFormats m_formats;
     std::unique_ptr<SyntaxColouring> m_colouring;
     std::unique_ptr<EditorChanges> m_changes;
+    std::unique_ptr<EditorText> m_text;
     std::unique_ptr<EditorLook> m_look;
     std::unique_ptr<EditorPageSetup> m_pageSetup;
     EditorFindDialog *m_findDialog = nullptr;

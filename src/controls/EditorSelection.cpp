@@ -22,3 +22,19 @@ std::vector<ByteRange> selectedRanges(const QsciScintillaBase &editor)
         std::reverse(ranges.begin(), ranges.end());
     return ranges;
 }
+
+QByteArray textBytes(const QsciScintillaBase &editor, const ByteRange &range)
+{
+    QByteArray bytes(range.length() + 1, Qt::Uninitialized);
+    editor.SendScintilla(Sci::SCI_GETTEXTRANGE, range.begin, range.end, bytes.data());
+    bytes.chop(1);
+    return bytes;
+}
+
+void exchangeBytes(QsciScintillaBase &editor, const ByteRange &range, const QByteArray &text)
+{
+    editor.SendScintilla(Sci::SCI_SETTARGETRANGE, static_cast<unsigned long>(range.begin),
+                         range.end);
+    editor.SendScintilla(Sci::SCI_REPLACETARGET, static_cast<uintptr_t>(text.size()),
+                         text.constData());
+}

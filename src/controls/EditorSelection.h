@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QByteArray>
+
 #include <vector>
 
 class QsciScintillaBase;
@@ -17,3 +19,6 @@ struct ByteRange
 /// row of the block, empty where the row is too short. A rectangle of no width selects nothing:
 /// it is the empty stretch at the caret.
 std::vector<ByteRange> selectedRanges(const QsciScintillaBase &editor);
+
+QByteArray textBytes(const QsciScintillaBase &editor, const ByteRange &range);
+void exchangeBytes(QsciScintillaBase &editor, const ByteRange &range, const QByteArray &text);

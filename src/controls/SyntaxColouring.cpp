@@ -119,9 +119,7 @@ long SyntaxColouring::colourLines(long from, long wanted)
     const long lastLine = m_editor.SendScintilla(Sci::SCI_LINEFROMPOSITION,
                                                  std::min(begin.position + pieceSize, wanted - 1));
     const long end = m_editor.SendScintilla(Sci::SCI_POSITIONFROMLINE, lastLine + 1);
-    QByteArray text(end - begin.position + 1, Qt::Uninitialized);
-    m_editor.SendScintilla(Sci::SCI_GETTEXTRANGE, begin.position, end, text.data());
-    text.chop(1);
+    const QByteArray text = textBytes(m_editor, {begin.position, end});
 
     m_styles.start(text.size());
     bool restIsRight = false;

@@ -1,10 +1,9 @@
 #include "controls/Utf16Positions.h"
 
+#include "controls/EditorSelection.h"
 #include "platform/characterClasses.h"
 
 #include <Qsci/qsciscintillabase.h>
-
-#include <QByteArray>
 
 #include <algorithm>
 
@@ -19,14 +18,6 @@ int unitsBegunBy(char byte)
     if (isContinuation(byte))
         return 0;
     return static_cast<unsigned char>(byte) >= 0xF0U ? 2 : 1;
-}
-
-QByteArray bytesBetween(const Sci &editor, long begin, long end)
-{
-    QByteArray bytes(end - begin + 1, Qt::Uninitialized);
-    editor.SendScintilla(Sci::SCI_GETTEXTRANGE, begin, end, bytes.data());
-    bytes.chop(1);
-    return bytes;
 }
 
 } // namespace
@@ -61,7 +52,7 @@ long Utf16Positions::toBytes(int units) const
     int left = wanted - lineStart(line);
     if (isAscii(line))
         return std::min(begin + left, end);
-    const QByteArray text = bytesBetween(m_editor, begin, end);
+    const QByteArray text = textBytes(m_editor, {begin, end});
     const auto at = std::find_if(text.begin(), text.end(), [&left](char byte) {
         if (left <= 0 && !isContinuation(byte))
             return true;
@@ -79,7 +70,7 @@ int Utf16Positions::toUnits(long bytes) const
     if (isAscii(line))
         return before + static_cast<int>(bytes - begin);
     int units = before;
-    for (const char byte : bytesBetween(m_editor, begin, bytes))
+    for (const char byte : textBytes(m_editor, {begin, bytes}))
         units += unitsBegunBy(byte);
     return units;
 }
