@@ -2,7 +2,7 @@
 // painted list, in the program's window. The dictionary is tables of a SQLite database in memory.
 
 #include "connection/session.h"
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
 #include "uisupport/PaintWatch.h"

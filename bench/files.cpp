@@ -1,9 +1,9 @@
 // Opening a large file in the editor window, against the bare editor widget that is given the same
 // text with the same colouring; and what a key costs in a file that is one long line.
 
-#include "controls/EditorControl.h"
-#include "controls/SyntaxColouring.h"
-#include "controls/editorFont.h"
+#include "controls/editor/EditorControl.h"
+#include "controls/editor/SyntaxColouring.h"
+#include "controls/editor/editorFont.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
 #include "support/sampleTable.h"

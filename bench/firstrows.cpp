@@ -2,7 +2,7 @@
 // one of a thousand. The driver is told to fetch row by row and to leave transactions alone; by
 // default, and inside a transaction, it reads the whole result before it gives the first row.
 
-#include "controls/DataGrid.h"
+#include "controls/grids/DataGrid.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
 #include "support/sampleTable.h"

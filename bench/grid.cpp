@@ -1,7 +1,7 @@
 // Scrolling the result grid through a million rows, against the same over a model of constants,
 // and copying many cells, against building the same text in a plain loop.
 
-#include "controls/DataGrid.h"
+#include "controls/grids/DataGrid.h"
 #include "dataaccess/Recordset.h"
 #include "support/figures.h"
 #include "support/inTurn.h"

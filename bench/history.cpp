@@ -1,6 +1,6 @@
 // The history dialog over a large history file, against reading that file line by line.
 
-#include "controls/FlexGrid.h"
+#include "controls/grids/FlexGrid.h"
 #include "history/frmSQLHistory.h"
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"

@@ -1,9 +1,9 @@
 // What is done with rows that are there: ordering a million of them, against std::stable_sort of
 // ready keys, looking through them, and reading one very long value.
 
-#include "controls/CellViewer.h"
-#include "controls/DataGrid.h"
-#include "controls/GridSearch.h"
+#include "controls/grids/CellViewer.h"
+#include "controls/grids/DataGrid.h"
+#include "controls/grids/GridSearch.h"
 #include "dataaccess/Recordset.h"
 #include "support/EventTurns.h"
 #include "support/figures.h"

@@ -2,7 +2,7 @@
 // is kept, against keys in one whose text is not.
 
 #include "app/TextKeeper.h"
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
 #include "uisupport/PaintWatch.h"

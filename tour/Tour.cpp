@@ -1,6 +1,6 @@
 #include "Tour.h"
 
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 
 #include <QAction>
 #include <QApplication>

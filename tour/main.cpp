@@ -4,7 +4,7 @@
 #include "Tour.h"
 
 #include "app/startUp.h"
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "platform/applicationFolder.h"
 
 #include <QAbstractButton>

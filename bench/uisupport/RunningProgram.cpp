@@ -1,7 +1,7 @@
 #include "uisupport/RunningProgram.h"
 
 #include "app/MDIFormQuerna.h"
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "editor/frmQuerna.h"
 #include "platform/errorTraps.h"
 #include "support/figures.h"

@@ -1,6 +1,6 @@
 #include "app/FrameView.h"
 
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "platform/errorTraps.h"
 #include "platform/process.h"
 #include "platform/settings.h"

@@ -1,6 +1,6 @@
 #include "app/TextKeeper.h"
 
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "platform/errorTraps.h"
 
 #include <chrono>

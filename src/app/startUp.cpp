@@ -1,9 +1,9 @@
 #include "app/startUp.h"
 
 #include "app/MDIFormQuerna.h"
-#include "controls/editorKeys.h"
-#include "controls/icons.h"
-#include "controls/messageBox.h"
+#include "controls/editor/editorKeys.h"
+#include "controls/forms/icons.h"
+#include "controls/forms/messageBox.h"
 
 #include <QApplication>
 #include <QByteArray>

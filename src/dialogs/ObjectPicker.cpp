@@ -1,9 +1,9 @@
 #include "dialogs/ObjectPicker.h"
 
-#include "controls/accessKey.h"
-#include "controls/enterKey.h"
-#include "controls/mousePointer.h"
-#include "controls/named.h"
+#include "controls/forms/accessKey.h"
+#include "controls/forms/enterKey.h"
+#include "controls/forms/mousePointer.h"
+#include "controls/forms/named.h"
 #include "platform/errorTraps.h"
 #include "sqltext/dictionaryQueries.h"
 #include "sqltext/dictionaryReader.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/EditorTarget.h"
-#include "controls/FormDialog.h"
+#include "controls/editor/EditorTarget.h"
+#include "controls/forms/FormDialog.h"
 #include "dataaccess/Connection.h"
 
 #include <QString>

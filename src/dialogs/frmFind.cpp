@@ -1,7 +1,7 @@
 #include "dialogs/frmFind.h"
 
-#include "controls/accessKey.h"
-#include "controls/named.h"
+#include "controls/forms/accessKey.h"
+#include "controls/forms/named.h"
 #include "platform/errorTraps.h"
 
 #include <QCheckBox>

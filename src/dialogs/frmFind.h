@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/EditorTarget.h"
+#include "controls/editor/EditorTarget.h"
 
 #include <QDialog>
 #include <QTimer>

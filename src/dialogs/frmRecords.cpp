@@ -1,9 +1,9 @@
 #include "dialogs/frmRecords.h"
 
 #include "connection/session.h"
-#include "controls/OkCancelButtons.h"
-#include "controls/accessKey.h"
-#include "controls/named.h"
+#include "controls/forms/OkCancelButtons.h"
+#include "controls/forms/accessKey.h"
+#include "controls/forms/named.h"
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
 #include "platform/numberForms.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/FormDialog.h"
+#include "controls/forms/FormDialog.h"
 
 class QLineEdit;
 

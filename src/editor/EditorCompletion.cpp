@@ -1,8 +1,8 @@
 #include "editor/EditorCompletion.h"
 
 #include "connection/session.h"
-#include "controls/EditorControl.h"
-#include "controls/mousePointer.h"
+#include "controls/editor/EditorControl.h"
+#include "controls/forms/mousePointer.h"
 #include "sqltext/completion.h"
 #include "sqltext/dictionaryReader.h"
 

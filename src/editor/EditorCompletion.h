@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/CompletionPopup.h"
+#include "controls/editor/CompletionPopup.h"
 #include "sqltext/DictionaryNames.h"
 
 #include <QObject>

@@ -1,7 +1,7 @@
 #include "editor/EditorEvents.h"
 
-#include "controls/EditorControl.h"
-#include "controls/EditorViewKeeper.h"
+#include "controls/editor/EditorControl.h"
+#include "controls/editor/EditorViewKeeper.h"
 #include "editor/caretPosition.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/toolBarButtons.h"
+#include "controls/forms/toolBarButtons.h"
 
 class ResultPaging;
 class frmQuerna;

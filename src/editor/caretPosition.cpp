@@ -1,6 +1,6 @@
 #include "editor/caretPosition.h"
 
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "platform/checkedArithmetic.h"
 
 qint32 CurrentLine(const EditorControl &txt)

@@ -1,7 +1,7 @@
 #include "editor/explainPlan.h"
 
 #include "connection/session.h"
-#include "controls/ColumnTree.h"
+#include "controls/grids/ColumnTree.h"
 #include "dataaccess/Recordset.h"
 #include "editor/WindowControls.h"
 #include "platform/RuntimeError.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/CommonDialog.h"
+#include "controls/forms/CommonDialog.h"
 #include "dataaccess/Recordset.h"
 
 #include <QDialog>

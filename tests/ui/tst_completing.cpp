@@ -1,6 +1,6 @@
 #include "connection/frmQuernaLogin.h"
-#include "controls/EditorControl.h"
-#include "controls/messageBox.h"
+#include "controls/editor/EditorControl.h"
+#include "controls/forms/messageBox.h"
 #include "support/SandboxFixture.h"
 #include "support/testFiles.h"
 #include "uisupport/ModalAnswers.h"

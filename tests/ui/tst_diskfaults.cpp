@@ -1,5 +1,5 @@
 #include "app/MDIFormQuerna.h"
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "platform/RuntimeError.h"
 #include "platform/applicationFolder.h"
 #include "support/SandboxFixture.h"

@@ -1,4 +1,4 @@
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "editor/EditorEvents.h"
 #include "editor/caretPosition.h"
 #include "support/raisedError.h"

@@ -1,4 +1,4 @@
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"

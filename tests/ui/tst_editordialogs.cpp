@@ -1,4 +1,4 @@
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
 #include "uisupport/userActions.h"
 
 #include <QApplication>

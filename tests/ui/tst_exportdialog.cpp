@@ -1,5 +1,5 @@
-#include "controls/messageBox.h"
-#include "controls/mousePointer.h"
+#include "controls/forms/messageBox.h"
+#include "controls/forms/mousePointer.h"
 #include "export/frmExport.h"
 #include "platform/applicationFolder.h"
 #include "support/DataRows.h"

@@ -1,5 +1,5 @@
-#include "controls/EditorControl.h"
-#include "controls/messageBox.h"
+#include "controls/editor/EditorControl.h"
+#include "controls/forms/messageBox.h"
 #include "dialogs/frmFind.h"
 #include "support/DataRows.h"
 #include "uisupport/ModalAnswers.h"

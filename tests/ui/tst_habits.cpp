@@ -1,6 +1,6 @@
 #include "app/MDIFormQuerna.h"
-#include "controls/DataGrid.h"
-#include "controls/EditorControl.h"
+#include "controls/editor/EditorControl.h"
+#include "controls/grids/DataGrid.h"
 #include "editor/frmQuerna.h"
 #include "support/DataRows.h"
 #include "support/testFiles.h"

@@ -1,4 +1,4 @@
-#include "controls/DataGrid.h"
+#include "controls/grids/DataGrid.h"
 #include "dataaccess/Connection.h"
 #include "dataaccess/Recordset.h"
 #include "editor/frmQuerna.h"
