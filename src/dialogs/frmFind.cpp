@@ -155,7 +155,7 @@ void frmFind::cmdFindCancel_Click()
     });
 }
 
-/// Moves the caret two characters on, match or not, and searches from the character behind the one
+/// Moves the caret two characters on, match or not, and searches from the character after the one
 /// that the selection began at.
 void frmFind::findNext()
 {

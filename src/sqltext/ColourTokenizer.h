@@ -37,7 +37,7 @@ public:
 private:
     struct Phrase
     {
-        QByteArray rest; ///< the upper-case words behind the first, each after one blank
+        QByteArray rest; ///< the upper-case words after the first, each after one blank
         TextKind kind;
     };
 

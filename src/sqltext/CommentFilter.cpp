@@ -9,7 +9,7 @@ CommentFilter::CommentFilter(const QString &text)
     , m_commentOpenings(m_text, u"/*")
     , m_commentClosings(m_text, u"*/")
     , m_quotes(m_text, u"'")
-    , m_lineFeedsBehindQuotes(m_text, u"\n")
+    , m_lineFeedsAfterQuotes(m_text, u"\n")
     , m_lineEndPairs(m_text, u"\r\n")
     , m_carriageReturns(m_text, u"\r")
     , m_lineFeeds(m_text, u"\n")
@@ -55,7 +55,7 @@ bool CommentFilter::isInBlockComment(qsizetype dashes)
     return m_pairedClosing > dashes;
 }
 
-/// Whether the quotes before and behind the dashes stand on one line that begins behind a line
+/// Whether the quotes before and after the dashes stand on one line that begins after a line
 /// feed. The closing quote of a pair that was used opens no pair.
 bool CommentFilter::isQuoted(qsizetype dashes)
 {
@@ -64,11 +64,11 @@ bool CommentFilter::isQuoted(qsizetype dashes)
     if (m_quoteBefore <= m_quoteUsed || m_quotes.current() == Occurrences::none)
         return false;
     return m_firstLineFeed < m_quoteBefore &&
-           m_lineFeedsBehindQuotes.advanceTo(m_quoteBefore) > m_quotes.current();
+           m_lineFeedsAfterQuotes.advanceTo(m_quoteBefore) > m_quotes.current();
 }
 
-/// Where the text goes on: behind the carriage return of the next pair, however far away; behind
-/// the next lone carriage return when there is no pair; behind the next line feed when there is
+/// Where the text goes on: after the carriage return of the next pair, however far away; after
+/// the next lone carriage return when there is no pair; after the next line feed when there is
 /// neither.
 qsizetype CommentFilter::endOfComment(qsizetype dashes)
 {

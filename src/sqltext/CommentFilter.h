@@ -26,7 +26,7 @@ private:
     Occurrences m_commentOpenings;
     Occurrences m_commentClosings;
     Occurrences m_quotes;
-    Occurrences m_lineFeedsBehindQuotes;
+    Occurrences m_lineFeedsAfterQuotes;
     Occurrences m_lineEndPairs;
     Occurrences m_carriageReturns;
     Occurrences m_lineFeeds;

@@ -9,7 +9,7 @@
 class Occurrences
 {
 public:
-    /// The position behind every text: there is no further occurrence.
+    /// The position after every text: there is no further occurrence.
     static constexpr qsizetype none = std::numeric_limits<qsizetype>::max();
 
     /// Stands on the first occurrence. @p pattern has one or two characters; both texts have to

@@ -8,7 +8,7 @@
 QString upperCase(const QString &text);
 QString lowerCase(const QString &text);
 
-/// Puts "--" before every line, the empty one behind a final line end included.
+/// Puts "--" before every line, the empty one after a final line end included.
 QString commentLines(const QString &text);
 
 /// Takes out every "--", wherever it stands.

@@ -24,7 +24,7 @@ enum class KeyClass {
 /// @param shift    1 Shift + 2 Ctrl + 4 Alt
 KeyClass keyClass(int keyCode, int shift);
 
-/// How many characters before the caret the word to colour is looked for: 1 behind a key that has
+/// How many characters before the caret the word to colour is looked for: 1 after a key that has
 /// just put in or taken out the character before the caret, 0 otherwise.
 int caretOffset(KeyClass lastKey);
 
@@ -37,7 +37,7 @@ struct WordAtCaret
 };
 
 /// The word at the caret, bounded by blanks, tabs, line ends and parentheses.
-/// @param caret  0-based position of the caret in @p text, behind what the key has done
+/// @param caret  0-based position of the caret in @p text, after what the key has done
 WordAtCaret wordAtCaret(QStringView text, int caret, KeyClass lastKey);
 
 /// The class, 1 to 6, that lists @p word in any letter case; 0 when none does.

@@ -6,6 +6,8 @@
 #include "uisupport/userActions.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRandomGenerator>
@@ -58,11 +60,18 @@ struct FindBench
 
 } // namespace
 
+/// The program's dialog to find and replace, and the editor control's own one.
 class tst_finddialog : public QObject
 {
     Q_OBJECT
 private slots:
     void initTestCase() { showMessagesInWindows(); }
+    void init()
+    {
+        m_editor = std::make_unique<EditorControl>();
+        m_editor->show();
+    }
+    void cleanup() { m_editor.reset(); }
     void findsFromTheBeginning();
     void findNext_data();
     void findNext();
@@ -71,11 +80,25 @@ private slots:
     void replacesAgainAndAgain();
     void replaceAllOfLargeText_data();
     void replaceAllOfLargeText();
-    void longReplacingEndsByItself();
     void endlessOneTakesInWhatIsTyped();
     void closingOrLosingTheEditorEndsReplacing();
     void endlessOneEndsWithTheLastWindow();
-    void cancelGivesTheFocusBack();
+    void ownDialogFindsOnwardsAndWraps();
+    void ownDialogHasOptions();
+    void ownDialogStaysAndTells();
+    void ownDialogReplacesOneAfterTheOther();
+    void ownDialogReplacesAllInOneStep();
+    void ownDialogOffersTheSelection();
+
+private:
+    QDialog &dialog() { return *m_editor->findChild<QDialog *>(u"EditorFindDialog"_s); }
+    QString note() { return dialog().findChild<QLabel *>(u"lblNote"_s)->text(); }
+    bool isEnabled(const QString &button)
+    {
+        return dialog().findChild<QPushButton *>(button)->isEnabled();
+    }
+
+    std::unique_ptr<EditorControl> m_editor;
 };
 
 // Letter case counts, whether its box is checked or not.
@@ -196,34 +219,25 @@ void tst_finddialog::replacesAgainAndAgain()
 
 void tst_finddialog::replaceAllOfLargeText_data()
 {
-    const DataRows<QString, QString, QString> row("unit", "find", "replacement");
-    row("plain hits", u"select ename from employees where empno = 4711;\r\n"_s, u"empno"_s,
-        u"employee_number"_s);
-    row("hits across borders", u"ab"_s, u"ab"_s, u"a"_s);
-    row("run shrinking", u"a"_s, u"aa"_s, u"a"_s);
-    row("near misses", u"aaaaaaaaaaaaaaaaaaaaaaab"_s, u"aaaaaaaaaaaaaaaab"_s, u"b"_s);
+    const DataRows<QString, int, QString, QString> row("unit", "times", "find", "replacement");
+    row("plain hits", u"where empno = 4711;\r\n"_s, 50'000, u"empno"_s, u"employee_number"_s);
+    row("hits across borders", u"ab"_s, 500'000, u"ab"_s, u"a"_s);
+    row("near misses", u"aaaaaaaaaaaaaaaaaaaaaaab"_s, 40'000, u"aaaaaaaaaaaaaaaab"_s, u"b"_s);
+    // Sorting takes the square of the length in replacements.
+    row("more than one portion", u"ba"_s, 1000, u"ba"_s, u"ab"_s);
 }
 
-// A million characters: a search from the beginning each time would take minutes to hours.
+// A search from the beginning each time would take minutes to hours.
 void tst_finddialog::replaceAllOfLargeText()
 {
     QFETCH(QString, unit);
+    QFETCH(int, times);
     QFETCH(QString, find);
     QFETCH(QString, replacement);
-    FindBench bench(unit.repeated(1'000'000 / unit.size()));
+    FindBench bench(unit.repeated(times));
     bench.replaceAll(find, replacement);
     QTRY_VERIFY(!bench.replacing());
     QVERIFY(!bench.editor->Text().contains(find));
-}
-
-// Sorting takes the square of the length in replacements, which is more than one portion.
-void tst_finddialog::longReplacingEndsByItself()
-{
-    FindBench bench(u"ba"_s.repeated(1000));
-    bench.replaceAll(u"ba"_s, u"ab"_s);
-    QVERIFY(bench.replacing());
-    QTRY_VERIFY(!bench.replacing());
-    QCOMPARE(bench.editor->Text(), QString(1000, u'a') + QString(1000, u'b'));
 }
 
 void tst_finddialog::endlessOneTakesInWhatIsTyped()
@@ -250,8 +264,10 @@ void tst_finddialog::closingOrLosingTheEditorEndsReplacing()
     FindBench bench(u"banana"_s);
     bench.replaceAll(u"a"_s, u"aa"_s);
     QVERIFY(bench.replacing());
+    QVERIFY(QTest::qWaitForWindowActive(bench.dialog.get()));
     bench.press(u"cmdFindCancel"_s);
     QVERIFY(!bench.dialog->isVisible());
+    QTRY_VERIFY(bench.editor->hasFocus());
     const QString text = bench.editor->Text();
     QTest::qWait(100);
     QCOMPARE(bench.editor->Text(), text);
@@ -270,6 +286,7 @@ void tst_finddialog::closingOrLosingTheEditorEndsReplacing()
 
 void tst_finddialog::endlessOneEndsWithTheLastWindow()
 {
+    m_editor.reset();
     FindBench bench(u"banana"_s);
     bench.replaceAll(u"a"_s, u"aa"_s);
     bool stillReplacing = false;
@@ -282,13 +299,134 @@ void tst_finddialog::endlessOneEndsWithTheLastWindow()
     QVERIFY(stillReplacing);
 }
 
-void tst_finddialog::cancelGivesTheFocusBack()
+void tst_finddialog::ownDialogFindsOnwardsAndWraps()
 {
-    FindBench bench(u"one"_s);
-    QVERIFY(QTest::qWaitForWindowActive(bench.dialog.get()));
-    bench.press(u"cmdFindCancel"_s);
-    QVERIFY(!bench.dialog->isVisible());
-    QTRY_VERIFY(bench.editor->hasFocus());
+    m_editor->setText(u"é one\ntwo one"_s);
+    m_editor->FindDialog();
+    enter(dialog(), u"txtSearch"_s, u"one"_s);
+    const QString next = u"cmdFindNext"_s;
+    const QString previous = u"cmdFindPrevious"_s;
+    for (const auto &[button, start, wraps] :
+         {std::tuple(next, 2, false), std::tuple(next, 11, false), std::tuple(next, 2, true),
+          std::tuple(previous, 11, true), std::tuple(previous, 2, false)}) {
+        click(dialog(), button);
+        QCOMPARE(m_editor->SelStart(), start);
+        QCOMPARE(m_editor->SelText(), u"one"_s);
+        QCOMPARE(note().isEmpty(), !wraps);
+    }
+}
+
+void tst_finddialog::ownDialogHasOptions()
+{
+    m_editor->setText(u"emps EMP Emps Emp ä"_s);
+    m_editor->FindDialog();
+    const auto option = [&](const QString &name) { return dialog().findChild<QCheckBox *>(name); };
+    for (const auto &[wanted, matchCase, wholeWord, start] :
+         {std::tuple(u"Emp"_s, false, false, 0), std::tuple(u"Emp"_s, true, false, 9),
+          std::tuple(u"Emp"_s, false, true, 5), std::tuple(u"Emp"_s, true, true, 14),
+          std::tuple(u"Ä"_s, false, false, 18)}) {
+        dialog().findChild<QLineEdit *>(u"txtSearch"_s)->setText(wanted);
+        option(u"chkMatchCase"_s)->setChecked(matchCase);
+        option(u"chkWholeWord"_s)->setChecked(wholeWord);
+        m_editor->setSelStart(0);
+        click(dialog(), u"cmdFindNext"_s);
+        QCOMPARE(m_editor->SelStart(), start);
+    }
+}
+
+void tst_finddialog::ownDialogStaysAndTells()
+{
+    m_editor->setText(u"a b a"_s);
+    m_editor->setSelStart(1);
+    m_editor->FindDialog();
+    QVERIFY(!dialog().isModal());
+    QVERIFY(!isEnabled(u"cmdFindNext"_s));
+    enter(dialog(), u"txtSearch"_s, u"nothing"_s);
+    click(dialog(), u"cmdFindNext"_s);
+    QVERIFY(note().contains(u"nothing"_s));
+    QCOMPARE(m_editor->SelStart(), 1);
+    enter(dialog(), u"txtSearch"_s, u"a"_s);
+    QCOMPARE(note(), u""_s);
+    auto *search = dialog().findChild<QLineEdit *>(u"txtSearch"_s);
+    QTest::keyClick(search, Qt::Key_Return);
+    QCOMPARE(m_editor->SelStart(), 4);
+    QTest::keyClick(search, Qt::Key_Escape);
+    QVERIFY(!dialog().isVisible());
+    // The same dialog comes back with what was looked for.
+    m_editor->ReplaceDialog();
+    QCOMPARE(m_editor->findChildren<QDialog *>().size(), 1);
+    QCOMPARE(search->text(), u"a"_s);
+    // The editor goes on without it.
+    QTest::keyClick(search, Qt::Key_Escape);
+    QApplication::setActiveWindow(m_editor.get());
+    m_editor->setFocus();
+    QTest::keyClick(m_editor.get(), Qt::Key_F3);
+    QCOMPARE(m_editor->SelStart(), 0);
+    QTest::keyClick(m_editor.get(), Qt::Key_F3, Qt::ShiftModifier);
+    QCOMPARE(m_editor->SelStart(), 4);
+}
+
+void tst_finddialog::ownDialogReplacesOneAfterTheOther()
+{
+    m_editor->setText(u"a x a"_s);
+    m_editor->ReplaceDialog();
+    enter(dialog(), u"txtSearch"_s, u"a"_s);
+    enter(dialog(), u"txtReplacement"_s, u"long"_s);
+    // Nothing is selected yet: the first click only finds.
+    click(dialog(), u"cmdReplace"_s);
+    QCOMPARE(m_editor->GetText(), u"a x a"_s);
+    QCOMPARE(m_editor->SelText(), u"a"_s);
+    click(dialog(), u"cmdReplace"_s);
+    QCOMPARE(m_editor->GetText(), u"long x a"_s);
+    QCOMPARE(m_editor->SelStart(), 7);
+    click(dialog(), u"cmdReplace"_s);
+    QCOMPARE(m_editor->GetText(), u"long x long"_s);
+    QVERIFY(!note().isEmpty());
+}
+
+void tst_finddialog::ownDialogReplacesAllInOneStep()
+{
+    const QString text = u"aa é aaa\r\nA"_s;
+    m_editor->setText(text);
+    m_editor->ReplaceDialog();
+    enter(dialog(), u"txtSearch"_s, u"a"_s);
+    enter(dialog(), u"txtReplacement"_s, u"aa"_s);
+    click(dialog(), u"cmdReplaceAll"_s);
+    QCOMPARE(m_editor->GetText(), u"aaaa é aaaaaa\r\naa"_s);
+    QVERIFY(note().startsWith(u"6 "_s));
+    m_editor->ExecuteCommand(100);
+    QCOMPARE(m_editor->GetText(), text);
+
+    enter(dialog(), u"txtReplacement"_s, {});
+    click(dialog(), u"chkMatchCase"_s);
+    click(dialog(), u"cmdReplaceAll"_s);
+    QCOMPARE(m_editor->GetText(), u" é \r\nA"_s);
+    click(dialog(), u"cmdReplaceAll"_s);
+    QVERIFY(note().startsWith(u"Not found"_s));
+
+    // Many in one line take no longer.
+    m_editor->setText(u"ab "_s.repeated(200000));
+    enter(dialog(), u"txtSearch"_s, u"b"_s);
+    enter(dialog(), u"txtReplacement"_s, u"\\1d"_s);
+    click(dialog(), u"cmdReplaceAll"_s);
+    QVERIFY(note().startsWith(u"200000 "_s));
+    QCOMPARE(m_editor->GetText(), u"a\\1d "_s.repeated(200000));
+}
+
+void tst_finddialog::ownDialogOffersTheSelection()
+{
+    m_editor->setText(u"one two\nthree"_s);
+    m_editor->setSelStart(4);
+    // A selection of several lines is none to look for.
+    for (const int length : {3, 99}) {
+        m_editor->setSelLength(length);
+        m_editor->setReadOnly(length == 99);
+        m_editor->ReplaceDialog();
+        QCOMPARE(dialog().findChild<QLineEdit *>(u"txtSearch"_s)->text(), u"two"_s);
+        QVERIFY(isEnabled(u"cmdFindNext"_s));
+        QCOMPARE(isEnabled(u"cmdReplace"_s), !m_editor->ReadOnly());
+        QCOMPARE(isEnabled(u"cmdReplaceAll"_s), !m_editor->ReadOnly());
+    }
 }
 
 QTEST_MAIN(tst_finddialog)

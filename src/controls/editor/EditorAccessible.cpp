@@ -22,7 +22,7 @@ EditorAccessible::EditorAccessible(EditorControl &editor)
 
 void EditorAccessible::install()
 {
-    // Has to come behind the widget's own, which its constructor installs: the last one is asked
+    // Has to come after the widget's own, which its constructor installs: the last one is asked
     // first.
     static const bool installed = [] {
         QAccessible::installFactory(create);

@@ -13,7 +13,7 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-// In bytes; up to here nobody notices what the base class does behind a change.
+// In bytes; up to here nobody notices what the base class does after a change.
 constexpr long largeText = 2 << 20;
 
 bool isLarge(const QsciScintilla &editor)

@@ -17,8 +17,8 @@ public:
     bool exists() const { return m_control; }
     /// @throws RuntimeError 91 when there is none
     EditorControl &control() const;
-    /// Gives the window the focus; inside it, the control that had it last receives it. Behind a
-    /// modal dialog the window gets it when that closes.
+    /// Gives the window the focus; inside it, the control that had it last receives it. While a
+    /// modal dialog is open, the window gets it when that closes.
     /// @throws RuntimeError 91 when there is no window
     void focusWindow() const;
 

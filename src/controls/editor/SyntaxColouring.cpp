@@ -128,7 +128,7 @@ long SyntaxColouring::colourLines(long from, long wanted)
         const long lineStart = place.position;
         restIsRight = colourLine(text, begin.position, place);
         // The widget's state of the line that a change ended in can be another line's; that of the
-        // line behind it is its own.
+        // line after it is its own.
         if (!restIsRight && keepState(line, place.state))
             restIsRight = lineStart > m_changedEnd && place.position < m_colouredEnd;
     }
@@ -163,13 +163,13 @@ SyntaxColouring::Place SyntaxColouring::lastSurePlace(long from, long line) cons
     return {lineStart, static_cast<int>(m_editor.SendScintilla(Sci::SCI_GETLINESTATE, line - 1))};
 }
 
-/// Whether @p position lies behind every change and was coloured before them.
+/// Whether @p position lies after every change and was coloured before them.
 bool SyntaxColouring::wasColoured(long position) const
 {
     return position > m_changedEnd && position < m_colouredEnd;
 }
 
-/// Colours the rest of the line at @p place and moves @p place behind it.
+/// Colours the rest of the line at @p place and moves @p place to its end.
 /// @param text  begins at the position @p textBegin
 /// @returns whether everything from there on has its colours already
 bool SyntaxColouring::colourLine(const QByteArray &text, long textBegin, Place &place)
