@@ -3,7 +3,6 @@
 #include "controls/editor/EditorAccessible.h"
 #include "controls/editor/EditorChanges.h"
 #include "controls/editor/EditorFindDialog.h"
-#include "controls/editor/EditorLook.h"
 #include "controls/editor/EditorPageSetup.h"
 #include "controls/editor/EditorText.h"
 #include "controls/editor/SyntaxColouring.h"
@@ -210,26 +209,6 @@ void EditorControl::setSelText(const QString &text)
     SendScintilla(SCI_GOTOPOS, end);
     m_formats.continueAt(end);
     reportCaret();
-}
-
-void EditorControl::setFontName(const QString &family)
-{
-    m_look->setFontName(family);
-}
-
-QFont EditorControl::Font() const
-{
-    return m_look->font();
-}
-
-void EditorControl::setBackColor(const QColor &color)
-{
-    m_look->setBackground(color);
-}
-
-QColor EditorControl::BackColor() const
-{
-    return m_look->background();
 }
 
 void EditorControl::ExecuteCommand(int number)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/editor/EditorFormats.h"
+#include "controls/editor/EditorLook.h"
 #include "controls/editor/Utf16Positions.h"
 #include "sqltext/wordClasses.h"
 
@@ -15,7 +16,6 @@
 
 class EditorChanges;
 class EditorFindDialog;
-class EditorLook;
 class EditorPageSetup;
 class EditorText;
 class SyntaxColouring;
@@ -71,13 +71,13 @@ public:
     void setSelStrikeThru(bool on) { m_formats.setStrikeThru(on); }
 
     /// The font family of the whole text.
-    void setFontName(const QString &family);
+    void setFontName(const QString &family) { m_look->setFontName(family); }
     /// What text without a format of its own is written in.
-    QFont Font() const;
+    QFont Font() const { return m_look->font(); }
 
     /// Colours that depend on the background follow it.
-    void setBackColor(const QColor &color);
-    QColor BackColor() const;
+    void setBackColor(const QColor &color) { m_look->setBackground(color); }
+    QColor BackColor() const { return m_look->background(); }
     bool ReadOnly() const { return isReadOnly(); }
 
     /// Command numbers of ExecuteCommand(); other numbers do nothing.
