@@ -9,8 +9,6 @@
 #include <QPlainTextEdit>
 #include <QTest>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
 
 /// What the commands of the editor window send, letter by letter, seen from the driver's side.
@@ -18,45 +16,13 @@ class TestCommandTexts : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
     void runs_data();
     void runs();
-
-private:
-    /// The statements since the last call, each behind a line "--".
-    QString sent();
-
-    std::unique_ptr<ProgramFixture> m_program;
-    QString m_record;
 };
-
-void TestCommandTexts::init()
-{
-    m_program = std::make_unique<ProgramFixture>();
-    m_record = m_program->folder() + u"/statements"_s;
-    qputenv("FAKEDRIVER_STATEMENTS", m_record.toLocal8Bit());
-    m_program->start(u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s);
-    QVERIFY(m_program->editor() != nullptr);
-    sent();
-}
-
-void TestCommandTexts::cleanup()
-{
-    setClockSource({});
-    m_program.reset();
-    qunsetenv("FAKEDRIVER_STATEMENTS");
-}
-
-QString TestCommandTexts::sent()
-{
-    const QByteArray statements = contentOf(m_record);
-    makeFile(m_record, {});
-    return QString::fromUtf8(statements);
-}
 
 void TestCommandTexts::runs_data()
 {
+    // What is sent is noted behind a line "--".
     const DataRows<QString, int, QString> row("statement", "tab", "sent");
     row("statement that changes data", u" update t\r\nset c = 'it''s' -- so\r\nwhere 1 = 1 "_s, 0,
         u"--\nbegin \r\n execute immediate ' update t\nset c = ''it''''s'' -- so\n"
@@ -84,13 +50,19 @@ void TestCommandTexts::runs()
     QFETCH(QString, statement);
     QFETCH(int, tab);
     const MessageAnswers messages;
+    ProgramFixture program;
+    const QString record = program.folder() + u"/statements"_s;
+    qputenv("FAKEDRIVER_STATEMENTS", record.toLocal8Bit());
+    program.start(u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s);
+    makeFile(record, {});
     setClockSource([] { return QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5)).toUTC(); });
-    m_program->control<QLineEdit>(u"txtBufferSize"_s)->setText(u"no number"_s);
-    m_program->run(statement, tab);
-    QTEST(sent(), "sent");
-    QCOMPARE(m_program->panel(5), u"Query executed at 1/2/2026 03:04:05"_s);
+    program.control<QLineEdit>(u"txtBufferSize"_s)->setText(u"no number"_s);
+    program.run(statement, tab);
+    setClockSource({});
+    QTEST(QString::fromUtf8(contentOf(record)), "sent");
+    QCOMPARE(program.panel(5), u"Query executed at 1/2/2026 03:04:05"_s);
     // This driver answers every call with the line "out" and the status 7.
-    QCOMPARE(m_program->control<QPlainTextEdit>(u"rtbdbms"_s)->toPlainText(),
+    QCOMPARE(program.control<QPlainTextEdit>(u"rtbdbms"_s)->toPlainText(),
              tab == 2 ? u"  out\n"_s : QString());
 }
 
