@@ -12,6 +12,7 @@
 #include "dataaccess/text/connectionString.h"
 #include "platform/errorTraps.h"
 #include "support/raisedError.h"
+#include "support/testFiles.h"
 #include "support/textRows.h"
 
 #include <QFile>
@@ -61,18 +62,6 @@ QString opened(const QString &text)
     return u"yes"_s;
 }
 
-/// Logs on to an ODBC data source. @returns the messages that were shown
-QStringList logOn(const QString &database, bool &connected, std::shared_ptr<Connection> &conn,
-                  QString &connectionString)
-{
-    QStringList shown;
-    setMessagePresenter([&](const QString &text) { shown.append(text); });
-    connectDb(u"scott"_s, u"tiger"_s, database, connected, conn, LoginDriver::OdbcDataSource,
-              LoginPrivilege::Normal, connectionString);
-    setMessagePresenter({});
-    return shown;
-}
-
 } // namespace
 
 class tst_connectionstring : public QObject
@@ -84,8 +73,7 @@ private slots:
     void texts() { compareTextRow(); }
     void loginTexts_data();
     void loginTexts() { compareTextRow(); }
-    void failedLogin();
-    void failedBegin();
+    void failedLogins();
     void manyItems();
     void missingOracleDriverIsNamed();
 };
@@ -157,41 +145,33 @@ void tst_connectionstring::loginTexts_data()
         "|User ID|User ID;Data Source;|DSN=ORCL;ChunkSize=65535;Uid=scott;Pwd=x→kept@kept"_s);
 }
 
-void tst_connectionstring::failedLogin()
-{
-    gConnectString = u"the last good one"_s;
-    QString connectionString = u"untouched"_s;
-    const auto before = std::make_shared<Connection>();
-    std::shared_ptr<Connection> conn = before;
-    bool connected = true;
-    QCOMPARE(logOn(u"x;Provider=NoSuchProvider"_s, connected, conn, connectionString),
-             QStringList{errorDescription(ErrorNumber::ProviderNotFound)});
-    QVERIFY(!connected);
-    QVERIFY(conn && conn != before);
-    QCOMPARE(conn->State(), adStateClosed);
-    QCOMPARE(connectionString, u"untouched"_s);
-    QCOMPARE(gConnectString, u"the last good one"_s);
-}
-
-// The connection is open then, and known by its string.
-void tst_connectionstring::failedBegin()
+void tst_connectionstring::failedLogins()
 {
     const QTemporaryDir folder;
-    QFile sources(folder.filePath(u"odbc.ini"_s));
-    QVERIFY(sources.open(QIODevice::WriteOnly));
-    sources.write("[fake]\nDriver = " QUERNA_FAKE_DRIVER "\n");
-    sources.close();
-    qputenv("ODBCINI", QFile::encodeName(sources.fileName()));
-    const QString database = u"fake;NOBEGIN=1"_s;
-    QString connectionString;
-    std::shared_ptr<Connection> conn;
-    bool connected = true;
-    QCOMPARE(logOn(database, connected, conn, connectionString),
-             QStringList{u"there are no transactions"_s});
-    QVERIFY(!connected);
-    QCOMPARE(conn->State(), adStateOpen);
-    QCOMPARE(connectionString, u"DSN=%1;ChunkSize=65535;Uid=scott;Pwd=tiger"_s.arg(database));
+    makeFile(folder.filePath(u"odbc.ini"_s), "[fake]\nDriver = " QUERNA_FAKE_DRIVER "\n");
+    qputenv("ODBCINI", QFile::encodeName(folder.filePath(u"odbc.ini"_s)));
+    gConnectString = u"the last good one"_s;
+    QString connectionString = u"untouched"_s;
+    QStringList shown;
+    setMessagePresenter([&](const QString &text) { shown.append(text); });
+    const auto logOn = [&](const QString &database) {
+        const auto before = std::make_shared<Connection>();
+        std::shared_ptr<Connection> conn = before;
+        bool connected = true;
+        connectDb(u"scott"_s, u"tiger"_s, database, connected, conn, LoginDriver::OdbcDataSource,
+                  LoginPrivilege::Normal, connectionString);
+        return connected || !conn || conn == before ? -1 : conn->State();
+    };
+    QCOMPARE(logOn(u"x;Provider=NoSuchProvider"_s), adStateClosed);
+    QCOMPARE(connectionString, u"untouched"_s);
+    QCOMPARE(gConnectString, u"the last good one"_s);
+    // Without transactions the connection is open, and known by its string.
+    QCOMPARE(logOn(u"fake;NOBEGIN=1"_s), adStateOpen);
+    QCOMPARE(connectionString, u"DSN=fake;NOBEGIN=1;ChunkSize=65535;Uid=scott;Pwd=tiger"_s);
     QCOMPARE(gConnectString, connectionString);
+    setMessagePresenter({});
+    QCOMPARE(shown, QStringList({errorDescription(ErrorNumber::ProviderNotFound),
+                                 u"there are no transactions"_s}));
 }
 
 // Reading takes no longer for an item that has many before it.

@@ -47,9 +47,7 @@ class tst_odbc : public QObject
 private slots:
     void states();
     void transactions();
-    void closingClosesWhatIsOpen();
-    void readsForward();
-    void readsIntoMemory();
+    void readsRows();
     void valuesComeWhole_data();
     void valuesComeWhole();
     void oddColumns();
@@ -57,7 +55,6 @@ private slots:
     void cutValuesAreReadAgain_data();
     void cutValuesAreReadAgain();
     void openResultsAreReleased();
-    void transactionsOutliveFailures();
     void lostConnectionEndsTheReader_data();
     void lostConnectionEndsTheReader();
     void outputsAreReadAfterTheLastResult();
@@ -75,11 +72,19 @@ void tst_odbc::states()
     const auto connection = sqlite();
     QCOMPARE(connection->State(), adStateOpen);
     QCOMPARE(raisedError([&] { connection->Open(u"DSN=x"_s); }), 3705);
+    Recordset reader;
+    reader.Open(u"select 1"_s, connection);
+    Recordset copy;
+    copy.setCursorLocation(adUseClient);
+    copy.Open(u"select 1"_s, connection);
+    Recordset orphan;
+    orphan.Open(u"select 1"_s, sqlite());
     connection->Close();
+    for (const Recordset *closed : {&reader, &copy, &orphan})
+        QCOMPARE(closed->State(), adStateClosed);
     QCOMPARE(connection->State(), adStateClosed);
     QCOMPARE(raisedError([&] { connection->Close(); }), 3704);
-    Recordset rows;
-    QCOMPARE(raisedError([&] { rows.Open(u"select 1"_s, connection); }), 3709);
+    QCOMPARE(raisedError([&] { reader.Open(u"select 1"_s, connection); }), 3709);
     Command command;
     QCOMPARE(raisedError([&] { command.Execute(); }), 3709);
     for (const auto &text :
@@ -117,29 +122,7 @@ void tst_odbc::transactions()
     QCOMPARE(count(), 2);
 }
 
-void tst_odbc::closingClosesWhatIsOpen()
-{
-    const auto connection = sqlite();
-    Recordset reader;
-    reader.Open(u"select 1"_s, connection);
-    Recordset copy;
-    copy.setCursorLocation(adUseClient);
-    copy.Open(u"select 1"_s, connection);
-    const auto own = makeTable({{u"A"_s}}, {});
-    connection->Close();
-    QCOMPARE(reader.State(), adStateClosed);
-    QCOMPARE(copy.State(), adStateClosed);
-    QCOMPARE(own->State(), adStateOpen);
-
-    Recordset orphan;
-    {
-        const auto shortLived = sqlite();
-        orphan.Open(u"select 1"_s, shortLived);
-    }
-    QCOMPARE(orphan.State(), adStateClosed);
-}
-
-void tst_odbc::readsForward()
+void tst_odbc::readsRows()
 {
     const auto connection = sqlite();
     Recordset rows;
@@ -165,18 +148,12 @@ void tst_odbc::readsForward()
         QCOMPARE(result->State(), adStateClosed);
         QCOMPARE(raisedError([&] { result->Eof(); }), 3704);
     }
-}
 
-void tst_odbc::readsIntoMemory()
-{
-    const auto connection = sqlite();
     connection->setCursorLocation(adUseClient);
-    const auto rows = connection->Execute(u"select 2 as A union all select 1"_s);
-    QCOMPARE(rows->RecordCount(), 2);
-    rows->setSort(u"a"_s);
-    QCOMPARE(remainingRows(*rows), QStringList({u"1"_s, u"2"_s}));
-    rows->MoveFirst();
-    QCOMPARE(rows->value(u"A"_s).toInteger(), 1);
+    const auto copy = connection->Execute(u"select 2 as A union all select 1"_s);
+    QCOMPARE(copy->RecordCount(), 2);
+    copy->setSort(u"a"_s);
+    QCOMPARE(remainingRows(*copy), QStringList({u"1"_s, u"2"_s}));
 
     Recordset unsorted;
     unsorted.setCursorLocation(adUseClient);
@@ -189,7 +166,6 @@ void tst_odbc::readsIntoMemory()
 void tst_odbc::valuesComeWhole_data()
 {
     const DataRows<QString, QString, Value> row("type", "literal", "expected");
-    row("integer", u"integer"_s, u"-2147483648"_s, std::int64_t{-2147483648});
     row("largest integer", u"bigint"_s, u"9223372036854775807"_s,
         std::numeric_limits<std::int64_t>::max());
     row("double", u"double"_s, u"0.1"_s, 0.1);
@@ -197,7 +173,6 @@ void tst_odbc::valuesComeWhole_data()
     row("text that reads like a number", u"integer"_s, u"'nan'"_s, u"nan"_s);
     row("fraction in an integer's column", u"integer"_s, u"2.5"_s, 2.5);
     row("null", u"varchar(10)"_s, u"null"_s, NullValue{});
-    row("text", u"varchar(10)"_s, u"'Käse 15 €'"_s, u"Käse 15 €"_s);
     row("beyond the basic plane", u"varchar(10)"_s, u"'a\U0001F600b'"_s, u"a\U0001F600b"_s);
     row("no text", u"varchar(10)"_s, u"''"_s, QString(u""_s));
     row("longer than declared", u"varchar(3)"_s, u"'%1'"_s.arg(QString(5000, u'x')),
@@ -206,9 +181,7 @@ void tst_odbc::valuesComeWhole_data()
     row("number in a date's column", u"date"_s, u"1700000000"_s, 1'700'000'000);
     row("text in a timestamp's column", u"timestamp"_s, u"'29.02.2024'"_s, u"29.02.2024"_s);
     row("time in a timestamp's column", u"datetime"_s, u"'12:34:56.780'"_s, u"12:34:56.780"_s);
-    row("time of day", u"time"_s, u"'23:59:58.10'"_s, u"23:59:58.10"_s);
     row("bytes", u"blob"_s, u"x'00ff10'"_s, QByteArray("\0\xFF\x10", 3));
-    row("4 MB of bytes", u"blob"_s, u"zeroblob(4000000)"_s, QByteArray(4'000'000, '\0'));
     // More than the largest piece that is read at once.
     row("24 MB of text", u"text"_s, u"replace(hex(zeroblob(6000000)), '00', 'yz')"_s,
         QString(u"yz"_s).repeated(6'000'000));
@@ -257,7 +230,7 @@ void tst_odbc::oddColumns()
 void tst_odbc::diagnosticsAreGathered()
 {
     const auto connection = fake();
-    for (const auto &text : {u"refuse 3"_s, u"refuse 3 badlengths"_s, u"badlengths refuse 3"_s}) {
+    for (const auto &text : {u"refuse 3"_s, u"refuse 3 badlengths"_s}) {
         const RuntimeError error = raised([&] { connection->Execute(text); });
         QCOMPARE(error.description, u"reason 3\r\nreason 2\r\nreason 1"_s);
         QCOMPARE(error.number, 903);
@@ -317,19 +290,23 @@ void tst_odbc::cutValuesAreReadAgain()
     QCOMPARE(raisedError(readAll), error);
 }
 
-// Whether the driver refuses, or says beforehand that it will.
+// Whether the driver refuses, says beforehand that it will, or ends them with the transaction.
 void tst_odbc::openResultsAreReleased()
 {
-    for (const auto &items : {u"ONERESULT=1"_s, u"ONERESULT=1;ACTIVITIES=1"_s}) {
+    for (const auto &items : {u"ONERESULT=1"_s, u"ONERESULT=1;ACTIVITIES=1"_s,
+                              // PostgreSQL's driver, as it is registered for narrow texts.
+                              u"NAME=psqlodbca.so;NARROW=1;ROLLSBACK=1"_s}) {
         const auto connection = fake(items);
         Recordset first;
         first.setCacheSize(10);
         first.Open(u"rows 50 integer text 20 20"_s, connection);
-        for (int i = 0; i < 7; ++i)
+        for (int i = 0; i < 6; ++i)
             first.MoveNext();
         Recordset second;
         second.Open(u"rows 3 integer"_s, connection);
-        connection->Execute(u"rows 2 integer"_s);
+        QCOMPARE(raisedError([&] { connection->Execute(u"refuse 1"_s); }), 901);
+        first.MoveNext();
+        connection->Execute(u"rollback"_s);
         QCOMPARE(first.RecordCount(), -1);
         QCOMPARE(raisedError([&] { first.MoveFirst(); }), 3219);
         const QStringList rest = remainingRows(first);
@@ -338,21 +315,6 @@ void tst_odbc::openResultsAreReleased()
         QCOMPARE(rest.last(), u"49,"_s + fakeText(49, 20));
         QCOMPARE(remainingRows(second), QStringList({u"0"_s, u"1"_s, u"2"_s}));
     }
-}
-
-// PostgreSQL's driver, as it is registered for narrow texts.
-void tst_odbc::transactionsOutliveFailures()
-{
-    const auto connection = fake(u"NAME=psqlodbca.so;NARROW=1;ROLLSBACK=1"_s);
-    Recordset reader;
-    reader.setCacheSize(10);
-    reader.Open(u"rows 50 text 20 20"_s, connection);
-    QCOMPARE(raisedError([&] { connection->Execute(u"refuse 1"_s); }), 901);
-    reader.MoveNext();
-    connection->Execute(u"rollback"_s);
-    const QStringList rest = remainingRows(reader);
-    QCOMPARE(rest.size(), 49);
-    QCOMPARE(rest.last(), fakeText(49, 20));
 }
 
 void tst_odbc::lostConnectionEndsTheReader_data()

@@ -7,47 +7,20 @@
 
 namespace {
 
-SQLRETURN parse(Statement &statement, std::istringstream words)
+void parse(Statement &statement, std::istringstream words)
 {
-    std::string word;
-    while (words >> word) {
+    for (std::string word; words >> word; words.clear()) {
         long number = 0;
-        if (word == "rows") {
-            words >> statement.rows;
-        } else if (word == "text" || word == "expression") {
-            Column column{true, word == "text", 0, 0};
-            words >> column.size >> column.length;
-            statement.columns.push_back(column);
-        } else if (word == "integer") {
+        size_t length = 0;
+        words >> number >> length;
+        statement.items.emplace(word, number);
+        if (word == "text" || word == "expression")
+            statement.columns.push_back(
+                {true, word == "text", static_cast<SQLULEN>(number), length});
+        else if (word == "integer")
             statement.columns.push_back({false, true, 10, sizeof(SQLBIGINT)});
-        } else if (word == "lost") {
-            words >> statement.lostRow;
-        } else if (word == "rowerror") {
-            words >> statement.errorRow;
-        } else if (word == "broken") {
-            words >> statement.brokenRow;
-        } else if (word == "refuse") {
-            if (statement.connection->item("ROLLSBACK", 0) != 0 &&
-                statement.connection->item("AB", 0) != 20)
-                statement.endAllResults();
-            for (words >> number; number > 0; --number)
-                statement.fail("42000", static_cast<SQLINTEGER>(900 + number),
-                               "reason " + std::to_string(number));
-            return SQL_ERROR;
-        } else if (word == "nomemory") {
-            statement.connection->isBroken = true;
-            return statement.fail("HY001", 14, "no memory");
-        } else if (word == "rollback") {
-            statement.endAllResults();
-        }
-        statement.storedLength |= word == "storedlength";
-        statement.misreckons |= word == "misreckoned";
-        statement.noTotal |= word == "nototal";
-        statement.isStuck |= word == "stuck";
-        statement.badLengths |= word == "badlengths";
-        statement.isLate |= word == "late";
     }
-    return SQL_SUCCESS;
+    statement.rows = static_cast<SQLULEN>(statement.item("rows"));
 }
 
 } // namespace
@@ -58,14 +31,25 @@ SQLRETURN execute(Statement &statement, const std::string &text)
     const bool isBusy = std::any_of(others.begin(), others.end(), [&](const Statement *other) {
         return other != &statement && other->hasOpenRows();
     });
-    if (isBusy && statement.connection->item("ONERESULT", 0) != 0)
+    if (isBusy && statement.connection->has("ONERESULT"))
         return statement.fail("HY000", 0, "Connection is busy with results for another command");
     if (statement.hasOpenRows())
         return statement.fail("24000", 0, "Invalid cursor state");
     if (statement.connection->isBroken)
         std::abort();
     statement.close();
-    return parse(statement, std::istringstream(text));
+    parse(statement, std::istringstream(text));
+    const bool rollsBack = statement.has("refuse") && statement.connection->has("ROLLSBACK") &&
+                           statement.connection->item("AB") != 20;
+    if (rollsBack || statement.has("rollback"))
+        statement.endAllResults();
+    for (long number = statement.item("refuse"); number > 0; --number)
+        statement.fail("42000", static_cast<SQLINTEGER>(900 + number),
+                       "reason " + std::to_string(number));
+    statement.connection->isBroken = statement.has("nomemory");
+    if (statement.connection->isBroken)
+        statement.fail("HY001", 14, "no memory");
+    return statement.diagnostics.empty() ? SQL_SUCCESS : SQL_ERROR;
 }
 
 std::string valueBytes(const Column &column, SQLULEN row)
@@ -104,12 +88,12 @@ SQLRETURN fillRow(Statement &statement, SQLULEN inBlock)
         const auto offset = static_cast<SQLLEN>(inBlock) * column.width;
         const size_t stored = store(column, bytes, column.values + offset, column.width);
         column.indicators[inBlock] =
-            statement.misreckons
+            statement.has("misreckoned")
                 ? 1
-                : static_cast<SQLLEN>(statement.storedLength ? stored : bytes.size());
+                : static_cast<SQLLEN>(statement.has("storedlength") ? stored : bytes.size());
         isCut |= stored < bytes.size();
     }
-    const bool isError = static_cast<long>(statement.position) == statement.errorRow;
+    const bool isError = statement.isAt("rowerror");
     if (statement.rowStates != nullptr) {
         statement.rowStates[inBlock] = isError ? SQL_ROW_ERROR
                                        : isCut ? SQL_ROW_SUCCESS_WITH_INFO

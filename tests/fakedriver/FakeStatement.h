@@ -16,9 +16,18 @@ struct Diagnostic
 
 struct Handle
 {
-    std::vector<Diagnostic> diagnostics;
-    bool badLengths = false;
+    virtual ~Handle() = default;
 
+    std::vector<Diagnostic> diagnostics;
+    /// The items of a connection string, the words of a statement; each with its number or 0.
+    std::map<std::string, long> items;
+
+    bool has(const std::string &name) const { return items.contains(name); }
+    long item(const std::string &name, long otherwise = 0) const
+    {
+        const auto found = items.find(name);
+        return found == items.end() ? otherwise : found->second;
+    }
     SQLRETURN fail(const std::string &state, SQLINTEGER native, const std::string &text)
     {
         diagnostics.push_back({state, native, text});
@@ -30,15 +39,9 @@ struct Statement;
 
 struct Connection : Handle
 {
-    std::map<std::string, std::string> items;
+    std::string driverName = "Fake";
     std::vector<Statement *> statements;
     bool isBroken = false;
-
-    long item(const std::string &name, long otherwise) const
-    {
-        const auto found = items.find(name);
-        return found == items.end() ? otherwise : std::stol(found->second);
-    }
 };
 
 struct Column
@@ -69,7 +72,7 @@ struct Statement : Handle
     {
         c->statements.push_back(this);
     }
-    ~Statement() { std::erase(connection->statements, this); }
+    ~Statement() override { std::erase(connection->statements, this); }
 
     Connection *connection;
     std::string prepared;
@@ -82,15 +85,12 @@ struct Statement : Handle
     SQLULEN rowsPerBlock = 1;
     SQLULEN *fetchedCount = nullptr;
     SQLUSMALLINT *rowStates = nullptr;
-    long lostRow = -1;
-    long errorRow = -1;
-    long brokenRow = -1;
-    bool storedLength = false;
-    bool misreckons = false;
-    bool noTotal = false;
-    bool isStuck = false;
-    bool isLate = false;
 
+    /// Whether the word that names a row names the current one.
+    bool isAt(const std::string &word) const
+    {
+        return item(word, -1) == static_cast<long>(position);
+    }
     bool hasOpenRows() const { return !columns.empty() && fetched < rows; }
     void endAllResults()
     {
@@ -101,8 +101,7 @@ struct Statement : Handle
     {
         columns.clear();
         rows = fetched = 0;
-        lostRow = errorRow = brokenRow = -1;
-        storedLength = misreckons = noTotal = isStuck = isLate = badLengths = false;
+        items.clear();
     }
 };
 

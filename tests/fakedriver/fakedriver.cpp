@@ -35,6 +35,7 @@
 
 #include "FakeStatement.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -76,25 +77,18 @@ extern "C" {
 
 SQLRETURN SQL_API SQLAllocHandle(SQLSMALLINT type, SQLHANDLE parent, SQLHANDLE *handle)
 {
-    if (type == SQL_HANDLE_ENV)
-        *handle = new Handle;
-    else if (type == SQL_HANDLE_DBC)
-        *handle = new Connection;
-    else if (type == SQL_HANDLE_STMT)
-        *handle = new Statement(static_cast<Connection *>(parent));
+    Handle *made = nullptr;
+    if (type == SQL_HANDLE_STMT)
+        made = new Statement(static_cast<Connection *>(parent));
     else
-        return SQL_ERROR;
+        made = type == SQL_HANDLE_ENV ? new Handle : new Connection;
+    *handle = made;
     return SQL_SUCCESS;
 }
 
-SQLRETURN SQL_API SQLFreeHandle(SQLSMALLINT type, SQLHANDLE handle)
+SQLRETURN SQL_API SQLFreeHandle(SQLSMALLINT, SQLHANDLE handle)
 {
-    if (type == SQL_HANDLE_ENV)
-        delete static_cast<Handle *>(handle);
-    else if (type == SQL_HANDLE_DBC)
-        delete static_cast<Connection *>(handle);
-    else
-        delete static_cast<Statement *>(handle);
+    delete static_cast<Handle *>(handle);
     return SQL_SUCCESS;
 }
 
@@ -113,7 +107,7 @@ SQLRETURN SQL_API SQLSetEnvAttr(SQLHENV, SQLINTEGER, SQLPOINTER, SQLINTEGER)
 SQLRETURN SQL_API SQLSetConnectAttr(SQLHDBC handle, SQLINTEGER attribute, SQLPOINTER, SQLINTEGER)
 {
     auto &connection = as<Connection>(handle);
-    if (attribute == SQL_ATTR_AUTOCOMMIT && connection.item("NOBEGIN", 0) != 0)
+    if (attribute == SQL_ATTR_AUTOCOMMIT && connection.has("NOBEGIN"))
         return connection.fail("HY000", 1453, "there are no transactions");
     return SQL_SUCCESS;
 }
@@ -125,8 +119,11 @@ SQLRETURN SQL_API SQLDriverConnect(SQLHDBC handle, SQLHWND, SQLCHAR *text, SQLSM
     const std::string whole = textOf(text, length);
     std::istringstream items(whole);
     for (std::string item; std::getline(items, item, ';');) {
-        if (const size_t equals = item.find('='); equals != std::string::npos)
-            connection.items.emplace(item.substr(0, equals), item.substr(equals + 1));
+        const std::string name = item.substr(0, item.find('='));
+        const std::string value = item.substr(std::min(item.size(), name.size() + 1));
+        connection.items.emplace(name, std::atol(value.c_str()));
+        if (name == "NAME")
+            connection.driverName = value;
     }
     if (const char *const record = std::getenv("FAKEDRIVER_RECORD"))
         std::ofstream(record) << whole;
@@ -152,20 +149,15 @@ SQLRETURN SQL_API SQLGetInfo(SQLHDBC handle, SQLUSMALLINT what, SQLPOINTER value
     case SQL_GETDATA_EXTENSIONS:
         return give(value, static_cast<SQLUINTEGER>(connection.item("GETDATA", 15)));
     case SQL_MAX_CONCURRENT_ACTIVITIES:
-        return give(value, static_cast<SQLUSMALLINT>(connection.item("ACTIVITIES", 0)));
+        return give(value, static_cast<SQLUSMALLINT>(connection.item("ACTIVITIES")));
     case SQL_CURSOR_COMMIT_BEHAVIOR:
     case SQL_CURSOR_ROLLBACK_BEHAVIOR:
-        return give(value, static_cast<SQLUSMALLINT>(connection.item("ROLLSBACK", 0) != 0
-                                                         ? SQL_CB_CLOSE
-                                                         : SQL_CB_PRESERVE));
+        return give(value, static_cast<SQLUSMALLINT>(
+                               connection.has("ROLLSBACK") ? SQL_CB_CLOSE : SQL_CB_PRESERVE));
     case SQL_DRIVER_ODBC_VER:
     case SQL_DBMS_NAME:
     case SQL_DRIVER_NAME: {
-        const auto name = connection.items.find("NAME");
-        const std::string text = what == SQL_DRIVER_ODBC_VER ? "03.51"
-                                 : what == SQL_DRIVER_NAME && name != connection.items.end()
-                                     ? name->second
-                                     : "Fake";
+        const std::string text = what == SQL_DRIVER_ODBC_VER ? "03.51" : connection.driverName;
         std::snprintf(static_cast<char *>(value), static_cast<size_t>(room), "%s", text.c_str());
         if (length != nullptr)
             *length = static_cast<SQLSMALLINT>(text.size());
@@ -188,7 +180,8 @@ SQLRETURN SQL_API SQLGetDiagRec(SQLSMALLINT, SQLHANDLE handle, SQLSMALLINT numbe
     *native = record.native;
     std::snprintf(reinterpret_cast<char *>(text), static_cast<size_t>(room), "%s",
                   record.text.c_str());
-    *length = object.badLengths ? SQLSMALLINT{-5} : static_cast<SQLSMALLINT>(record.text.size());
+    *length =
+        object.has("badlengths") ? SQLSMALLINT{-5} : static_cast<SQLSMALLINT>(record.text.size());
     return SQL_SUCCESS;
 }
 
@@ -289,8 +282,7 @@ SQLRETURN SQL_API SQLBindCol(SQLHSTMT handle, SQLUSMALLINT number, SQLSMALLINT c
 {
     Column &column = as<Statement>(handle).columns[number - 1U];
     column.isNarrow = column.isText && cType == SQL_C_CHAR;
-    if (static_cast<Statement *>(handle)->connection->item("NARROW", 0) != 0 &&
-        cType == SQL_C_WCHAR)
+    if (static_cast<Statement *>(handle)->connection->has("NARROW") && cType == SQL_C_WCHAR)
         return static_cast<Statement *>(handle)->fail("07006", 14, "unsupported type");
     column.cType = cType;
     column.values = static_cast<char *>(values);
@@ -307,7 +299,7 @@ SQLRETURN SQL_API SQLFetch(SQLHSTMT handle)
     statement.blockStart = statement.fetched;
     for (; inBlock < statement.rowsPerBlock && statement.fetched < statement.rows; ++inBlock) {
         statement.position = statement.fetched;
-        if (static_cast<long>(statement.position) == statement.lostRow)
+        if (statement.isAt("lost"))
             return statement.fail("08S01", 3113, "the connection is lost");
         if (fillRow(statement, inBlock) == SQL_SUCCESS_WITH_INFO)
             result = SQL_SUCCESS_WITH_INFO;
@@ -342,27 +334,27 @@ SQLRETURN SQL_API SQLGetData(SQLHSTMT handle, SQLUSMALLINT number, SQLSMALLINT, 
             return statement.fail("07009", 0, "a later column is bound");
     }
     const std::string bytes = valueBytes(column, statement.position).substr(column.given);
-    if (statement.isStuck) {
+    if (statement.has("stuck")) {
         *indicator = SQL_NO_TOTAL;
         return SQL_SUCCESS_WITH_INFO;
     }
-    if (column.given > 0 && static_cast<long>(statement.position) == statement.brokenRow) {
-        statement.brokenRow = -1;
+    if (column.given > 0 && statement.isAt("broken")) {
+        statement.items.erase("broken");
         return statement.fail("HY000", 57, "the value breaks off");
     }
     const size_t stored = store(column, bytes, static_cast<char *>(target), room);
     const bool isCut = stored < bytes.size();
     column.given += stored;
-    *indicator = isCut && statement.noTotal
+    *indicator = isCut && statement.has("nototal")
                      ? SQL_NO_TOTAL
-                     : static_cast<SQLLEN>(statement.storedLength ? stored : bytes.size());
+                     : static_cast<SQLLEN>(statement.has("storedlength") ? stored : bytes.size());
     return isCut ? SQL_SUCCESS_WITH_INFO : SQL_SUCCESS;
 }
 
 SQLRETURN SQL_API SQLMoreResults(SQLHSTMT handle)
 {
     auto &statement = as<Statement>(handle);
-    if (statement.isLate)
+    if (statement.has("late"))
         return statement.fail("42000", 1476, "a late failure");
     for (const Output &output : statement.outputs) {
         const bool isText = output.cType == SQL_C_WCHAR || output.cType == SQL_C_CHAR;
