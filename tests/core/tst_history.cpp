@@ -269,14 +269,14 @@ void tst_History::memory()
         file.write("select 'a statement' from dual\r\nSQLTIME\r\n1/1/2024 0" +
                    QByteArray::number(i % 9) + ":00:00\r\nSQLEND\r\n");
     file.close();
-    const auto [forRecords, stored] = growth(records);
+    [[maybe_unused]] const auto [forRecords, stored] = growth(records);
 
     QVERIFY(file.open(QIODevice::WriteOnly));
     for (const QByteArray part(1 << 20, 'x'); file.size() < megabytes << 20;)
         file.write(part);
     file.write("\r\nSQLTIME\r\n1/1/2024\r\nSQLEND\r\na\r\nSQLTIME\r\n1/2/2024\r\nSQLEND\r\n");
     file.close();
-    const long forLine = growth(1).first;
+    [[maybe_unused]] const long forLine = growth(1).first;
 #ifndef __SANITIZE_ADDRESS__ // which keeps memory that has been given back
     QVERIFY2(forRecords < stored * 3 / 2, qPrintable(u"%1 for %2"_s.arg(forRecords).arg(stored)));
     QVERIFY2(forLine < 3 * megabytes, qPrintable(QString::number(forLine)));
