@@ -7,6 +7,8 @@
 #include "support/tables.h"
 
 #include <cmath>
+#include <functional>
+#include <initializer_list>
 #include <limits>
 #include <utility>
 
@@ -17,19 +19,16 @@ class tst_recordset : public QObject
     Q_OBJECT
 
 private slots:
-    void closedRecordsetRefuses();
-    void fieldsAreAppendedWhileClosed();
+    void whileClosed();
     void movesThroughRows();
     void keepsEveryValue_data();
     void keepsEveryValue();
-    void copiesRowsWithNullsAsEmptyTexts();
+    void fieldsTakeWhatTheyAreFor();
     void rowsThatFillManyBlocks();
-    void textsAreLimitedByTheirField();
     void sorts_data();
     void sorts();
     void sortIsKeptForLaterRows();
     void ordersRowsForViews();
-    void appendsRowText();
     void valuesInParts();
 };
 
@@ -58,25 +57,17 @@ QString texts(Recordset &table)
 
 } // namespace
 
-void tst_recordset::closedRecordsetRefuses()
-{
-    Recordset closed;
-    QCOMPARE(closed.State(), adStateClosed);
-    QCOMPARE(raisedError([&] { closed.Eof(); }), 3704);
-    QCOMPARE(raisedError([&] { closed.RecordCount(); }), 3704);
-    QCOMPARE(raisedError([&] { closed.MoveFirst(); }), 3704);
-    QCOMPARE(raisedError([&] { closed.MoveNext(); }), 3704);
-    QCOMPARE(raisedError([&] { closed.AddNew(); }), 3704);
-    QCOMPARE(raisedError([&] { closed.value(u"V"_s); }), 3704);
-    QCOMPARE(raisedError([&] { closed.Close(); }), 3704);
-    QCOMPARE(raisedError([&] { closed.Open(); }), 3709);
-    QCOMPARE(raisedError([&] { closed.Open(u"select 1"_s, nullptr); }), 3709);
-    QCOMPARE(raisedError([&] { closed.setCacheSize(0); }), 3001);
-}
-
-void tst_recordset::fieldsAreAppendedWhileClosed()
+void tst_recordset::whileClosed()
 {
     Recordset table;
+    for (const std::function<void()> &call : std::initializer_list<std::function<void()>>{
+             [&] { table.Eof(); }, [&] { table.RecordCount(); }, [&] { table.MoveFirst(); },
+             [&] { table.MoveNext(); }, [&] { table.AddNew(); }, [&] { table.value(u"V"_s); },
+             [&] { table.Close(); }})
+        QCOMPARE(raisedError(call), 3704);
+    QCOMPARE(raisedError([&] { table.Open(); }), 3709);
+    QCOMPARE(raisedError([&] { table.Open(u"select 1"_s, nullptr); }), 3709);
+    QCOMPARE(raisedError([&] { table.setCacheSize(0); }), 3001);
     table.appendField(u"One"_s, adVariant);
     table.appendField(u"two"_s, adVarChar, 10);
     table.appendField(u"ONE"_s, adVariant);
@@ -85,8 +76,6 @@ void tst_recordset::fieldsAreAppendedWhileClosed()
     table.Open();
     QCOMPARE(table.fieldIndex(u"ONE"_s), 2);
     QCOMPARE(table.fieldIndex(u"one"_s), 0);
-    QCOMPARE(table.fieldCount(), 3);
-    QCOMPARE(table.fieldIndex(u"TWO"_s), 1);
     QCOMPARE(table.fieldType(1), adVarChar);
     QCOMPARE(raisedError([&] { table.fieldIndex(u"three"_s); }), 3265);
     QCOMPARE(raisedError([&] { table.fieldName(3); }), 3265);
@@ -132,14 +121,12 @@ void tst_recordset::keepsEveryValue_data()
     row("empty", EmptyValue{});
     row("null", NullValue{});
     row("true", true);
-    row("false", false);
     for (const std::int64_t number :
          {std::int64_t{0}, std::int64_t{-1}, std::int64_t{127}, std::int64_t{128},
           std::int64_t{-129}, std::numeric_limits<std::int64_t>::max(),
           std::numeric_limits<std::int64_t>::min()})
         row(qPrintable(u"integer %1"_s.arg(number)), number);
     row("double", 1.0 / 3);
-    row("small double", -2.5e-20);
     row("38 digits", ExactNumber{u"-12345678901234567890123456789012345.678"_s});
     row("no digits", ExactNumber{QString()});
     row("zeros to drop and to add", ExactNumber{u"-.1400"_s});
@@ -175,6 +162,10 @@ void tst_recordset::keepsEveryValue()
         QCOMPARE(table->value(1), value); // while it is being edited
     }
     const QString text = value.toText();
+    QString line = u">"_s;
+    table->appendRowText(2, 0, 2, u',', line); // so is this
+    table->appendRowText(0, 1, 2, u'\t', line);
+    QCOMPARE(line, u">2,%1,end%1\tend"_s.arg(text));
     table->MoveFirst();
     for (int row = 0; row < 3; ++row, table->MoveNext()) {
         QCOMPARE(table->value(2), Value(u"end"_s));
@@ -191,7 +182,7 @@ void tst_recordset::keepsEveryValue()
     }
 }
 
-void tst_recordset::copiesRowsWithNullsAsEmptyTexts()
+void tst_recordset::fieldsTakeWhatTheyAreFor()
 {
     const QList<TableColumn> two = {{u"A"_s}, {u"B"_s}};
     const auto source = makeTable(two, {{NullValue{}, ExactNumber{u"1.50"_s}}});
@@ -206,6 +197,13 @@ void tst_recordset::copiesRowsWithNullsAsEmptyTexts()
     QCOMPARE(raisedError([&] { makeSingle()->addNewFrom(*source); }), 3001);
     source->MoveNext();
     QCOMPARE(raisedError([&] { source->addNewFrom(*source); }), 3021);
+
+    const auto limited = makeTable({{u"T"_s, adVarChar, 5}, {u"D"_s, adVarChar, 1000}},
+                                   // A date becomes the field's text.
+                                   {{u"12345"_s, Timestamp{2026, 9, 1, 13, 5, 9, 0}}});
+    QCOMPARE(raisedError([&] { limited->setValue(0, u"123456"_s); }), -2147217887);
+    QCOMPARE(limited->value(0), Value(u"12345"_s));
+    QCOMPARE(limited->value(1), Value(u"9/1/2026 13:05:09"_s));
 }
 
 void tst_recordset::rowsThatFillManyBlocks()
@@ -222,16 +220,6 @@ void tst_recordset::rowsThatFillManyBlocks()
     for (int row = rows - 1; row >= 0; row -= 7)
         QCOMPARE(table->textAt(row, 0), textOf(row));
     QVERIFY(table->storedBytes() < textLength * 13 / 10);
-}
-
-void tst_recordset::textsAreLimitedByTheirField()
-{
-    const auto table = makeTable({{u"T"_s, adVarChar, 5}, {u"D"_s, adVarChar, 1000}},
-                                 // A date becomes the field's text.
-                                 {{u"12345"_s, Timestamp{2026, 9, 1, 13, 5, 9, 0}}});
-    QCOMPARE(raisedError([&] { table->setValue(0, u"123456"_s); }), -2147217887);
-    QCOMPARE(table->value(0), Value(u"12345"_s));
-    QCOMPARE(table->value(1), Value(u"9/1/2026 13:05:09"_s));
 }
 
 void tst_recordset::sorts_data()
@@ -276,50 +264,29 @@ void tst_recordset::sortIsKeptForLaterRows()
 void tst_recordset::ordersRowsForViews()
 {
     const QString equal(3000, u'e');
-    const QByteArray longBytes(3000, '\x7F');
-    const auto digits = [](const char *text) {
-        return Value(ExactNumber{QString::fromLatin1(text)});
-    };
-    const auto text = [](const QString &value) { return Value(value); };
-    const QList<Value> ascending = {false,
-                                    true,
-                                    digits("-12345678901234567890123456789012345678.5"),
-                                    digits("-12345678901234567890123456789012345678"),
-                                    -1.25,
-                                    -1,
-                                    digits("-.05"),
-                                    0,
-                                    digits("1E-200"),
-                                    2.5e-10,
-                                    digits("0.0500"),
-                                    9,
-                                    digits("9.5"),
-                                    10.25,
-                                    9007199254740993,
-                                    digits("9007199254740993.5"),
-                                    digits("12345678901234567890123456789012345677"),
-                                    digits("12345678901234567890123456789012345678"),
-                                    1e200,
-                                    Timestamp{-44, 3, 15},
-                                    Timestamp{2024, 3, 5},
-                                    Timestamp{2024, 3, 5, 0, 0, 0, 1},
-                                    Timestamp{2024, 3, 5, 0, 0, 0, 256},
-                                    Timestamp{2024, 10, 1},
-                                    text(u"10"_s),
-                                    text(u"9"_s),
-                                    text(u"B"_s),
-                                    text(u"a"_s),
-                                    text(u"a"_s + QChar(u'\0')),
-                                    text(u"a b"_s),
-                                    text(equal),
-                                    text(equal + u"a"_s),
-                                    text(equal + u"b"_s),
-                                    text(equal + u"\u0416"_s),
-                                    text(u"\u00e4"_s),
-                                    text(u"\uff5e"_s),
-                                    text(u"\U0001F600"_s),
-                                    QByteArray("\x7F"),
-                                    QByteArray("\x80")};
+    QList<Value> ascending = {false, true};
+    // Those with a sign before them are exact.
+    const auto numbers =
+        u"#-12345678901234567890123456789012345678.5 "
+        "#-12345678901234567890123456789012345678 -1.25 -1 #-.05 0 #1E-200 2.5e-10 "
+        "#0.0500 9 #9.5 10.25 9007199254740993 #9007199254740993.5 "
+        "#12345678901234567890123456789012345677 "
+        "#12345678901234567890123456789012345678 1e200"_s;
+    for (const QString &number : numbers.split(u' ')) {
+        if (number.startsWith(u'#'))
+            ascending.append(ExactNumber{number.sliced(1)});
+        else if (number.contains(u'.') || number.contains(u'e'))
+            ascending.append(number.toDouble());
+        else
+            ascending.append(std::int64_t{number.toLongLong()});
+    }
+    ascending += {Timestamp{-44, 3, 15}, Timestamp{2024, 3, 5}, Timestamp{2024, 3, 5, 0, 0, 0, 1},
+                  Timestamp{2024, 3, 5, 0, 0, 0, 256}, Timestamp{2024, 10, 1}};
+    for (const QString &text :
+         {u"10"_s, u"9"_s, u"B"_s, u"a"_s, u"a"_s + QChar(u'\0'), u"a b"_s, equal, equal + u"a"_s,
+          equal + u"b"_s, equal + u"\u0416"_s, u"\u00e4"_s, u"\uff5e"_s, u"\U0001F600"_s})
+        ascending.append(text);
+    ascending += {QByteArray("\x7F"), QByteArray("\x80")};
     const auto count = static_cast<int>(ascending.size());
     QList<QList<Value>> rows;
     for (int i = 0; i < 2 * count; ++i)
@@ -346,17 +313,6 @@ void tst_recordset::ordersRowsForViews()
     QCOMPARE(raisedError([&] { table->rowsOrderedBy(2, false); }), 3265);
     const auto plain = makeSingle({2, -0.0, 1e300, -3, 0, -3.5, 1.75, std::nan(""), 2.0});
     QCOMPARE(plain->rowsOrderedBy(0, false), std::vector<int>({5, 3, 1, 4, 6, 0, 8, 2, 7}));
-}
-
-void tst_recordset::appendsRowText()
-{
-    const auto table =
-        makeTable({{u"A"_s}, {u"B"_s}, {u"C"_s}, {u"D"_s}}, {{1, u"€"_s, ExactNumber{u"2.500"_s}}});
-    QString text = u">"_s;
-    table->appendRowText(0, 0, 3, u',', text); // while it is being edited
-    table->MoveNext();
-    table->appendRowText(0, 1, 2, u'\t', text);
-    QCOMPARE(text, u">1,€,2.5,€\t2.5"_s);
 }
 
 void tst_recordset::valuesInParts()
