@@ -51,11 +51,6 @@ QString procedureCall(const QString &text)
     return sent == text ? u"-"_s : sent;
 }
 
-QString aliasesIn(const QString &text)
-{
-    return tnsAliases(text).join(u' ');
-}
-
 QString opened(const QString &text)
 {
     Connection().Open(text);
@@ -92,10 +87,11 @@ void tst_connectionstring::texts_data()
         "provider = MSDASQL;DSN=x;Uid=a→DSN=x;Uid=a|"
         "Provider=MSDASQL;Pwd={a;provider=b};DSN=x→Pwd={a;provider=b};DSN=x|"
         "Provider=nobody;Data Source=x→error 3706"_s);
-    addTextRows("aliases", aliasesIn,
-                u"# X = (\r\nA.world, B=\r\n  (D=(H=x)(P=1)) # Y=(\r\nifile = /x/y.ora\r\n"
-                "C\r\n=(D)\r\nB=(D)→A.world B C|A=(D=(H=(P=1)\nB=(D))\nC,\nD = (→A B C D|"
-                "A=(D=(H=\"(\nB= # x\n()|junk\nA=\n() B=\n()→A B|=()|(A=(D))|A=B(C)|A B=(D)|→"_s);
+    addTextRows(
+        "aliases", [](const QString &text) { return tnsAliases(text).join(u' '); },
+        u"# X = (\r\nA.world, B=\r\n  (D=(H=x)(P=1)) # Y=(\r\nifile = /x/y.ora\r\n"
+        "C\r\n=(D)\r\nB=(D)→A.world B C|A=(D=(H=(P=1)\nB=(D))\nC,\nD = (→A B C D|"
+        "A=(D=(H=\"(\nB= # x\n()|junk\nA=\n() B=\n()→A B|=()|(A=(D))|A=B(C)|A B=(D)|→"_s);
     addTextRows("procedure", procedureCall,
                 u"dbms_output.disable→{call dbms_output.disable}|"
                 "dbms_output.enable(abc)→{call dbms_output.enable(abc)}|"

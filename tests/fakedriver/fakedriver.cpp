@@ -77,12 +77,10 @@ extern "C" {
 
 SQLRETURN SQL_API SQLAllocHandle(SQLSMALLINT type, SQLHANDLE parent, SQLHANDLE *handle)
 {
-    Handle *made = nullptr;
-    if (type == SQL_HANDLE_STMT)
-        made = new Statement(static_cast<Connection *>(parent));
-    else
-        made = type == SQL_HANDLE_ENV ? new Handle : new Connection;
-    *handle = made;
+    *handle = type == SQL_HANDLE_STMT
+                  ? static_cast<Handle *>(new Statement(static_cast<Connection *>(parent)))
+              : type == SQL_HANDLE_DBC ? new Connection
+                                       : new Handle;
     return SQL_SUCCESS;
 }
 
@@ -365,12 +363,6 @@ SQLRETURN SQL_API SQLMoreResults(SQLHSTMT handle)
     }
     statement.columns.clear();
     return SQL_NO_DATA;
-}
-
-SQLRETURN SQL_API SQLRowCount(SQLHSTMT, SQLLEN *count)
-{
-    *count = -1;
-    return SQL_SUCCESS;
 }
 
 } // extern "C"

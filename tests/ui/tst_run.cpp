@@ -64,8 +64,7 @@ private slots:
     void commandsWhileRetrieving_data();
     void commandsWhileRetrieving();
     void dmlStaysInTheTransaction();
-    void planOfAJoin();
-    void planFailures();
+    void plans();
     void serverOutput();
     void script();
     void missingConnectionIsReportedAlike();
@@ -189,7 +188,7 @@ void TestRun::dmlStaysInTheTransaction()
     QCOMPARE(SandboxFixture::scalar(m_server, u"select count(*) from emp"_s), u"14"_s);
 }
 
-void TestRun::planOfAJoin()
+void TestRun::plans()
 {
     ProgramFixture program(sandbox);
     program.run(u"select * from dept"_s);
@@ -211,33 +210,28 @@ void TestRun::planOfAJoin()
     // A second request in the same second replaces the first one's rows.
     program.run(u"select * from emp where hiredate > '10:30'"_s, 1);
     QCOMPARE(tree->topLevelItemCount(), 1);
-}
 
-void TestRun::planFailures()
-{
-    ProgramFixture program(sandbox);
     MessageAnswers messages;
     program.run(u"select * from no_such_table"_s, 1);
     QCOMPARE(messages.texts.size(), 1);
-    QVERIFY(program.history().startsWith("select * from no_such_table\r\nSQLTIME"));
+    QVERIFY(program.history().contains("\r\nselect * from no_such_table\r\nSQLTIME"));
 
     // A step past the table of nodes ends the filling; the steps before it stay.
-    ColumnTree tree;
-    setupPlanColumns(tree);
+    ColumnTree steps;
+    setupPlanColumns(steps);
     const QString step = u"select '%1' query_plan, %2 id, %3 parent_id, 'T' object_name, "
                          "'1' cardinality, ' ' bytes, '2' cost from dual"_s;
     QCOMPARE(raisedError([&] {
-                 fillPlanTree(tree, QStringList{step.arg(u"ROOT"_s, u"0"_s, u"null"_s),
-                                                step.arg(u"LAST"_s, u"500"_s, u"0"_s),
-                                                step.arg(u"FAR"_s, u"501"_s, u"0"_s),
-                                                step.arg(u"NEVER"_s, u"1"_s, u"0"_s)}
-                                        .join(u" union all "_s));
+                 fillPlanTree(steps, QStringList{step.arg(u"ROOT"_s, u"0"_s, u"null"_s),
+                                                 step.arg(u"LAST"_s, u"500"_s, u"0"_s),
+                                                 step.arg(u"FAR"_s, u"501"_s, u"0"_s),
+                                                 step.arg(u"NEVER"_s, u"1"_s, u"0"_s)}
+                                         .join(u" union all "_s));
              }),
              ErrorNumber::SubscriptOutOfRange);
-    QString text;
-    appendPlan(tree.topLevelItem(0), 0, text);
-    QCOMPARE(text, u"ROOT|\n  LAST|T|1| |2|\n"_s);
-    QCOMPARE(messages.texts.size(), 1);
+    plan.clear();
+    appendPlan(steps.topLevelItem(0), 0, plan);
+    QCOMPARE(plan, u"ROOT|\n  LAST|T|1| |2|\n"_s);
 }
 
 void TestRun::serverOutput()
@@ -250,7 +244,6 @@ void TestRun::serverOutput()
                 "dbms_output.put_line('three'); end;"_s,
                 2);
     QCOMPARE(pane->toPlainText(), u"  one\n  three\n"_s);
-    QVERIFY(program.panel(5).startsWith(u"Query executed at "_s));
     program.run(u"select 1 from dual"_s, 2);
     QCOMPARE(pane->toPlainText(), QString());
 
