@@ -68,7 +68,8 @@ public:
         , m_colouring(*this, m_formats)
     {
         m_colouring.setDefinition(parseSyntaxDefinition(QString::fromUtf8(contentsOf(syntaxFile))));
-        m_colouring.setLook(EditorTheme(like.BackColor()), fixedWidthFamily(), defaultPoints());
+        m_colouring.setLook(ColourTheme(like.BackColor(), like.palette().color(QPalette::Text)),
+                            fixedWidthFamily(), defaultPoints());
         connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this,
                 [this](int position) { m_colouring.colourTo(position); });
         setUtf8(true);

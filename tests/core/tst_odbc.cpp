@@ -198,6 +198,7 @@ void tst_odbc::valuesComeWhole_data()
     row("time in a timestamp's column", u"datetime"_s, u"'12:34:56.780'"_s, u"12:34:56.780"_s);
     row("bytes", u"blob"_s, u"x'00ff10'"_s, QByteArray("\0\xFF\x10", 3));
     // More than the largest piece that is read at once.
+    row("4 MB of bytes", u"blob"_s, u"zeroblob(4000000)"_s, QByteArray(4'000'000, '\0'));
     row("24 MB of text", u"text"_s, u"replace(hex(zeroblob(6000000)), '00', 'yz')"_s,
         QString(u"yz"_s).repeated(6'000'000));
 }

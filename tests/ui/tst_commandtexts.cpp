@@ -18,6 +18,7 @@ class TestCommandTexts : public QObject
 private slots:
     void runs_data();
     void runs();
+    void buttons();
 };
 
 void TestCommandTexts::runs_data()
@@ -64,6 +65,25 @@ void TestCommandTexts::runs()
     // This driver answers every call with the line "out" and the status 7.
     QCOMPARE(program.control<QPlainTextEdit>(u"rtbdbms"_s)->toPlainText(),
              tab == 2 ? u"  out\n"_s : QString());
+}
+
+void TestCommandTexts::buttons()
+{
+    const MessageAnswers messages;
+    ProgramFixture program;
+    const QString record = program.folder() + u"/statements"_s;
+    qputenv("FAKEDRIVER_STATEMENTS", record.toLocal8Bit());
+    program.start(u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s);
+    makeFile(record, {});
+    program.text()->setText(u"drop table x;\r\n-- only a comment;\r\nrefuse 1;\r\n"
+                            "insert into t values ('a');create table x (a number)"_s);
+    for (const int button : {2, 6, 7})
+        program.press(u"tbrQuerna"_s, button);
+    QCOMPARE(QString::fromUtf8(contentOf(record)),
+             u"--\nBegin \r\nexecute immediate ('drop table x');\r\nend;\n"
+             "--\nBegin \r\nexecute immediate ('\nrefuse 1');\r\nend;\n"
+             "--\nBegin \r\nexecute immediate ('\ninsert into t values (''a'')');\r\nend;\n"
+             "--\n(commit)\n--\n(rollback)\n"_s);
 }
 
 QTEST_MAIN(TestCommandTexts)
