@@ -2,13 +2,16 @@
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"
 #include "platform/systemClock.h"
+#include "platform/textForms.h"
 #include "support/DataRows.h"
 #include "support/raisedError.h"
 #include "support/testFiles.h"
 
 #include <QFile>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -26,6 +29,55 @@ QStringList rowsOf(const Recordset &recordset)
     for (qint64 row = 0; row < recordset.RecordCount(); ++row)
         rows << recordset.textAt(row, 0) << recordset.textAt(row, 1);
     return rows;
+}
+
+QString readTime(const QString &text)
+{
+    return dateTimeForm(textToClockTime(text)).toString();
+}
+
+/// A second writing of what the reader does, with no regard to memory. @returns rowsOf() what it
+/// reads; @p error becomes what it raises
+QStringList literalRows(const QByteArray &content, int &error)
+{
+    QList<std::pair<QString, QString>> rows;
+    QByteArrayList lines = content.split('\n');
+    if (lines.last().isEmpty())
+        lines.removeLast();
+    QByteArray statement;
+    QByteArray last;
+    bool skipped = false;
+    error = raisedError([&] {
+        for (QByteArray line : lines) {
+            if (line.endsWith('\r'))
+                line.chop(1);
+            const QByteArray key = trimBlanks(QString::fromLatin1(line)).toLatin1().toUpper();
+            if (key == "SQLTIME") {
+                const QString text = QString::fromLocal8Bit(statement);
+                skipped = text.size() > 1000;
+                if (!skipped)
+                    rows.append({text, QString()});
+                statement.clear();
+            } else if (key == "SQLEND") {
+                const QString time = skipped ? QString() : readTime(QString::fromLocal8Bit(last));
+                if (!skipped && rows.isEmpty())
+                    throw RuntimeError(ErrorNumber::NoCurrentRecord);
+                if (!skipped)
+                    rows.last().second = time;
+                statement.clear();
+                last.clear();
+            } else {
+                statement += line + "\r\n";
+                last = line;
+            }
+        }
+        std::stable_sort(rows.begin(), rows.end(),
+                         [](const auto &a, const auto &b) { return a.second > b.second; });
+    });
+    QStringList texts;
+    for (const auto &[text, time] : rows)
+        texts << text << time;
+    return texts;
 }
 
 /// The most memory that this process ever had.
@@ -49,6 +101,7 @@ private slots:
     void fileThatIsNone();
     void loading_data();
     void loading();
+    void loadingOfRandomFiles();
     void memory();
 
 private:
@@ -124,13 +177,6 @@ void tst_History::loading_data()
     row("no marker with a tab", record("a\r\n\tSQLTIME"), {u"a\r\n\tSQLTIME\r\n"_s, time});
     row("record without a time", "a\r\nSQLTIME\r\n" + record("b"),
         {u"b\r\n"_s, time, u"a\r\n"_s, QString()});
-    // Whatever comes before an end is the time, of the last record there is.
-    row("time before the marker", "a\r\n3/5/2024\r\nSQLTIME\r\nSQLEND",
-        {u"a\r\n3/5/2024\r\n"_s, time});
-    row("second end", record("a") + "b\n 12/1/2023 \nSQLEND\n", {u"a\r\n"_s, u"12/1/2023"_s});
-    row("end without a record", "3/5/2024\nSQLEND\n" + record("a"), {u"error 3021"_s});
-    row("time that is none", record("a", "now") + record("b"),
-        {u"a\r\n"_s, QString(), u"error 13"_s});
     row("more lines than can be counted", record("a") + QByteArray("x\r\n").repeated(32768),
         {u"a\r\n"_s, time, u"error 6"_s});
     row("UTF-8 with a mark", "\xef\xbb\xbf" + record("\xc3\xa4"), {u"ä\r\n"_s, time});
@@ -163,6 +209,37 @@ void tst_History::loading()
     if (error != 0)
         rows << u"error %1"_s.arg(error);
     QTEST(rows, "rows");
+}
+
+void tst_History::loadingOfRandomFiles()
+{
+    static const QByteArrayList pieces{
+        "SQLTIME\r\n", "SQLEND\r\n", " sqlTime \n", "\tSQLEND\n",         "a",
+        "\xc3\xa4 ",   "\r",         "\n",          QByteArray(990, 'x'), QByteArray("\xff\0", 2)};
+    static const QByteArrayList times{"3/5/2024 07:08:09", " 12/1/2023 ", "9/1/2023", "now"};
+    QRandomGenerator random(20240305);
+    QMap<int, int> errors;
+    for (int run = 0; run < 1'500; ++run) {
+        QByteArray content;
+        for (int record = random.bounded(6); record > 0; --record) {
+            for (int count = random.bounded(8); count > 0; --count)
+                content += pieces[random.bounded(2, int(pieces.size()))];
+            if (random.bounded(9) > 0)
+                content += pieces[2 * random.bounded(2)];
+            content += times[random.bounded(run % 2 == 0 ? 3 : 4)] + "\r\n";
+            content += pieces[random.bounded(12) == 0 ? random.bounded(int(pieces.size())) : 1];
+        }
+        makeFile(path(), content);
+        Recordset history;
+        int expectedError = 0;
+        const QStringList expected = literalRows(content, expectedError);
+        QCOMPARE(raisedError([&] { load(history); }), expectedError);
+        QCOMPARE(rowsOf(history), expected);
+        ++errors[expectedError];
+    }
+    QCOMPARE(errors.keys(),
+             (QList<int>{0, ErrorNumber::TypeMismatch, ErrorNumber::NoCurrentRecord}));
+    QVERIFY(errors[0] > 250);
 }
 
 // What a history's records hold has to find room, and a little more; not every line of it.

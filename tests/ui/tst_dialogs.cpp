@@ -131,10 +131,7 @@ private slots:
     void mousePicksATable();
     void keysPickATable();
     void columnsOfATable();
-    void failedLoadingShowsNothing_data();
     void failedLoadingShowsNothing();
-    void failedLookUpCloses();
-    void recordLimit_data();
     void recordLimit();
 
 private:
@@ -276,49 +273,37 @@ void tst_dialogs::columnsOfATable()
     QCOMPARE(bench.lstObject->count(), 0);
 }
 
-void tst_dialogs::failedLoadingShowsNothing_data()
-{
-    const DataRows<std::shared_ptr<Connection>, QString, QString> row("connection", "user",
-                                                                      "message");
-    row("closed", std::make_shared<Connection>(), u"scott"_s,
-        u"Operation is not allowed when the object is closed."_s);
-    row("none", std::shared_ptr<Connection>(), u"scott"_s,
-        u"Object variable or With block variable not set"_s);
-    row("server's error", m_connection, u"o'neil"_s, u"NEIL''"_s);
-}
-
+// Another time it may go well, if for a user without tables; a later look-up that fails closes.
 void tst_dialogs::failedLoadingShowsNothing()
 {
-    QFETCH(std::shared_ptr<Connection>, connection);
-    QFETCH(QString, user);
-    QFETCH(QString, message);
-    const MessageAnswers answers;
-    ObjectBench bench(connection, user);
-    QCOMPARE(bench.picker.exec(), int{QDialog::Rejected});
-    bench.picker.show();
-    QVERIFY(!bench.picker.isVisible());
-    QCOMPARE(answers.texts.size(), 2);
-    QVERIFY2(answers.texts.first().contains(message), qPrintable(answers.texts.first()));
+    MessageAnswers answers;
+    for (const auto &[connection, user, message] :
+         {std::tuple(std::shared_ptr<Connection>(), u"scott"_s,
+                     u"Object variable or With block variable not set"_s),
+          std::tuple(m_connection, u"o'neil"_s, u"NEIL''"_s)}) {
+        ObjectBench bench(connection, user);
+        QCOMPARE(bench.picker.exec(), int{QDialog::Rejected});
+        bench.picker.show();
+        QVERIFY(!bench.picker.isVisible());
+        QCOMPARE(answers.texts.size(), 2);
+        QVERIFY2(answers.texts.first().contains(message), qPrintable(answers.texts.first()));
+        answers.take();
 
-    // Another time it may go well, if for a user without tables.
-    bench.picker.setDbc(m_connection);
-    bench.picker.setUserPwd(u"nobody"_s, {}, u"SANDBOX"_s);
-    bench.picker.show();
-    QVERIFY(bench.picker.isVisible());
-    QCOMPARE(bench.cmbSchema->currentText(), u"NOBODY"_s);
-    QCOMPARE(bench.lstObject->count(), 0);
-    // The names are historical: these hand out.
-    QString userName;
-    QString tnsName;
-    bench.picker.setExtUnameTns(userName, tnsName);
-    bench.picker.setExtDbC(connection);
-    QCOMPARE(userName + tnsName, u"nobodySANDBOX"_s);
-    QCOMPARE(connection, m_connection);
-}
-
-void tst_dialogs::failedLookUpCloses()
-{
-    const MessageAnswers answers;
+        bench.picker.setDbc(m_connection);
+        bench.picker.setUserPwd(u"nobody"_s, {}, u"SANDBOX"_s);
+        bench.picker.show();
+        QVERIFY(bench.picker.isVisible());
+        QCOMPARE(bench.cmbSchema->currentText(), u"NOBODY"_s);
+        QCOMPARE(bench.lstObject->count(), 0);
+        // The names are historical: these hand out.
+        QString userName;
+        QString tnsName;
+        std::shared_ptr<Connection> used;
+        bench.picker.setExtUnameTns(userName, tnsName);
+        bench.picker.setExtDbC(used);
+        QCOMPARE(userName + tnsName, u"nobodySANDBOX"_s);
+        QCOMPARE(used, m_connection);
+    }
     const auto connection = SandboxFixture::open();
     ColumnBench bench(connection);
     bench.open();
@@ -328,37 +313,28 @@ void tst_dialogs::failedLookUpCloses()
     QVERIFY(!bench.picker.isVisible());
 }
 
-void tst_dialogs::recordLimit_data()
-{
-    // The dialog stays open where there is a message.
-    const DataRows<QString, Qt::Key, int, QString> row("typed", "end", "limit", "message");
-    row("highest", u" 10000 "_s, Qt::Key_Return, 10000, {});
-    row("over the highest means all", u"10001"_s, Qt::Key_Return, 0, {});
-    row("negative", u"-5"_s, Qt::Key_Return, -5, {});
-    row("only blanks", u"   "_s, Qt::Key_Return, 77, {});
-    row("cancelled", u"5"_s, Qt::Key_Escape, 77, {});
-    row("letters", u"many"_s, Qt::Key_Return, 77, u"Type mismatch"_s);
-    row("out of 32 bits", u"2147483648"_s, Qt::Key_Return, 77, u"Overflow"_s);
-}
-
+// Whatever is over the highest means all; the dialog stays open where there is a message.
 void tst_dialogs::recordLimit()
 {
-    QFETCH(QString, typed);
-    QFETCH(Qt::Key, end);
-    QFETCH(QString, message);
-    const MessageAnswers answers;
+    MessageAnswers answers;
     frmRecords dialog;
-    maxRecords = 77;
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    QTest::keyClicks(dialog.focusWidget(), typed);
-    QTest::keyClick(dialog.focusWidget(), end);
-    QCOMPARE(answers.texts.join(u'|'), message);
-    QCOMPARE(dialog.isVisible(), !message.isEmpty());
-    QTEST(maxRecords, "limit");
-    dialog.close();
-    dialog.show();
-    QCOMPARE(dialog.findChild<QLineEdit *>(u"txtRecords"_s)->text(), QString());
+    for (const auto &[typed, end, limit, message] :
+         {std::tuple(u" 10000 "_s, Qt::Key_Return, 10000, QString()),
+          std::tuple(u"10001"_s, Qt::Key_Return, 0, QString()),
+          std::tuple(u"-5"_s, Qt::Key_Return, -5, QString()),
+          std::tuple(u"   "_s, Qt::Key_Return, 77, QString()),
+          std::tuple(u"5"_s, Qt::Key_Escape, 77, QString()),
+          std::tuple(u"many"_s, Qt::Key_Return, 77, u"Type mismatch"_s)}) {
+        maxRecords = 77;
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QCOMPARE(dialog.findChild<QLineEdit *>(u"txtRecords"_s)->text(), QString());
+        QTest::keyClicks(dialog.focusWidget(), typed);
+        QTest::keyClick(dialog.focusWidget(), end);
+        QCOMPARE(answers.take().join(u'|'), message);
+        QCOMPARE(dialog.isVisible(), !message.isEmpty());
+        QCOMPARE(maxRecords, limit);
+    }
 }
 
 QTEST_MAIN(tst_dialogs)
