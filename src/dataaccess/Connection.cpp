@@ -62,9 +62,16 @@ void Connection::BeginTrans()
 void Connection::CommitTrans()
 {
     openSession().endTransaction(SQL_COMMIT);
+    m_hasOpenWork = false;
 }
 
 void Connection::RollbackTrans()
 {
     openSession().endTransaction(SQL_ROLLBACK);
+    m_hasOpenWork = false;
+}
+
+qint64 Connection::rowsAffected() const
+{
+    return openSession().rowsAffected();
 }

@@ -52,6 +52,15 @@ public:
     /// @throws RuntimeError -2147168242 when none is open
     void RollbackTrans();
 
+    /// Rows that the last text without columns has changed, by the driver's own count; -1 when it
+    /// does not tell, or cannot be relied on.
+    qint64 rowsAffected() const;
+
+    /// Whether the transaction holds work that is not committed, as whoever sends the texts has
+    /// noted; what ends the transaction ends that.
+    bool hasOpenWork() const { return m_session && m_hasOpenWork; }
+    void noteOpenWork(bool has) { m_hasOpenWork = has; }
+
 private:
     friend class Recordset;
     friend class Command;
@@ -61,5 +70,6 @@ private:
     static std::shared_ptr<OdbcSession> sessionOf(const std::shared_ptr<Connection> &connection);
 
     CursorLocationEnum m_cursorLocation = adUseServer;
+    bool m_hasOpenWork = false;
     std::shared_ptr<OdbcSession> m_session; ///< null while closed
 };

@@ -1,5 +1,6 @@
 #include "editor/WindowControls.h"
 
+#include "connection/session.h"
 #include "controls/editor/EditorControl.h"
 #include "controls/editor/editorFont.h"
 #include "controls/forms/OutputPane.h"
@@ -118,6 +119,13 @@ void WindowControls::addPaneKeys(QWidget *window) const
 ResultTab WindowControls::visibleTab() const
 {
     return static_cast<ResultTab>(tbSql->currentIndex());
+}
+
+void WindowControls::showInformation(const QString &text) const
+{
+    const bool hasOpenWork = gConnection && gConnection->hasOpenWork();
+    sbSql->setPanelText(InformationPanel, hasOpenWork ? u"● "_s + text : text);
+    sbSql->repaint();
 }
 
 void WindowControls::showExecutionTime() const

@@ -8,6 +8,7 @@ class QLineEdit;
 class QPlainTextEdit;
 class QTabWidget;
 class QToolBar;
+class QString;
 class QWidget;
 class StatusPanels;
 struct PaneLayout;
@@ -43,6 +44,10 @@ struct WindowControls
     void create(QWidget *window);
 
     ResultTab visibleTab() const;
+
+    /// Shows in the information panel what happens or has happened, at once, for the server may be
+    /// asked next. Work that is not committed shows beside it; an empty text leaves that alone.
+    void showInformation(const QString &text) const;
 
     /// Shows the present time as that of a statement's execution.
     void showExecutionTime() const;

@@ -167,7 +167,7 @@ void frmQuerna::showRecordLimit()
 
 void frmQuerna::showInformation(const QString &text)
 {
-    m_controls.sbSql->setPanelText(InformationPanel, text);
+    m_controls.showInformation(text);
 }
 
 void frmQuerna::tbrQuerna_ButtonClick(int index)

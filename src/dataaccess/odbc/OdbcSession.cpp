@@ -274,6 +274,9 @@ OdbcHandle OdbcSession::send(const QString &text)
         statement = statementFor(text);
         executeText(statement, text);
     });
+    m_rowsAffected = -1;
+    if (m_abilities.isMariaDb || !mayHaveFurtherResults(text))
+        SQLRowCount(statement.get(), &m_rowsAffected);
     bool hasColumns = false;
     watchMemory([&] { hasColumns = skipToColumns(statement); });
     if (hasColumns)

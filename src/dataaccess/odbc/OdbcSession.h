@@ -48,6 +48,10 @@ public:
     /// these into memory and runs it once more.
     void withResultsReleased(const std::function<void()> &action);
 
+    /// Rows that the last text without columns has changed; -1 when the driver does not tell. What
+    /// most drivers tell of a block is no count of rows.
+    qint64 rowsAffected() const { return m_rowsAffected; }
+
     const OdbcAbilities &abilities() const { return m_abilities; }
     /// What somebody may want to know who has just logged on. May be empty.
     const QString &hint() const { return m_provider.hint; }
@@ -77,6 +81,7 @@ private:
     OdbcHandle m_spareStatement;
     std::vector<SessionClient *> m_clients;
     OdbcAbilities m_abilities;
+    SQLLEN m_rowsAffected = -1;
     bool m_connected = false;
     bool m_isLost = false; ///< nothing but the end may be asked of the driver any more
     bool m_oneResultOnly = false;
