@@ -117,9 +117,7 @@ void Recordset::Open()
     requireClosed();
     if (!m_isFabricated)
         throw RuntimeError(ErrorNumber::InvalidConnection);
-    const SortOrder order(m_sort, m_fields);
     m_table.emplace(fieldCount());
-    m_table->sort(order);
     m_position = 0;
     m_hasMoved = false;
 }
@@ -128,17 +126,13 @@ void Recordset::Open(const QString &source, const std::shared_ptr<Connection> &c
 {
     requireClosed();
     const std::shared_ptr<OdbcSession> session = Connection::sessionOf(connection);
-    if (m_cursorLocation == adUseServer && !m_sort.isEmpty())
-        throw RuntimeError(ErrorNumber::FeatureNotAvailable);
     std::unique_ptr<OdbcCursor> cursor = session->open(source, m_cacheSize);
     if (!cursor)
         return;
     const bool isForward = m_cursorLocation == adUseServer && !cursor->mayFailLater();
     if (!isForward) {
-        const SortOrder order(m_sort, cursor->fields());
         MemoryTable rows(static_cast<int>(cursor->fields().size()));
         takeRows(*cursor, rows);
-        rows.sort(order);
         m_table = std::move(rows);
     }
     m_fields = cursor->fields();
@@ -225,7 +219,7 @@ void Recordset::MoveFirst()
 {
     requireOpen();
     if (!isForwardOnly()) {
-        m_table->finishEditing(m_position);
+        m_table->finishEditing();
         m_position = 0;
     } else if (m_hasMoved) {
         throw RuntimeError(ErrorNumber::IllegalOperation);
@@ -240,7 +234,8 @@ void Recordset::MoveNext()
     m_hasMoved = true;
     if (m_reader)
         return m_reader->next();
-    m_position = m_table->finishEditing(m_position) + 1;
+    m_table->finishEditing();
+    ++m_position;
     if (m_failure && isPastStoredRows())
         std::rethrow_exception(std::exchange(m_failure, nullptr));
 }
@@ -349,15 +344,12 @@ void RowCells::takeRow(const Recordset &recordset)
     m_cell = recordset.packedRow(m_packed);
 }
 
-void Recordset::setSort(const QString &order)
+void Recordset::sort(int field, bool descending)
 {
-    if (isOpen()) {
-        if (isForwardOnly())
-            throw RuntimeError(ErrorNumber::FeatureNotAvailable);
-        m_table->sort(SortOrder(order, m_fields));
-        m_position = 0;
-    }
-    m_sort = order;
+    table();
+    requireField(field);
+    m_table->sort(field, descending);
+    m_position = 0;
 }
 
 QString Recordset::textAt(qint64 row, int field) const

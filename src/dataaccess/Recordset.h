@@ -53,8 +53,9 @@ public:
 
     /// Sends @p source on @p connection and opens on its rows. A command that returns no rows
     /// leaves the recordset closed.
-    /// @throws RuntimeError 3705 when open, 3709 on a closed connection, setSort()'s, otherwise the
-    ///         server's; the recordset is then as it was
+    /// @throws RuntimeError 3705 when open, 3709 on a closed connection, otherwise the server's;
+    /// the
+    ///         recordset is then as it was
     void Open(const QString &source, const std::shared_ptr<Connection> &connection);
 
     /// Drops the rows; appended fields stay for the next Open().
@@ -99,11 +100,10 @@ public:
     /// @throws RuntimeError 3001 when their numbers differ, otherwise as those
     void addNewFrom(const Recordset &source);
 
-    /// The order of the rows, as `FIELD [ASC|DESC], …`; an empty text restores the order of
-    /// arrival. May be set before opening. Puts an open recordset on its first row.
-    /// @throws RuntimeError 3251 on a forward-only reader, 3265 for an unknown field, 3001 for a
-    ///         text of another form
-    void setSort(const QString &order);
+    /// Brings the rows of a client-side table into the order of a field's values, as orderedRows()
+    /// has it, and goes to the first one. Rows that are added later stand after them.
+    /// @throws RuntimeError 3251 on a forward-only reader, 3265 for no such field
+    void sort(int field, bool descending);
 
     // Reading any row of a client-side table without moving the current one, for views.
     // They raise RuntimeError 3251 on a forward-only reader, 3021 and 3265 for a cell that is not
@@ -166,7 +166,6 @@ private:
 
     CursorLocationEnum m_cursorLocation = adUseServer;
     int m_cacheSize = 1;
-    QString m_sort;
     std::vector<FieldInfo> m_fields;
     QHash<QString, int> m_fieldIndexes; ///< by lower-case name; the first of equal names counts
     bool m_isFabricated = false;        ///< the fields were appended and outlive a closing

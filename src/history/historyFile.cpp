@@ -144,5 +144,5 @@ void loadHistory(const QString &fileName, const QString & /*path*/, Recordset &r
     HistoryLoader loader(recordset);
     while (const auto line = lines.nextLine())
         loader.takeLine(*line);
-    recordset.setSort(u"SQL_Time DESC"_s);
+    recordset.sort(1, true);
 }

@@ -25,9 +25,7 @@ private slots:
     void keepsEveryValue();
     void fieldsTakeWhatTheyAreFor();
     void rowsThatFillManyBlocks();
-    void sorts_data();
-    void sorts();
-    void ordersRowsForViews();
+    void ordersRows();
     void valuesInParts();
 };
 
@@ -217,39 +215,7 @@ void tst_recordset::rowsThatFillManyBlocks()
     QVERIFY(table->storedBytes() < textLength * 13 / 10);
 }
 
-void tst_recordset::sorts_data()
-{
-    const DataRows<QList<Value>, QString, QString> row("values", "order", "expected");
-    const QList<Value> dates = {u"12/1/2026"_s, u"9/1/2026"_s, u"1/1/2026"_s};
-    row("text, descending", dates, u"V DESC"_s, u"9/1/2026,1 12/1/2026,0 1/1/2026,2"_s);
-    row("text, ascending by default, name in any case and brackets", dates, u" [v] "_s,
-        u"1/1/2026,2 12/1/2026,0 9/1/2026,1"_s);
-    row("no order", dates, {}, u"12/1/2026,0 9/1/2026,1 1/1/2026,2"_s);
-    row("numbers by value", {10, 9.5, ExactNumber{u"9.75"_s}}, u"V asc"_s, u"9.5,1 9.75,2 10,0"_s);
-    row("nulls first", {u"b"_s, NullValue{}, 3}, u"V"_s, u"(null),1 3,2 b,0"_s);
-    row("two fields", {u"m"_s, u"a"_s, u"z"_s, u"m"_s}, u"V, N DESC"_s, u"a,1 m,3 m,0 z,2"_s);
-}
-
-void tst_recordset::sorts()
-{
-    QFETCH(QList<Value>, values);
-    QFETCH(QString, order);
-    Recordset table;
-    table.setSort(order); // which is kept for later rows
-    table.appendField(u"V"_s, adVariant);
-    table.appendField(u"N"_s, adVariant);
-    table.Open();
-    for (int i = 0; i < values.size(); ++i) {
-        add(table, values[i]);
-        table.setValue(1, i);
-    }
-    QTEST(texts(table), "expected");
-    QCOMPARE(raisedError([&] { table.setSort(u"W"_s); }), 3265);
-    table.setSort(QString());
-    QCOMPARE(table.value(0), values.first());
-}
-
-void tst_recordset::ordersRowsForViews()
+void tst_recordset::ordersRows()
 {
     const QString equal(3000, u'e');
     QList<Value> ascending = {false, true};
@@ -282,6 +248,7 @@ void tst_recordset::ordersRowsForViews()
     rows.insert(3, {-1, NullValue{}});
     rows.insert(9, {-1, u""_s});
     const auto table = makeTable({{u"N"_s}, {u"V"_s}}, rows);
+    const auto sorted = makeTable({{u"N"_s}, {u"V"_s}}, rows);
 
     for (const bool descending : {false, true}) {
         const std::vector<int> ordered = table->rowsOrderedBy(1, descending);
@@ -293,8 +260,18 @@ void tst_recordset::ordersRowsForViews()
             QVERIFY(order[2 * i] < order[2 * i + 1]);
         }
         QCOMPARE(order.mid(2 * count), QList<int>({3, 9}));
+        sorted->sort(1, descending);
+        for (size_t row = 0; row < ordered.size(); ++row)
+            QCOMPARE(sorted->textAt(static_cast<qint64>(row), 0), table->textAt(ordered[row], 0));
     }
-    QCOMPARE(raisedError([&] { table->rowsOrderedBy(2, false); }), 3265);
+    add(*sorted, u"later"_s);
+    QCOMPARE(sorted->textAt(sorted->RecordCount() - 1, 0), u"later"_s);
+    sorted->MoveFirst();
+    QCOMPARE(sorted->value(1), ascending.last());
+    for (const int field : {-1, 2}) {
+        QCOMPARE(raisedError([&] { table->rowsOrderedBy(field, false); }), 3265);
+        QCOMPARE(raisedError([&] { table->sort(field, false); }), 3265);
+    }
     const auto plain = makeSingle({2, -0.0, 1e300, -3, 0, -3.5, 1.75, std::nan(""), 2.0});
     QCOMPARE(plain->rowsOrderedBy(0, false), std::vector<int>({5, 3, 1, 4, 6, 0, 8, 2, 7}));
 }

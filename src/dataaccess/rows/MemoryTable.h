@@ -2,14 +2,14 @@
 
 #include "dataaccess/rows/RowStore.h"
 #include "dataaccess/rows/RowWriter.h"
-#include "dataaccess/rows/SortOrder.h"
 #include "dataaccess/rows/Value.h"
 
 #include <optional>
 #include <vector>
 
 /// The rows of a client-side recordset: packed, in the order of arrival or in a sorted one. The one
-/// added last may still be open for editing. Positions are those of the present order.
+/// added last, which stands last, may still be open for editing. Positions are those of the
+/// present order.
 class MemoryTable
 {
 public:
@@ -24,11 +24,10 @@ public:
     void setValue(int field, const Value &value);
     /// Whether the row at @p position is open for editing.
     bool isEdited(qint64 position) const;
-    /// Packs the row that is open for editing; under a sort it takes its place in the order.
-    /// @returns where the row at @p position stands now
-    qint64 finishEditing(qint64 position);
-    /// Brings the rows into @p order, equal ones in the order of arrival.
-    void sort(const SortOrder &order);
+    /// Packs the row that is open for editing, if there is one.
+    void finishEditing();
+    /// Brings the rows that are there into the order of a field's values, as orderedRows() has it.
+    void sort(int field, bool descending);
 
     Value value(qint64 position, int field) const;
     QString text(qint64 position, int field) const;
@@ -51,18 +50,12 @@ private:
     };
 
     qint64 storedRow(qint64 position) const;
-    qint64 positionOf(qint64 storedRow) const; ///< under a sort
     const char *cell(qint64 position, int field) const;
-    /// Adds the cells of a row that it is sorted by.
-    void addSortCells(qint64 storedRow, std::vector<const char *> &cells) const;
-    void finishEditing();
-    void placeInOrder(qint64 storedRow);
 
     int m_fieldCount;
     RowStore m_rows;
     RowWriter m_writer;
     std::optional<std::vector<Value>> m_edited; ///< the row behind the stored ones
-    SortOrder m_sort;
-    std::vector<qint64> m_order; ///< stored rows by position; empty while unsorted
+    std::vector<int> m_order;    ///< the stored rows at the first positions, those that were sorted
     mutable LastCell m_lastCell; ///< makes reading a row field by field linear
 };

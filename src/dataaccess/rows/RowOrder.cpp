@@ -5,15 +5,15 @@
 #include "dataaccess/rows/packedCells.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cmath>
 #include <cstring>
+#include <span>
 
 namespace {
 
 /// What a cell is ordered as, in this order.
-enum Kind : quint8 { Truth, Number, Time, Text, Bytes, Nothing, KindCount };
+enum Kind : quint8 { Truth, Number, Time, Text, Bytes, Nothing };
 
 /// A row with a part of its cell that decides between most rows by one comparison.
 struct Entry
@@ -23,7 +23,28 @@ struct Entry
     int row = 0;
 };
 
-using Entries = std::vector<Entry>;
+using Entries = std::span<Entry>;
+
+/// Entries of one key stay in the order of their rows.
+void sortByKey(Entries entries)
+{
+    const auto before = [](const Entry &a, const Entry &b) {
+        return a.key != b.key ? a.key < b.key : a.row < b.row;
+    };
+    if (!std::is_sorted(entries.begin(), entries.end(), before))
+        std::sort(entries.begin(), entries.end(), before);
+}
+
+/// Calls @p use with the entries of each key in turn.
+template <typename Use>
+void forEachRun(Entries entries, const Use &use)
+{
+    for (size_t begin = 0, end = 0; begin < entries.size(); begin = end) {
+        while (end < entries.size() && entries[end].key == entries[begin].key)
+            ++end;
+        use(entries.subspan(begin, end - begin));
+    }
+}
 
 Kind kindOf(const char *cell)
 {
@@ -88,7 +109,7 @@ quint16 inCodePointOrder(quint16 unit)
 class EntrySorter
 {
 public:
-    EntrySorter(Kind kind, bool descending, Entries &entries)
+    EntrySorter(Kind kind, bool descending, Entries entries)
         : m_isStored(kind == Text || kind == Bytes)
         , m_kind(kind)
         , m_flip(descending ? ~quint64{0} : 0)
@@ -104,9 +125,9 @@ public:
         if (m_kind == Number && std::all_of(m_entries.begin(), m_entries.end(), isDouble)) {
             for (Entry &entry : m_entries)
                 entry.key = doubleKey(entry.cell) ^ m_flip;
-            return sortByKey(m_entries.begin(), m_entries.end());
+            return sortByKey(m_entries);
         }
-        m_open = {{0, m_entries.size(), 0}};
+        m_open = {{m_entries, 0}};
         while (!m_open.empty()) {
             const Range range = m_open.back();
             m_open.pop_back();
@@ -118,8 +139,7 @@ private:
     /// Entries that are equal up to @p depth units.
     struct Range
     {
-        size_t begin;
-        size_t end;
+        Entries entries;
         qsizetype depth;
     };
     static constexpr quint64 more = 0xFF;
@@ -146,11 +166,6 @@ private:
         return key << 8 | (left > taken ? more : static_cast<quint64>(taken));
     }
 
-    static void sortByKey(Entries::iterator first, Entries::iterator last)
-    {
-        std::stable_sort(first, last, [](const Entry &a, const Entry &b) { return a.key < b.key; });
-    }
-
     void appendKey(const char *cell)
     {
         if (m_kind == Number)
@@ -163,40 +178,33 @@ private:
 
     void sort(const Range &range)
     {
-        const auto first = m_entries.begin() + static_cast<qsizetype>(range.begin);
-        const auto last = m_entries.begin() + static_cast<qsizetype>(range.end);
-        for (auto entry = first; entry != last; ++entry)
-            entry->key = keyAt(entry->cell, range.depth) ^ m_flip;
-        std::stable_sort(first, last, [](const Entry &a, const Entry &b) { return a.key < b.key; });
-        for (auto run = first; run != last;) {
-            const auto end = std::find_if(
-                run, last, [run](const Entry &entry) { return entry.key != run->key; });
-            if (end - run > 1 && ((run->key ^ m_flip) & more) == more) {
-                Range equal{static_cast<size_t>(run - m_entries.begin()),
-                            static_cast<size_t>(end - m_entries.begin()), range.depth + m_step};
-                if (m_isStored && run == first && end == last)
-                    equal.depth = commonUnits(equal);
-                m_open.push_back(equal);
-            }
-            run = end;
-        }
+        for (Entry &entry : range.entries)
+            entry.key = keyAt(entry.cell, range.depth) ^ m_flip;
+        sortByKey(range.entries);
+        forEachRun(range.entries, [&](Entries run) {
+            if (run.size() == 1 || ((run.front().key ^ m_flip) & more) != more)
+                return;
+            qsizetype depth = range.depth + m_step;
+            if (m_isStored && run.size() == range.entries.size())
+                depth = commonUnits(run, depth);
+            m_open.push_back({run, depth});
+        });
     }
 
-    /// The number of units that all entries of a range have in common, without looking again at
-    /// those that they are known to have.
-    qsizetype commonUnits(const Range &range) const
+    /// The number of units that all entries have in common, which is @p known at least.
+    static qsizetype commonUnits(Entries entries, qsizetype known)
     {
-        const StoredUnits model = storedUnits(m_entries[range.begin].cell);
+        const StoredUnits model = storedUnits(entries.front().cell);
         qsizetype common = model.count;
-        for (size_t i = range.begin + 1; i < range.end; ++i) {
-            const StoredUnits units = storedUnits(m_entries[i].cell);
+        for (const Entry &entry : entries.subspan(1)) {
+            const StoredUnits units = storedUnits(entry.cell);
             common = std::min(common, units.count);
-            const qsizetype from = range.depth * units.width;
+            const qsizetype from = known * units.width;
             const auto bytes = static_cast<size_t>(common * units.width - from);
             if (units.width == model.width &&
                 std::memcmp(units.data + from, model.data + from, bytes) == 0)
                 continue;
-            qsizetype equal = range.depth;
+            qsizetype equal = known;
             while (equal < common && units.at(equal) == model.at(equal))
                 ++equal;
             common = equal;
@@ -209,7 +217,7 @@ private:
     Kind m_kind;
     quint64 m_flip;
     qsizetype m_step = bytesInKey; ///< units in a key
-    Entries &m_entries;
+    Entries m_entries;
     std::vector<Range> m_open;
     ByteBuffer m_bytes;
     NumberKey m_numbers;
@@ -219,10 +227,9 @@ private:
 
 std::vector<int> orderedRows(const MemoryTable &table, int field, bool descending)
 {
-    std::array<Entries, KindCount> kinds;
     RowWriter edited;
-    const auto rows = static_cast<int>(table.rowCount());
-    for (int row = 0; row < rows; ++row) {
+    std::vector<Entry> entries(static_cast<size_t>(table.rowCount()));
+    for (int row = 0; Entry & entry : entries) {
         const char *cell = table.storedCells(row);
         if (cell == nullptr) {
             table.pack(row, edited, NullForm::Null);
@@ -230,17 +237,18 @@ std::vector<int> orderedRows(const MemoryTable &table, int field, bool descendin
         }
         for (int before = 0; before < field; ++before)
             cell = packedCellEnd(cell);
-        kinds[kindOf(cell)].push_back({0, cell, row});
+        const Kind kind = kindOf(cell);
+        const int place = descending && kind != Nothing ? Bytes - kind : kind;
+        entry = {static_cast<quint64>(place), cell, row++};
     }
-    for (Kind kind : {Truth, Number, Time, Text, Bytes})
-        EntrySorter(kind, descending, kinds[kind]).sort();
-    if (descending)
-        std::reverse(kinds.begin(), kinds.begin() + Nothing);
-    std::vector<int> order;
-    order.reserve(static_cast<size_t>(rows));
-    for (const Entries &entries : kinds) {
-        for (const Entry &entry : entries)
-            order.push_back(entry.row);
-    }
+    sortByKey(entries);
+    forEachRun(entries, [descending](Entries run) {
+        const Kind kind = kindOf(run.front().cell);
+        if (kind != Nothing)
+            EntrySorter(kind, descending, run).sort();
+    });
+    std::vector<int> order(entries.size());
+    std::transform(entries.begin(), entries.end(), order.begin(),
+                   [](const Entry &entry) { return entry.row; });
     return order;
 }

@@ -294,14 +294,6 @@ std::optional<Timestamp> packedCellTimestamp(const char *cell)
     return readTimestamp(cell);
 }
 
-std::optional<QLatin1StringView> packedLatin1(const char *cell)
-{
-    const quint8 tag = tagOf(cell);
-    if (tag < CellShortLatin1 && tag != CellLatin1)
-        return std::nullopt;
-    return readLatin1(cell);
-}
-
 StoredUnits storedUnits(const char *cell)
 {
     const quint8 tag = tagOf(cell);

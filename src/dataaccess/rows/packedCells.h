@@ -44,8 +44,6 @@ QString packedCellTextStart(const char *cell, qsizetype longest);
 const char *appendPackedCellUtf8(const char *cell, ByteBuffer &text);
 /// The point in time that a cell holds, if it holds one.
 std::optional<Timestamp> packedCellTimestamp(const char *cell);
-/// The text that a cell holds, if it holds one of such characters alone.
-std::optional<QLatin1StringView> packedLatin1(const char *cell);
 /// What the cell of a text or of bytes holds, where it is stored.
 struct StoredUnits
 {
