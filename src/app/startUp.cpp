@@ -4,6 +4,7 @@
 #include "controls/editor/editorKeys.h"
 #include "controls/forms/icons.h"
 #include "controls/forms/messageBox.h"
+#include "platform/process.h"
 
 #include <QApplication>
 #include <QByteArray>
@@ -61,6 +62,7 @@ QString commandLineOf(const QStringList &arguments)
 
 int runQuerna(int argc, char **argv)
 {
+    reachConsole();
     if (answeredWithoutWindow(argc, argv))
         return 0;
     // The application goes on referring to its arguments, which are then out of others' sight.

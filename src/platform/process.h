@@ -18,6 +18,10 @@ void startProgram(const QString &program, const QStringList &arguments,
 /// Whether whoever started this process wants its first window maximized.
 bool startsMaximized();
 
+/// Lets the standard streams reach the console that the program was started from, where a program
+/// with windows has none by itself.
+void reachConsole();
+
 /// Opens a page the desktop's own way.
 /// @throws RuntimeError 53 when the desktop offers none, 5 when it cannot be started
 void openPage(const QString &address);

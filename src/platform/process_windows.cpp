@@ -6,6 +6,18 @@
 
 #include <shellapi.h>
 
+#include <cstdio>
+#include <tuple>
+
+void reachConsole()
+{
+    // Streams that lead to a file or a pipe are there already.
+    if (GetStdHandle(STD_OUTPUT_HANDLE) != nullptr || !AttachConsole(ATTACH_PARENT_PROCESS))
+        return;
+    for (std::FILE *stream : {stdout, stderr})
+        std::ignore = std::freopen("CONOUT$", "w", stream);
+}
+
 void openPage(const QString &address)
 {
     constexpr INT_PTR lastError = 32; // what is above it means that it was done

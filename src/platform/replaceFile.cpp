@@ -2,6 +2,7 @@
 
 #include "platform/FileWriter.h"
 #include "platform/fileErrors.h"
+#include "platform/flushToDisk.h"
 
 #include <QFileInfo>
 #include <QSaveFile>
@@ -10,10 +11,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -46,13 +43,7 @@ bool writeAt(QFile &file, qint64 place, QByteArrayView bytes, qint64 &written)
 {
     errno = 0;
     written = file.seek(place) ? std::max<qint64>(0, file.write(bytes.data(), bytes.size())) : 0;
-    if (written < bytes.size())
-        return false;
-#ifdef Q_OS_UNIX
-    return ::fsync(file.handle()) == 0;
-#else
-    return true;
-#endif
+    return written == bytes.size() && flushToDisk(file);
 }
 
 void writeInPlace(const QString &path, QByteArrayView contents)
