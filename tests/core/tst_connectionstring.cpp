@@ -144,8 +144,8 @@ void tst_connectionstring::loginTexts_data()
 void tst_connectionstring::failedLogins()
 {
     const QTemporaryDir folder;
-    makeFile(folder.filePath(u"odbc.ini"_s), "[fake]\nDriver = " QUERNA_FAKE_DRIVER "\n");
-    qputenv("ODBCINI", QFile::encodeName(folder.filePath(u"odbc.ini"_s)));
+    makeFile(fileInVariable("ODBCINI", folder.filePath(u"odbc.ini"_s)),
+             "[fake]\nDriver = " QUERNA_FAKE_DRIVER "\n");
     gConnectString = u"the last good one"_s;
     QString connectionString = u"untouched"_s;
     QStringList shown;

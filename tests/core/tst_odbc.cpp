@@ -362,9 +362,8 @@ void tst_odbc::outputsAreReadAfterTheLastResult()
 
 void tst_odbc::oracleProvidersReachTheDriver()
 {
-    const QString record = m_folder.filePath(u"record"_s);
     // The fake driver stands in, under a name that the driver manager does not know.
-    qputenv("FAKEDRIVER_RECORD", QFile::encodeName(record));
+    const QString record = fileInVariable("FAKEDRIVER_RECORD", m_folder.filePath(u"record"_s));
     saveSetting(u"Orbek Oracle"_s, u"Settings"_s, u"OracleDriver"_s, fakeDriver);
     Connection().Open(u"Provider=msdaora;Data Source=ORCL;User ID=scott;Password=x"_s);
     QVERIFY(contentOf(record).contains("DBQ=ORCL;UID=scott;PWD=x;"));

@@ -9,22 +9,26 @@
 
 namespace {
 
-/// The user's hive of the registry for as long as this is there.
+/// A hive of the registry for as long as this is there.
 class Hive
 {
 public:
-    Hive()
+    Hive(HKEY replaced, const QString &name)
+        : m_replaced(replaced)
+        , m_path(QStringLiteral("Software\\Querna's tests\\%1\\%2")
+                     .arg(QCoreApplication::applicationPid())
+                     .arg(name))
     {
         HKEY key = nullptr;
         if (RegCreateKeyExW(HKEY_CURRENT_USER, path(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
                             nullptr) != ERROR_SUCCESS ||
-            RegOverridePredefKey(HKEY_CURRENT_USER, key) != ERROR_SUCCESS)
+            RegOverridePredefKey(m_replaced, key) != ERROR_SUCCESS)
             qFatal("The tests get no place in the registry.");
         RegCloseKey(key);
     }
     ~Hive()
     {
-        RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+        RegOverridePredefKey(m_replaced, nullptr);
         RegDeleteTreeW(HKEY_CURRENT_USER, path());
     }
     Hive(const Hive &) = delete;
@@ -33,16 +37,23 @@ public:
 private:
     const wchar_t *path() const { return reinterpret_cast<const wchar_t *>(m_path.utf16()); }
 
-    QString m_path =
-        QStringLiteral("Software\\Querna's tests\\%1").arg(QCoreApplication::applicationPid());
+    HKEY m_replaced;
+    QString m_path;
+};
+
+/// The machine's is there first and goes last, as both lie in the user's own.
+struct Hives
+{
+    Hive machine{HKEY_LOCAL_MACHINE, QStringLiteral("machine")};
+    Hive user{HKEY_CURRENT_USER, QStringLiteral("user")};
 };
 
 } // namespace
 
 void keepSettingsIn(const QString &folder)
 {
-    static std::optional<Hive> hive;
-    hive.reset();
-    hive.emplace();
+    static std::optional<Hives> hives;
+    hives.reset();
+    hives.emplace();
     qputenv("XDG_STATE_HOME", QFile::encodeName(folder + QLatin1StringView("/state")));
 }

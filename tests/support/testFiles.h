@@ -14,3 +14,10 @@ void makePipe(const QString &path);
 
 /// Makes a file of these bytes, in the place of one that is there. The program ends when it cannot.
 void makeFile(const QString &path, const QByteArray &content);
+
+/// Has @p variable name a file to the ODBC drivers. @returns the file: @p usual, or where drivers
+/// know no variables but those that the process began with, the one that it has named since then.
+QString fileInVariable(const char *variable, const QString &usual);
+
+/// The most memory that this process ever had.
+long peakMegabytes();

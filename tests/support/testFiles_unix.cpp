@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 int modeOf(const QString &path)
@@ -16,4 +17,17 @@ void makePipe(const QString &path)
 {
     if (::mkfifo(QFile::encodeName(path).constData(), 0600) != 0)
         qFatal("%s cannot be made", qPrintable(path));
+}
+
+QString fileInVariable(const char *variable, const QString &usual)
+{
+    qputenv(variable, QFile::encodeName(usual));
+    return usual;
+}
+
+long peakMegabytes()
+{
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
 }

@@ -52,8 +52,8 @@ void TestCommandTexts::runs()
     QFETCH(int, tab);
     const MessageAnswers messages;
     ProgramFixture program;
-    const QString record = program.folder() + u"/statements"_s;
-    qputenv("FAKEDRIVER_STATEMENTS", record.toLocal8Bit());
+    const QString record =
+        fileInVariable("FAKEDRIVER_STATEMENTS", program.folder() + u"/statements"_s);
     program.start(u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s);
     makeFile(record, {});
     setClockSource([] { return QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5)).toUTC(); });
@@ -71,8 +71,8 @@ void TestCommandTexts::buttons()
 {
     const MessageAnswers messages;
     ProgramFixture program;
-    const QString record = program.folder() + u"/statements"_s;
-    qputenv("FAKEDRIVER_STATEMENTS", record.toLocal8Bit());
+    const QString record =
+        fileInVariable("FAKEDRIVER_STATEMENTS", program.folder() + u"/statements"_s);
     program.start(u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s);
     makeFile(record, {});
     program.text()->setText(u"drop table x;\r\n-- only a comment;\r\nrefuse 1;\r\n"

@@ -124,10 +124,9 @@ void tst_completing::loginListsDatabases()
 {
     const QTemporaryDir folder;
     makeFile(folder.filePath(u"tnsnames.ora"_s), "ORCL=(D)\nTEST=(D)\n");
-    makeFile(folder.filePath(u"odbc.ini"_s),
+    makeFile(fileInVariable("ODBCINI", folder.filePath(u"odbc.ini"_s)),
              "[payroll]\nDriver=SQLite3\n[Paper]\nDriver=SQLite3\n");
     qputenv("TNS_ADMIN", folder.path().toLocal8Bit());
-    qputenv("ODBCINI", folder.filePath(u"odbc.ini"_s).toLocal8Bit());
     frmQuernaLogin login;
     login.show();
     QVERIFY(QTest::qWaitForWindowActive(&login));

@@ -356,9 +356,8 @@ void TestFrame::loginKeepsEntriesThoughItFails()
     QCOMPARE(messages.texts.size(), 2);
 
     // Another log-on keeps window and text.
-    const QString odbcIni = program.folder() + u"/odbc.ini"_s;
-    makeFile(odbcIni, "[practice]\nDriver=SQLite3\nDatabase=:memory:\n");
-    qputenv("ODBCINI", QFile::encodeName(odbcIni));
+    makeFile(fileInVariable("ODBCINI", program.folder() + u"/odbc.ini"_s),
+             "[practice]\nDriver=SQLite3\nDatabase=:memory:\n");
     program.logOn(u"Ann"_s, password, u"practice"_s);
     QCOMPARE(gConnectString, u"DSN=practice;ChunkSize=65535;Uid=Ann;Pwd=open sesame"_s);
     QCOMPARE(program.editor()->windowTitle(),
