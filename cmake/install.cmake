@@ -1,11 +1,15 @@
 # cmake --install build/release --prefix <folder> makes <folder> the program's own: the program with
 # its files beside it and nothing anywhere else. The history is written into it, so it has to belong
-# to the user. add-to-menu and uninstall go along and act on the folder they lie in.
+# to the user. On Unix add-to-menu and uninstall go along and act on the folder they lie in.
 
 install(TARGETS Querna DESTINATION .)
 install(FILES ${QUERNA_APP_DIR}/T-SQL.bcp ${QUERNA_APP_DIR}/dummy.sql DESTINATION .)
-install(FILES resources/icons/querna.svg packaging/README.md LICENSE DESTINATION .)
-install(PROGRAMS packaging/add-to-menu packaging/uninstall DESTINATION .)
+if(WIN32)
+    include(cmake/installWindows.cmake)
+else()
+    install(FILES resources/icons/querna.svg packaging/README.md LICENSE DESTINATION .)
+    install(PROGRAMS packaging/add-to-menu packaging/uninstall DESTINATION .)
+endif()
 
 # cpack --config build/release/CPackConfig.cmake packs that folder.
 set(CPACK_PACKAGE_VENDOR "Querna")

@@ -1,8 +1,12 @@
 # Compile settings that every target of ours shares.
 add_library(querna_options INTERFACE)
-target_compile_options(querna_options INTERFACE
+set(warnings
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
     -Wcast-qual -Wimplicit-fallthrough -Wformat=2 -Werror)
+if(MSVC)
+    set(warnings /W4)
+endif()
+target_compile_options(querna_options INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:${warnings}>")
 target_compile_definitions(querna_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
