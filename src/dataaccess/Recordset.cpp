@@ -4,6 +4,7 @@
 #include "dataaccess/RowCells.h"
 #include "dataaccess/odbc/OdbcCursor.h"
 #include "dataaccess/odbc/OdbcSession.h"
+#include "dataaccess/rows/packedCells.h"
 #include "platform/RuntimeError.h"
 
 #include <algorithm>
@@ -58,11 +59,12 @@ void Recordset::requireField(int field) const
         throw RuntimeError(ErrorNumber::ItemNotFound);
 }
 
-void Recordset::requireCell(qint64 row, int field) const
+const char *Recordset::cellAt(qint64 row, int field) const
 {
     if (row < 0 || row >= table().rowCount())
         throw RuntimeError(ErrorNumber::NoCurrentRecord);
     requireField(field);
+    return m_table->cell(row, field);
 }
 
 const MemoryTable &Recordset::table() const
@@ -271,7 +273,7 @@ Value Recordset::value(int field) const
     requireOpen();
     requireField(field);
     requireCurrent();
-    return m_reader ? m_reader->value(field) : m_table->value(m_position, field);
+    return m_reader ? m_reader->value(field) : packedCellValue(m_table->cell(m_position, field));
 }
 
 Value Recordset::value(const QString &name) const
@@ -331,11 +333,10 @@ void Recordset::packCurrent(RowWriter &row, NullForm nulls) const
 const char *Recordset::packedRow(RowWriter &copy) const
 {
     requireCurrent();
-    const char *const stored = m_reader ? nullptr : m_table->storedCells(m_position);
-    if (stored != nullptr)
-        return stored;
+    if (!m_reader)
+        return m_table->row(m_position);
     copy.clear();
-    packCurrent(copy, NullForm::Null);
+    m_reader->pack(copy, NullForm::Null);
     return copy.data();
 }
 
@@ -354,32 +355,42 @@ void Recordset::sort(int field, bool descending)
 
 QString Recordset::textAt(qint64 row, int field) const
 {
-    requireCell(row, field);
-    return m_table->text(row, field);
+    QString text;
+    appendPackedCellText(cellAt(row, field), text);
+    return text;
 }
 
 QString Recordset::textStartAt(qint64 row, int field, qsizetype longest) const
 {
-    requireCell(row, field);
-    return m_table->textStart(row, field, longest);
+    QString text;
+    appendPackedCellText(cellAt(row, field), text, longest);
+    return text;
 }
 
 bool Recordset::isNumberAt(qint64 row, int field) const
 {
-    requireCell(row, field);
-    return m_table->isNumber(row, field);
+    return isPackedNumber(cellAt(row, field));
 }
 
 bool Recordset::isNullAt(qint64 row, int field) const
 {
-    requireCell(row, field);
-    return m_table->isNull(row, field);
+    return isPackedNull(cellAt(row, field));
+}
+
+Value Recordset::valueAt(qint64 row, int field) const
+{
+    return packedCellValue(cellAt(row, field));
 }
 
 void Recordset::appendRowText(qint64 row, int firstField, int lastField, QChar separator,
                               QString &text) const
 {
-    requireCell(row, firstField);
-    requireCell(row, lastField);
-    m_table->appendText(row, firstField, lastField, separator, text);
+    requireField(lastField);
+    const char *cell = cellAt(row, firstField);
+    for (int field = firstField; field <= lastField; ++field) {
+        if (field > firstField)
+            text += separator;
+        appendPackedCellText(cell, text);
+        cell = packedCellEnd(cell);
+    }
 }

@@ -115,11 +115,7 @@ public:
     QString textStartAt(qint64 row, int field, qsizetype longest) const;
     bool isNumberAt(qint64 row, int field) const;
     bool isNullAt(qint64 row, int field) const;
-    Value valueAt(qint64 row, int field) const
-    {
-        requireCell(row, field);
-        return m_table->value(row, field);
-    }
+    Value valueAt(qint64 row, int field) const;
     /// Appends the text forms of row @p row's fields @p firstField to @p lastField, with
     /// @p separator between them.
     void appendRowText(qint64 row, int firstField, int lastField, QChar separator,
@@ -150,8 +146,8 @@ private:
     void requireCurrent() const;
     void requireField(int field) const;
     const FieldInfo &field(int index) const;
-    /// Checks a row of table() and a field.
-    void requireCell(qint64 row, int field) const;
+    /// A packed cell of table().
+    const char *cellAt(qint64 row, int field) const;
     /// Rows that are no forward-only reader's, and those of appended fields.
     const MemoryTable &table() const;
     MemoryTable &ownTable();
@@ -161,7 +157,8 @@ private:
     void leaveSession();
     int indexOf(const QString &name) const;
     void packCurrent(RowWriter &row, NullForm nulls) const;
-    /// The current row in packed form: where it is stored, or in @p copy when it is not stored so.
+    /// The current row in packed form: where it is, or in @p copy when it is a forward-only
+    /// reader's.
     const char *packedRow(RowWriter &copy) const;
 
     CursorLocationEnum m_cursorLocation = adUseServer;

@@ -91,30 +91,30 @@ void appendDigits(const ScientificDigits &number, ShortText &text)
 }
 
 /// A plain decimal number in its parts, without the zeros that end its fraction.
-template <typename View>
 struct PlainNumber
 {
-    View sign;
-    View whole;
-    View fraction;
+    QByteArrayView sign;
+    QByteArrayView whole;
+    QByteArrayView fraction;
 };
 
-template <typename View>
-std::optional<PlainNumber<View>> plainNumber(View digits)
+std::optional<PlainNumber> plainNumber(QByteArrayView digits)
 {
-    const auto areDigits = [](View part) { return std::all_of(part.begin(), part.end(), isDigit); };
-    const qsizetype signLength = !digits.isEmpty() && digits.front() == u'-' ? 1 : 0;
-    const View number = digits.sliced(signLength);
-    const auto pointAt = std::find(number.begin(), number.end(), u'.');
-    const View whole = number.first(pointAt - number.begin());
-    View fraction = number.sliced(whole.size());
+    const auto areDigits = [](QByteArrayView part) {
+        return std::all_of(part.begin(), part.end(), isDigit);
+    };
+    const qsizetype signLength = !digits.isEmpty() && digits.front() == '-' ? 1 : 0;
+    const QByteArrayView number = digits.sliced(signLength);
+    const auto pointAt = std::find(number.begin(), number.end(), '.');
+    const QByteArrayView whole = number.first(pointAt - number.begin());
+    QByteArrayView fraction = number.sliced(whole.size());
     if (!fraction.isEmpty())
         fraction = fraction.sliced(1);
     if (whole.size() + fraction.size() == 0 || !areDigits(whole) || !areDigits(fraction))
         return std::nullopt;
-    while (!fraction.isEmpty() && fraction.back() == u'0')
+    while (!fraction.isEmpty() && fraction.back() == '0')
         fraction.chop(1);
-    return PlainNumber<View>{digits.first(signLength), whole, fraction};
+    return PlainNumber{digits.first(signLength), whole, fraction};
 }
 
 } // namespace
@@ -135,20 +135,6 @@ ShortText doubleForm(double value)
         appendDigits(ScientificDigits(std::fabs(value)), text);
     else
         text.append(std::isnan(value) ? "NaN" : "Inf");
-    return text;
-}
-
-QString exactNumberToText(QStringView digits)
-{
-    const auto number = plainNumber(digits);
-    if (!number)
-        return digits.toString();
-    QString text = number->sign.toString();
-    if (number->whole.isEmpty())
-        text += u'0';
-    text += number->whole;
-    if (!number->fraction.isEmpty())
-        text.append(u'.').append(number->fraction);
     return text;
 }
 

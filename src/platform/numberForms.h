@@ -14,10 +14,8 @@
 QString doubleToText(double value);
 ShortText doubleForm(double value);
 
-/// Digits as the server sent them, without the zeros that end its fraction ("1.50" is 1.5,
-/// ".5" is 0.5). Text that is not a plain decimal number comes back unchanged.
-QString exactNumberToText(QStringView digits);
-/// The same for digits in UTF-8, behind what @p text holds already.
+/// Appends digits as the server sent them, without the zeros that end its fraction ("1.50" is 1.5,
+/// ".5" is 0.5). Text that is not a plain decimal number stays as it is.
 void appendExactNumber(QByteArrayView digits, ByteBuffer &text);
 
 /// The nearest whole number, halves to the even neighbour.

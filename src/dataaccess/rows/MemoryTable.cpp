@@ -17,6 +17,7 @@ qint64 MemoryTable::addEmptyRow()
 {
     finishEditing();
     m_edited.emplace(static_cast<size_t>(m_fieldCount));
+    m_isPacked = false;
     return m_rows.rowCount();
 }
 
@@ -30,16 +31,15 @@ qint64 MemoryTable::addRow(const RowWriter &row)
 void MemoryTable::setValue(int field, const Value &value)
 {
     (*m_edited)[static_cast<size_t>(field)] = value;
+    m_isPacked = false;
 }
 
 void MemoryTable::finishEditing()
 {
     if (!m_edited)
         return;
-    m_writer.clear();
-    for (const Value &value : *m_edited)
-        m_writer.addValue(value);
-    m_rows.append(m_writer);
+    row(m_rows.rowCount());
+    m_rows.append(m_packed);
     m_edited.reset();
 }
 
@@ -61,91 +61,44 @@ bool MemoryTable::isEdited(qint64 position) const
     return m_edited && position == m_rows.rowCount();
 }
 
+const char *MemoryTable::row(qint64 position) const
+{
+    if (!isEdited(position))
+        return m_rows.row(storedRow(position));
+    if (!m_isPacked) {
+        m_packed.clear();
+        for (const Value &value : *m_edited)
+            m_packed.addValue(value);
+        m_isPacked = true;
+        m_lastCell = {};
+    }
+    return m_packed.data();
+}
+
 const char *MemoryTable::cell(qint64 position, int field) const
 {
-    const char *const row = m_rows.row(storedRow(position));
-    const char *at = row;
+    const char *const first = row(position);
+    const char *at = first;
     int reached = 0;
-    if (m_lastCell.row == row && m_lastCell.field <= field) {
+    if (m_lastCell.row == first && m_lastCell.field <= field) {
         reached = m_lastCell.field;
         at = m_lastCell.cell;
     }
     for (; reached < field; ++reached)
         at = packedCellEnd(at);
-    m_lastCell = {row, field, at};
+    m_lastCell = {first, field, at};
     return at;
 }
 
-Value MemoryTable::value(qint64 position, int field) const
+void MemoryTable::pack(qint64 position, RowWriter &copy, NullForm nulls) const
 {
-    if (isEdited(position))
-        return (*m_edited)[static_cast<size_t>(field)];
-    return packedCellValue(cell(position, field));
-}
-
-QString MemoryTable::text(qint64 position, int field) const
-{
-    QString text;
-    appendText(position, field, field, QChar(), text);
-    return text;
-}
-
-QString MemoryTable::textStart(qint64 position, int field, qsizetype longest) const
-{
-    if (isEdited(position))
-        return text(position, field).left(longest);
-    return packedCellTextStart(cell(position, field), longest);
-}
-
-bool MemoryTable::isNumber(qint64 position, int field) const
-{
-    if (isEdited(position))
-        return (*m_edited)[static_cast<size_t>(field)].isNumber();
-    return isPackedNumber(cell(position, field));
-}
-
-bool MemoryTable::isNull(qint64 position, int field) const
-{
-    return isEdited(position) ? (*m_edited)[static_cast<size_t>(field)].isNull()
-                              : isPackedNull(cell(position, field));
-}
-
-void MemoryTable::appendText(qint64 position, int firstField, int lastField, QChar separator,
-                             QString &text) const
-{
-    const bool edited = isEdited(position);
-    const char *at = edited ? nullptr : cell(position, firstField);
-    for (int field = firstField; field <= lastField; ++field) {
-        if (field > firstField)
-            text += separator;
-        if (edited) {
-            text += (*m_edited)[static_cast<size_t>(field)].toText();
-        } else {
-            appendPackedCellText(at, text);
-            at = packedCellEnd(at);
-        }
-    }
-}
-
-const char *MemoryTable::storedCells(qint64 position) const
-{
-    return isEdited(position) ? nullptr : m_rows.row(storedRow(position));
-}
-
-void MemoryTable::pack(qint64 position, RowWriter &row, NullForm nulls) const
-{
-    const bool edited = isEdited(position);
-    const char *at = edited ? nullptr : cell(position, 0);
+    const char *at = row(position);
     for (int field = 0; field < m_fieldCount; ++field) {
-        const char *const end = edited ? nullptr : packedCellEnd(at);
-        const bool isNull =
-            edited ? (*m_edited)[static_cast<size_t>(field)].isNull() : isPackedNull(at);
-        if (isNull)
-            row.addNull(nulls);
-        else if (edited)
-            row.addValue((*m_edited)[static_cast<size_t>(field)]);
+        const char *const end = packedCellEnd(at);
+        if (isPackedNull(at))
+            copy.addNull(nulls);
         else
-            row.addPacked(at, end);
+            copy.addPacked(at, end);
         at = end;
     }
 }

@@ -29,16 +29,11 @@ public:
     /// Brings the rows that are there into the order of a field's values, as orderedRows() has it.
     void sort(int field, bool descending);
 
-    Value value(qint64 position, int field) const;
-    QString text(qint64 position, int field) const;
-    QString textStart(qint64 position, int field, qsizetype longest) const;
-    bool isNumber(qint64 position, int field) const;
-    bool isNull(qint64 position, int field) const;
-    void appendText(qint64 position, int firstField, int lastField, QChar separator,
-                    QString &text) const;
-    /// The first of the packed cells of a row; null while that row is being edited.
-    const char *storedCells(qint64 position) const;
-    void pack(qint64 position, RowWriter &row, NullForm nulls) const;
+    /// The packed cells of a row, from the first and from field @p field on, until the row is
+    /// changed.
+    const char *row(qint64 position) const;
+    const char *cell(qint64 position, int field) const;
+    void pack(qint64 position, RowWriter &copy, NullForm nulls) const;
     qint64 bytes() const;
 
 private:
@@ -50,12 +45,12 @@ private:
     };
 
     qint64 storedRow(qint64 position) const;
-    const char *cell(qint64 position, int field) const;
 
     int m_fieldCount;
     RowStore m_rows;
-    RowWriter m_writer;
-    std::optional<std::vector<Value>> m_edited; ///< the row behind the stored ones
+    std::optional<std::vector<Value>> m_edited; ///< the row after the stored ones
+    mutable RowWriter m_packed;                 ///< the same, when it has been asked for
+    mutable bool m_isPacked = false;
     std::vector<int> m_order;    ///< the stored rows at the first positions, those that were sorted
     mutable LastCell m_lastCell; ///< makes reading a row field by field linear
 };

@@ -227,14 +227,9 @@ private:
 
 std::vector<int> orderedRows(const MemoryTable &table, int field, bool descending)
 {
-    RowWriter edited;
     std::vector<Entry> entries(static_cast<size_t>(table.rowCount()));
     for (int row = 0; Entry & entry : entries) {
-        const char *cell = table.storedCells(row);
-        if (cell == nullptr) {
-            table.pack(row, edited, NullForm::Null);
-            cell = edited.data();
-        }
+        const char *cell = table.row(row);
         for (int before = 0; before < field; ++before)
             cell = packedCellEnd(cell);
         const Kind kind = kindOf(cell);

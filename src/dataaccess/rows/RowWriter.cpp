@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr size_t smallestCapacity = 256;
 constexpr size_t longestHeader = 11; // tag and varint length
 
 char *writeLength(char *at, size_t length)
@@ -65,25 +64,6 @@ bool isAscii(QByteArrayView text)
 
 } // namespace
 
-char *RowWriter::claim(size_t bytes)
-{
-    if (m_capacity - m_size < bytes) {
-        const size_t capacity = std::max({smallestCapacity, m_capacity * 2, m_size + bytes});
-        auto larger = std::make_unique_for_overwrite<char[]>(capacity);
-        if (m_size > 0)
-            std::memcpy(larger.get(), m_data.get(), m_size);
-        m_data = std::move(larger);
-        m_capacity = capacity;
-    }
-    return m_data.get() + m_size;
-}
-
-void RowWriter::addTag(quint8 tag)
-{
-    *claim(1) = static_cast<char>(tag);
-    ++m_size;
-}
-
 void RowWriter::addEmpty()
 {
     addTag(CellEmpty);
@@ -112,14 +92,14 @@ void RowWriter::addInteger(std::int64_t value)
         isWhole = rest == (isNegative ? -1 : 0);
     }
     *cell = static_cast<char>(CellInteger + bytes);
-    m_size += 1 + static_cast<size_t>(bytes);
+    endCell(cell + 1 + bytes);
 }
 
 void RowWriter::addDouble(double value)
 {
     char *const cell = claim(1 + sizeof value);
     *cell = CellDouble;
-    m_size += static_cast<size_t>(writeNumber(cell + 1, value) - cell);
+    endCell(writeNumber(cell + 1, value));
 }
 
 void RowWriter::addDigits(const char *digits, size_t length)
@@ -142,7 +122,7 @@ void RowWriter::addDigits(const char *digits, size_t length)
         }
         *at++ = static_cast<char>(high << 4 | low);
     }
-    m_size += static_cast<size_t>(at - cell);
+    endCell(at);
 }
 
 void RowWriter::addTimestamp(const Timestamp &value)
@@ -160,7 +140,7 @@ void RowWriter::addTimestamp(const Timestamp &value)
     }
     if (*cell == CellTimestamp)
         at = writeNumber(at, value.nanosecond);
-    m_size += static_cast<size_t>(at - cell);
+    endCell(at);
 }
 
 char *RowWriter::beginLatin1(size_t characters)
@@ -178,7 +158,7 @@ void RowWriter::addText(const char16_t *text, size_t units)
 {
     char *const at = beginLatin1(units);
     if (narrow(text, units, at))
-        m_size = static_cast<size_t>(at - m_data.get()) + units;
+        endCell(at + units);
     else
         addUtf16(CellUtf16, text, units);
 }
@@ -191,8 +171,7 @@ void RowWriter::addUtf8(QByteArrayView text)
         return;
     }
     char *const at = beginLatin1(static_cast<size_t>(text.size()));
-    std::copy(text.begin(), text.end(), at);
-    m_size = static_cast<size_t>(at - m_data.get() + text.size());
+    endCell(std::copy(text.begin(), text.end(), at));
 }
 
 void RowWriter::addUtf16(quint8 tag, const char16_t *text, size_t units)
@@ -201,7 +180,7 @@ void RowWriter::addUtf16(quint8 tag, const char16_t *text, size_t units)
     *cell = static_cast<char>(tag);
     char *const at = writeLength(cell + 1, units);
     std::memcpy(at, text, units * sizeof *text);
-    m_size += static_cast<size_t>(at - cell) + units * sizeof *text;
+    endCell(at + units * sizeof *text);
 }
 
 void RowWriter::addBinary(const char *bytes, size_t length)
@@ -209,8 +188,7 @@ void RowWriter::addBinary(const char *bytes, size_t length)
     char *const cell = claim(longestHeader + length);
     *cell = CellBinary;
     char *const at = writeLength(cell + 1, length);
-    std::copy_n(bytes, length, at);
-    m_size += static_cast<size_t>(at - cell) + length;
+    endCell(std::copy_n(bytes, length, at));
 }
 
 void RowWriter::addValue(const Value &value)
@@ -244,7 +222,5 @@ void RowWriter::addValue(const Value &value)
 
 void RowWriter::addPacked(const char *cell, const char *end)
 {
-    const auto length = static_cast<size_t>(end - cell);
-    std::memcpy(claim(length), cell, length);
-    m_size += length;
+    m_bytes.append(QByteArrayView(cell, end));
 }

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "dataaccess/rows/Value.h"
+#include "platform/ByteBuffer.h"
 
 #include <QByteArrayView>
-
-#include <memory>
 
 /// What a null of the data source becomes in a packed row.
 enum class NullForm { Null, EmptyText };
@@ -14,9 +13,9 @@ enum class NullForm { Null, EmptyText };
 class RowWriter
 {
 public:
-    void clear() { m_size = 0; }
-    const char *data() const { return m_data.get(); }
-    size_t size() const { return m_size; }
+    void clear() { m_bytes.clear(); }
+    const char *data() const { return m_bytes.view().data(); }
+    size_t size() const { return static_cast<size_t>(m_bytes.size()); }
 
     void addEmpty();
     void addNull(NullForm form = NullForm::Null);
@@ -37,14 +36,13 @@ public:
     void addPacked(const char *cell, const char *end);
 
 private:
-    /// Room for @p bytes more; what is used of it is told by m_size.
-    char *claim(size_t bytes);
-    void addTag(quint8 tag);
+    /// Room for @p bytes more, until endCell() says where what is used of it ends.
+    char *claim(size_t bytes) { return m_bytes.room(static_cast<qsizetype>(bytes)); }
+    void endCell(const char *end) { m_bytes.added(end - m_bytes.view().end()); }
+    void addTag(quint8 tag) { m_bytes.append(static_cast<char>(tag)); }
     /// Begins a cell of that many Latin-1 characters. @returns where they go
     char *beginLatin1(size_t characters);
     void addUtf16(quint8 tag, const char16_t *text, size_t units);
 
-    std::unique_ptr<char[]> m_data;
-    size_t m_size = 0;
-    size_t m_capacity = 0;
+    ByteBuffer m_bytes;
 };

@@ -1,5 +1,7 @@
 #include "dataaccess/rows/Value.h"
 
+#include "dataaccess/rows/RowWriter.h"
+#include "dataaccess/rows/packedCells.h"
 #include "platform/RuntimeError.h"
 #include "platform/checkedArithmetic.h"
 #include "platform/numberForms.h"
@@ -34,19 +36,13 @@ bool Value::isNumber() const
 
 QString Value::toText() const
 {
-    return std::visit(
-        Overloaded{
-            [](EmptyValue) { return QString(); },
-            [](NullValue) { return QString(); },
-            [](bool value) { return value ? u"True"_s : u"False"_s; },
-            [](std::int64_t value) { return QString::number(value); },
-            [](double value) { return doubleToText(value); },
-            [](const ExactNumber &value) { return exactNumberToText(value.digits); },
-            [](const Timestamp &value) { return timestampForm(value).toString(); },
-            [](const QString &value) { return value; },
-            [](const QByteArray &value) { return QString::fromLatin1(value.toHex().toUpper()); },
-        },
-        m_value);
+    if (const auto *held = std::get_if<QString>(&m_value))
+        return *held;
+    RowWriter cell;
+    cell.addValue(*this);
+    QString text;
+    appendPackedCellText(cell.data(), text);
+    return text;
 }
 
 qint32 Value::toInteger() const

@@ -14,6 +14,11 @@ quint8 tagOf(const char *cell)
     return static_cast<quint8>(*cell);
 }
 
+bool isLatin1(quint8 tag)
+{
+    return tag >= CellShortLatin1 || tag == CellLatin1;
+}
+
 template <typename Number>
 Number readNumber(const char *&at)
 {
@@ -103,13 +108,6 @@ private:
     qsizetype m_length = 0;
 };
 
-QString readExactNumber(const char *cell)
-{
-    if (tagOf(cell) == CellNumberText)
-        return readUtf16(cell + 1);
-    return QString::fromLatin1(DigitCharacters(cell).view());
-}
-
 QByteArrayView readBytes(const char *at)
 {
     const qsizetype length = readLength(at);
@@ -150,6 +148,26 @@ void appendUtf8(QLatin1StringView characters, ByteBuffer &text)
     text.added(to - begin);
 }
 
+/// Appends the text form of whatever is no text and no bytes.
+void appendForm(const char *cell, ByteBuffer &text)
+{
+    const quint8 tag = tagOf(cell);
+    if (tag >= CellShortDigits || tag == CellDigits) {
+        appendExactNumber(DigitCharacters(cell).view(), text);
+    } else if (tag >= CellInteger && tag <= CellInteger + 8) {
+        constexpr qsizetype mostDigits = 24;
+        char *const begin = text.room(mostDigits);
+        text.added(std::to_chars(begin, begin + mostDigits, readInteger(cell)).ptr - begin);
+    } else if (tag >= CellDate && tag <= CellTimestamp) {
+        text.append(timestampForm(readTimestamp(cell)).view());
+    } else if (tag == CellDouble) {
+        const char *at = cell + 1;
+        text.append(doubleForm(readNumber<double>(at)).view());
+    } else if (tag == CellTrue || tag == CellFalse) {
+        text.append(tag == CellTrue ? QByteArrayView("True") : QByteArrayView("False"));
+    }
+}
+
 } // namespace
 
 const char *packedCellEnd(const char *cell)
@@ -185,11 +203,13 @@ const char *packedCellEnd(const char *cell)
 Value packedCellValue(const char *cell)
 {
     const quint8 tag = tagOf(cell);
-    if (tag >= CellShortLatin1 || tag == CellLatin1)
+    if (isLatin1(tag))
         return QString(readLatin1(cell));
-    if (tag >= CellShortDigits || tag == CellDigits || tag == CellNumberText)
-        return ExactNumber{readExactNumber(cell)};
+    if (tag >= CellShortDigits || tag == CellDigits)
+        return ExactNumber{QString::fromLatin1(DigitCharacters(cell).view())};
     switch (tag) {
+    case CellNumberText:
+        return ExactNumber{readUtf16(cell + 1)};
     case CellEmpty:
         return EmptyValue{};
     case CellNull:
@@ -215,73 +235,44 @@ Value packedCellValue(const char *cell)
     }
 }
 
-void appendPackedCellText(const char *cell, QString &text)
-{
-    const quint8 tag = tagOf(cell);
-    if (tag >= CellShortLatin1 || tag == CellLatin1) {
-        text += readLatin1(cell);
-    } else if (tag >= CellShortDigits || tag == CellDigits) {
-        text += exactNumberToText(readExactNumber(cell));
-    } else if (tag >= CellInteger && tag <= CellInteger + 8) {
-        char digits[24];
-        const char *end = std::to_chars(digits, std::end(digits), readInteger(cell)).ptr;
-        text += QLatin1StringView(digits, end);
-    } else if (tag == CellUtf16) {
-        const char *at = cell + 1;
-        const qsizetype units = readLength(at);
-        const qsizetype before = text.size();
-        text.resize(before + units);
-        std::memcpy(text.data() + before, at, static_cast<size_t>(units) * sizeof(QChar));
-    } else if (tag != CellEmpty && tag != CellNull) {
-        text += packedCellValue(cell).toText();
-    }
-}
-
-QString packedCellTextStart(const char *cell, qsizetype longest)
+void appendPackedCellText(const char *cell, QString &text, qsizetype longest)
 {
     const quint8 tag = tagOf(cell);
     const char *at = cell + 1;
-    if (tag == CellLatin1) {
-        const QLatin1StringView text = readLatin1(cell);
-        return QString(text.left(std::min(longest, text.size())));
-    }
-    if (tag == CellUtf16) {
-        QString text(std::min(longest, readLength(at)), Qt::Uninitialized);
-        std::memcpy(text.data(), at, static_cast<size_t>(text.size()) * sizeof(QChar));
-        return text;
-    }
-    if (tag == CellBinary) {
+    if (isLatin1(tag)) {
+        text += readLatin1(cell).left(longest);
+    } else if (tag == CellUtf16 || tag == CellNumberText) {
+        const qsizetype units = std::min(longest, readLength(at));
+        const qsizetype before = text.size();
+        text.resize(before + units);
+        std::memcpy(text.data() + before, at, static_cast<size_t>(units) * sizeof(QChar));
+    } else if (tag == CellBinary) {
         const QByteArrayView bytes = readBytes(at);
         const qsizetype shown = std::min(longest / 2 + 1, bytes.size());
-        return Value(bytes.first(shown).toByteArray()).toText().left(longest);
+        const QByteArray digits = bytes.first(shown).toByteArray().toHex().toUpper();
+        text += QLatin1StringView(digits).left(longest);
+    } else {
+        static thread_local ByteBuffer form;
+        form.clear();
+        appendForm(cell, form);
+        text += QLatin1StringView(form.view()).left(longest);
     }
-    QString text;
-    appendPackedCellText(cell, text);
-    text.truncate(longest);
-    return text;
 }
 
 const char *appendPackedCellUtf8(const char *cell, ByteBuffer &text)
 {
     const quint8 tag = tagOf(cell);
-    if (tag >= CellShortLatin1 || tag == CellLatin1) {
+    if (isLatin1(tag)) {
         const QLatin1StringView characters = readLatin1(cell);
         appendUtf8(characters, text);
         return characters.end();
     }
-    if (tag >= CellShortDigits || tag == CellDigits) {
-        appendExactNumber(DigitCharacters(cell).view(), text);
-    } else if (tag >= CellInteger && tag <= CellInteger + 8) {
-        constexpr qsizetype mostDigits = 24;
-        char *const begin = text.room(mostDigits);
-        text.added(std::to_chars(begin, begin + mostDigits, readInteger(cell)).ptr - begin);
-    } else if (tag >= CellDate && tag <= CellTimestamp) {
-        text.append(timestampForm(readTimestamp(cell)).view());
-    } else if (tag == CellDouble) {
-        const char *at = cell + 1;
-        text.append(doubleForm(readNumber<double>(at)).view());
-    } else if (tag != CellEmpty && tag != CellNull) {
-        text.append(packedCellValue(cell).toText().toUtf8());
+    if (tag == CellUtf16 || tag == CellNumberText || tag == CellBinary) {
+        QString wide;
+        appendPackedCellText(cell, wide);
+        text.append(wide.toUtf8());
+    } else {
+        appendForm(cell, text);
     }
     return packedCellEnd(cell);
 }

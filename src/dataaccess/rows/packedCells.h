@@ -4,6 +4,7 @@
 #include "platform/ByteBuffer.h"
 
 #include <cstring>
+#include <limits>
 #include <optional>
 
 /// The form in which the cells of an in-memory row lie one behind the other. A cell is a tag byte,
@@ -36,10 +37,10 @@ inline constexpr char digitCharacters[] = "0123456789+-.E";
 /// Where the cell after @p cell begins.
 const char *packedCellEnd(const char *cell);
 Value packedCellValue(const char *cell);
-/// Appends what packedCellValue(cell).toText() gives.
-void appendPackedCellText(const char *cell, QString &text);
-/// The first @p longest UTF-16 units of that text; costs no more for a longer one.
-QString packedCellTextStart(const char *cell, qsizetype longest);
+/// Appends the cell's text as Value::toText() gives it, or the first @p longest UTF-16 units of
+/// it, which cost no more where it is longer.
+void appendPackedCellText(const char *cell, QString &text,
+                          qsizetype longest = std::numeric_limits<qsizetype>::max());
 /// Appends that text in UTF-8. @returns where the next cell begins
 const char *appendPackedCellUtf8(const char *cell, ByteBuffer &text);
 /// The point in time that a cell holds, if it holds one.
