@@ -39,17 +39,17 @@ using Handler = void (FrameCommands::*)();
 
 struct MenuItem
 {
-    QLatin1StringView name;
-    QLatin1StringView caption; ///< empty for a separator
-    QLatin1StringView shortcut;
-    QLatin1StringView icon;
+    const char *name;
+    const char *caption = nullptr; ///< none for a separator
+    const char *shortcut = nullptr;
+    const char *icon = nullptr;
     Handler handler = nullptr;
 };
 
 struct Menu
 {
-    QLatin1StringView name;
-    QLatin1StringView caption;
+    const char *name;
+    const char *caption;
     QList<MenuItem> items;
 };
 
@@ -57,50 +57,40 @@ QList<Menu> frameMenus()
 {
     using F = FrameCommands;
     return {
-        {"mnuFile"_L1,
-         "&File"_L1,
+        {"mnuFile",
+         "&File",
          {
-             {"mnuOrbekSqlEditor"_L1, "New Window"_L1, "Ctrl+N"_L1, "new-window"_L1,
+             {"mnuOrbekSqlEditor", "New Window", "Ctrl+N", "new-window",
               &F::mnuOrbekSqlEditor_Click},
-             {"mnuOpen"_L1, "&Open"_L1, "Ctrl+O"_L1, "open"_L1, &F::mnuOpen_Click},
-             {"mnuSave"_L1, "&Save"_L1, "Ctrl+S"_L1, "save"_L1, &F::mnuSave_Click},
-             {"mnuPrint"_L1, "&Print"_L1, "Ctrl+P"_L1, "print"_L1, &F::mnuPrint_Click},
-             {"mnuSep1"_L1, {}, {}, {}},
-             {"mnuExit"_L1, "&Exit"_L1, "Ctrl+W"_L1, "exit"_L1, &F::mnuExit_Click},
+             {"mnuOpen", "&Open", "Ctrl+O", "open", &F::mnuOpen_Click},
+             {"mnuSave", "&Save", "Ctrl+S", "save", &F::mnuSave_Click},
+             {"mnuPrint", "&Print", "Ctrl+P", "print", &F::mnuPrint_Click},
+             {"mnuSep1"},
+             {"mnuExit", "&Exit", "Ctrl+W", "exit", &F::mnuExit_Click},
          }},
-        {"mnuEdit"_L1,
-         "&Edit"_L1,
+        {"mnuEdit",
+         "&Edit",
          {
-             {"mnuUndo"_L1, "Undo"_L1, "Ctrl+Z"_L1, "undo"_L1, &F::mnuUndo_Click},
-             {"mnuRedo"_L1, "Redo"_L1, "Ctrl+Y"_L1, "redo"_L1, &F::mnuRedo_Click},
-             {"mnuCut"_L1, "Cut"_L1, {}, "cut"_L1, &F::mnuCut_Click},
-             {"mnuCopy"_L1, "Copy"_L1, "Ctrl+C"_L1, "copy"_L1, &F::mnuCopy_Click},
-             {"mnuPaste"_L1, "Paste"_L1, {}, "paste"_L1, &F::mnuPaste_Click},
-             {"mnuSep2"_L1, {}, {}, {}},
-             {"mnuSelectAll"_L1, "Select All"_L1, "Ctrl+A"_L1, {}, &F::mnuSelectAll_Click},
-             {"mnuDelete"_L1, "Delete"_L1, {}, "delete"_L1, &F::mnuDelete_Click},
-             {"mnuFind"_L1, "Find"_L1, "Ctrl+F"_L1, "find"_L1, &F::mnuFind_Click},
-             {"mnuReplace"_L1, "Replace"_L1, "Ctrl+H"_L1, "replace"_L1, &F::mnuReplace_Click},
+             {"mnuUndo", "Undo", "Ctrl+Z", "undo", &F::mnuUndo_Click},
+             {"mnuRedo", "Redo", "Ctrl+Y", "redo", &F::mnuRedo_Click},
+             {"mnuCut", "Cut", nullptr, "cut", &F::mnuCut_Click},
+             {"mnuCopy", "Copy", "Ctrl+C", "copy", &F::mnuCopy_Click},
+             {"mnuPaste", "Paste", nullptr, "paste", &F::mnuPaste_Click},
+             {"mnuSep2"},
+             {"mnuSelectAll", "Select All", "Ctrl+A", nullptr, &F::mnuSelectAll_Click},
+             {"mnuDelete", "Delete", nullptr, "delete", &F::mnuDelete_Click},
+             {"mnuFind", "Find", "Ctrl+F", "find", &F::mnuFind_Click},
+             {"mnuReplace", "Replace", "Ctrl+H", "replace", &F::mnuReplace_Click},
          }},
-        {"mnuConnection"_L1,
-         "&Connection"_L1,
-         {{"mnuChangeConnection"_L1,
-           "Change Connection"_L1,
-           {},
-           "connection"_L1,
+        {"mnuConnection",
+         "&Connection",
+         {{"mnuChangeConnection", "Change Connection", nullptr, "connection",
            &F::mnuChangeConnection_Click}}},
-        {"mnuorbekusergroup"_L1,
-         "Orbek User Group"_L1,
+        {"mnuorbekusergroup",
+         "Orbek User Group",
          {
-             {"mnuJoinOrbekUserGroup"_L1,
-              "Join"_L1,
-              {},
-              "join"_L1,
-              &F::mnuJoinOrbekUserGroup_Click},
-             {"mnuMessageOrbekUserGroup"_L1,
-              "Messages"_L1,
-              {},
-              "messages"_L1,
+             {"mnuJoinOrbekUserGroup", "Join", nullptr, "join", &F::mnuJoinOrbekUserGroup_Click},
+             {"mnuMessageOrbekUserGroup", "Messages", nullptr, "messages",
               &F::mnuMessageOrbekUserGroup_Click},
          }},
     };
@@ -108,12 +98,11 @@ QList<Menu> frameMenus()
 
 void addItem(QMenu &menu, const MenuItem &item, FrameCommands &commands)
 {
-    QAction *action = item.caption.isEmpty() ? menu.addSeparator() : menu.addAction(item.caption);
-    action->setObjectName(item.name);
-    if (!item.shortcut.isEmpty())
-        action->setShortcut(QKeySequence(item.shortcut));
-    if (!item.icon.isEmpty())
-        action->setIcon(themedIcon(item.icon));
+    QAction *action = menu.addAction(QString::fromLatin1(item.caption));
+    action->setSeparator(item.caption == nullptr);
+    action->setObjectName(QString::fromLatin1(item.name));
+    action->setShortcut(QKeySequence(QString::fromLatin1(item.shortcut)));
+    action->setIcon(themedIcon(QString::fromLatin1(item.icon)));
     if (item.handler != nullptr)
         QObject::connect(action, &QAction::triggered, &menu,
                          [&commands, handler = item.handler] { (commands.*handler)(); });
@@ -124,9 +113,9 @@ void addItem(QMenu &menu, const MenuItem &item, FrameCommands &commands)
 void FrameCommands::addMenus(QMenuBar &menuBar)
 {
     for (const Menu &entry : frameMenus()) {
-        QMenu *menu = menuBar.addMenu(entry.caption);
-        menu->setObjectName(entry.name);
-        menu->menuAction()->setObjectName(entry.name + u"Action"_s);
+        QMenu *menu = menuBar.addMenu(QString::fromLatin1(entry.caption));
+        menu->setObjectName(QString::fromLatin1(entry.name));
+        menu->menuAction()->setObjectName(menu->objectName() + u"Action"_s);
         for (const MenuItem &item : entry.items)
             addItem(*menu, item, *this);
     }

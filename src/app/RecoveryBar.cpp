@@ -13,6 +13,7 @@ namespace {
 
 constexpr qsizetype shownBeginning = 40;
 constexpr qsizetype longestBeginning = 300;
+constexpr qint64 bytesOfBeginning = 3 * longestBeginning + 3; // of UTF-8, at most
 
 } // namespace
 
@@ -64,7 +65,7 @@ void RecoveryBar::showOffer()
     if (m_texts.empty())
         return;
     const LostText &lost = *m_texts.front();
-    const QString text = QString::fromUtf8(lost.text());
+    const QString text = QString::fromUtf8(lost.text(bytesOfBeginning));
     const QString others =
         m_texts.size() == 1 ? QString() : tr(" (the first of %1)").arg(m_texts.size());
     m_label->setText(

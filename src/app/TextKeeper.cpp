@@ -21,7 +21,7 @@ TextKeeper::TextKeeper(EditorControl &editor)
     m_writer.setMaxThreadCount(1);
     m_untilKept.setSingleShot(true);
     connect(&m_untilKept, &QTimer::timeout, this, &TextKeeper::keepInPause);
-    connect(&editor, &EditorControl::textChanged, this, &TextKeeper::noteChange);
+    connect(&editor, &EditorControl::contentChanged, this, &TextKeeper::noteChange);
 }
 
 TextKeeper::~TextKeeper()

@@ -7,6 +7,7 @@
 #include "platform/applicationFolder.h"
 #include "platform/checkedArithmetic.h"
 #include "platform/fileErrors.h"
+#include "platform/ownerOnly.h"
 #include "platform/systemClock.h"
 #include "platform/textForms.h"
 
@@ -20,7 +21,7 @@ namespace {
 void append(const QString &path, const QByteArray &text)
 {
     requireOrdinaryFile(path);
-    FileWriter file(path, FileWriter::Mode::Append, QFile::ReadOwner | QFile::WriteOwner);
+    FileWriter file(path, FileWriter::Mode::Append, ownerFile);
     file.write(text);
     file.close();
 }

@@ -1,22 +1,20 @@
 #include "platform/RecoveryFile.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/ownerOnly.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QUuid>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QFile::Permissions ownerFile = QFile::ReadOwner | QFile::WriteOwner;
-constexpr QFile::Permissions ownerFolder = ownerFile | QFile::ExeOwner;
 
 const QString suffix = u".sql"_s;
 
@@ -62,10 +60,8 @@ void RecoveryFile::keep(const QByteArray &text)
         return;
     }
     if (!m_lock) {
-        const QString folder = QFileInfo(m_path).path();
-        QDir().mkpath(QFileInfo(folder).path());
-        QDir().mkdir(folder, ownerFolder);
-        m_lock = lockOf(m_path);
+        if (makeOwnerFolder(QFileInfo(m_path).path()))
+            m_lock = lockOf(m_path);
         if (!m_lock)
             throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
@@ -98,10 +94,10 @@ std::vector<std::unique_ptr<LostText>> LostText::all()
     return found;
 }
 
-QByteArray LostText::text() const
+QByteArray LostText::text(qint64 most) const
 {
     QFile file(m_path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? file.read(std::min(most, file.size())) : QByteArray();
 }
 
 void LostText::discard()

@@ -5,6 +5,7 @@
 #include <QLockFile>
 #include <QString>
 
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -42,8 +43,9 @@ public:
     /// All of them, the oldest first. Files that cannot be read are passed over.
     static std::vector<std::unique_ptr<LostText>> all();
 
-    /// In UTF-8, as it was kept last; empty when it can no longer be read.
-    QByteArray text() const;
+    /// In UTF-8, as it was kept last, or its first @p most bytes; empty when it can no longer be
+    /// read.
+    QByteArray text(qint64 most = std::numeric_limits<qint64>::max()) const;
     /// When it was kept last, in local time.
     QDateTime time() const { return m_time; }
     void discard();

@@ -5,18 +5,14 @@
 
 namespace {
 
-QString &replacedFolder()
-{
-    static QString folder;
-    return folder;
-}
+QString replacedFolder;
 
 } // namespace
 
 QString applicationFolder()
 {
     return QDir::toNativeSeparators(
-        replacedFolder().isEmpty() ? QCoreApplication::applicationDirPath() : replacedFolder());
+        replacedFolder.isEmpty() ? QCoreApplication::applicationDirPath() : replacedFolder);
 }
 
 QString applicationFile(const QString &fileName)
@@ -26,5 +22,5 @@ QString applicationFile(const QString &fileName)
 
 void setApplicationFolder(const QString &folder)
 {
-    replacedFolder() = folder;
+    replacedFolder = folder;
 }

@@ -5,25 +5,21 @@
 
 namespace {
 
-std::function<void(const QString &)> &presenter()
-{
-    static std::function<void(const QString &)> installed;
-    return installed;
-}
+std::function<void(const QString &)> presenter;
 
 } // namespace
 
 void showMessage(const QString &text)
 {
-    if (presenter())
-        presenter()(text);
+    if (presenter)
+        presenter(text);
     else
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
 void setMessagePresenter(std::function<void(const QString &)> newPresenter)
 {
-    presenter() = std::move(newPresenter);
+    presenter = std::move(newPresenter);
 }
 
 RuntimeError currentRuntimeError() noexcept

@@ -1,9 +1,8 @@
 #include "platform/privateSettings.h"
 
 #include "platform/fileErrors.h"
+#include "platform/ownerOnly.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
@@ -11,9 +10,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QFile::Permissions ownerFile = QFile::ReadOwner | QFile::WriteOwner;
-constexpr QFile::Permissions ownerFolder = ownerFile | QFile::ExeOwner;
 
 QString settingsFolder()
 {
@@ -26,32 +22,17 @@ void require(bool done)
         throw RuntimeError(ErrorNumber::PathFileAccessError);
 }
 
-/// Gives a file or folder of ours the permissions it has to have, whoever loosened them.
-void restrict(const QString &path, QFile::Permissions wanted)
-{
-    constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
-                                          QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
-    if (QFile::permissions(path) & others)
-        require(QFile::setPermissions(path, wanted));
-}
-
 /// QSettings would create the file with what the process's mask allows and narrow it afterwards;
 /// a file that is there keeps its permissions.
 void createPrivately(const QString &path)
 {
-    const QString folder = settingsFolder();
-    require(QDir().mkpath(QFileInfo(folder).path()));
-    if (!QFileInfo::exists(folder))
-        require(QDir().mkdir(folder, ownerFolder));
-    require(QFileInfo(folder).isDir());
-    restrict(folder, ownerFolder);
+    require(makeOwnerFolder(settingsFolder()));
     if (!QFileInfo::exists(path)) {
         QFile file(path);
         require(file.open(QIODevice::WriteOnly | QIODevice::NewOnly, ownerFile));
     }
     requireOrdinaryFile(path);
-    require(QFileInfo(path).isFile());
-    restrict(path, ownerFile);
+    require(QFileInfo(path).isFile() && shutToOthers(path));
 }
 
 } // namespace
@@ -80,6 +61,5 @@ void changePrivateSettings(const QString &name, const std::function<void(QSettin
     QSettings settings(path, QSettings::IniFormat);
     change(settings);
     settings.sync();
-    require(settings.status() != QSettings::AccessError);
-    restrict(path, ownerFile);
+    require(settings.status() != QSettings::AccessError && shutToOthers(path));
 }

@@ -10,24 +10,19 @@
 
 namespace {
 
-std::function<void(int)> &replacedEnd()
-{
-    static std::function<void(int)> end;
-    return end;
-}
-
-std::function<void()> &lastWork()
-{
-    static std::function<void()> work;
-    return work;
-}
+std::function<void(int)> replacedEnd;
+std::function<void()> lastWork;
 
 /// In the environment, because everything behind the program's name is its own business.
 constexpr char startWindowVariable[] = "QUERNA_START_WINDOW";
 constexpr char maximized[] = "maximized";
 
-void startDetached(const QString &program, const QStringList &arguments, StartWindow window)
+} // namespace
+
+void startProgram(const QString &program, const QStringList &arguments, StartWindow window)
 {
+    if (!QFileInfo::exists(program))
+        throw RuntimeError(ErrorNumber::FileNotFound);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QLatin1StringView(startWindowVariable));
     if (window == StartWindow::Maximized)
@@ -41,15 +36,6 @@ void startDetached(const QString &program, const QStringList &arguments, StartWi
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
 }
 
-} // namespace
-
-void startProgram(const QString &program, const QStringList &arguments, StartWindow window)
-{
-    if (!QFileInfo::exists(program))
-        throw RuntimeError(ErrorNumber::FileNotFound);
-    startDetached(program, arguments, window);
-}
-
 bool startsMaximized()
 {
     return qgetenv(startWindowVariable) == maximized;
@@ -57,19 +43,19 @@ bool startsMaximized()
 
 void endProgram(int exitCode)
 {
-    if (exitCode == 0 && lastWork())
-        lastWork()();
-    if (!replacedEnd())
+    if (exitCode == 0 && lastWork)
+        lastWork();
+    if (!replacedEnd)
         std::_Exit(exitCode);
-    replacedEnd()(exitCode);
+    replacedEnd(exitCode);
 }
 
 void setLastWork(std::function<void()> work)
 {
-    lastWork() = std::move(work);
+    lastWork = std::move(work);
 }
 
 void setProgramEnd(std::function<void(int)> end)
 {
-    replacedEnd() = std::move(end);
+    replacedEnd = std::move(end);
 }

@@ -9,82 +9,49 @@
 
 namespace {
 
-/// Walks over the line ends of a text.
-class LineEnds
+/// Calls @p use with each line and the length of its end, which is 0 at the text's end.
+template <typename Use>
+void forEachLine(const QByteArray &text, const Use &use)
 {
-public:
-    explicit LineEnds(const QByteArray &text)
-        : m_at(text.constData())
-        , m_end(m_at + text.size())
-        , m_cr(find(m_at, '\r'))
-        , m_lf(find(m_at, '\n'))
-    {
+    const char *at = text.constData();
+    const char *const end = at + text.size();
+    const auto find = [end](const char *from, char character) {
+        const void *found = std::memchr(from, character, static_cast<std::size_t>(end - from));
+        return found ? static_cast<const char *>(found) : end;
+    };
+    const char *cr = find(at, '\r');
+    const char *lf = find(at, '\n');
+    while (cr != lf) {
+        const char *const lineEnd = std::min(cr, lf);
+        const qsizetype length = cr + 1 == lf && lf != end ? 2 : 1;
+        use(QByteArrayView(at, lineEnd), length);
+        at = lineEnd + length;
+        if (cr < at)
+            cr = find(at, '\r');
+        if (lf < at)
+            lf = find(at, '\n');
     }
-
-    /// The text up to the next line end, which is passed over; all the rest when there is none.
-    QByteArrayView nextLine()
-    {
-        const char *const begin = m_at;
-        const char *const lineEnd = std::min(m_cr, m_lf);
-        m_ended = lineEnd == m_end;
-        if (m_ended) {
-            m_at = m_end;
-        } else {
-            const bool both = m_lf != m_end && m_lf == lineEnd + 1;
-            m_at = lineEnd + (both ? 2 : 1);
-            m_wasCrLf = both;
-            if (m_cr < m_at)
-                m_cr = find(m_at, '\r');
-            if (m_lf < m_at)
-                m_lf = find(m_at, '\n');
-        }
-        return {begin, lineEnd};
-    }
-    /// Whether the last line was ended by the text's end.
-    bool ended() const { return m_ended; }
-    bool wasCrLf() const { return m_wasCrLf; }
-
-private:
-    const char *find(const char *from, char character) const
-    {
-        const void *found = std::memchr(from, character, static_cast<std::size_t>(m_end - from));
-        return found ? static_cast<const char *>(found) : m_end;
-    }
-
-    const char *m_at;
-    const char *m_end;
-    const char *m_cr; ///< the next one at or behind m_at
-    const char *m_lf;
-    bool m_ended = false;
-    bool m_wasCrLf = false;
-};
+    use(QByteArrayView(at, end), 0);
+}
 
 /// Writes every line end as CR LF; gives the text itself back when that is how it came.
 QByteArray withCrLf(const QByteArray &text)
 {
-    qsizetype ends = 0;
     qsizetype size = 0;
     bool allCrLf = true;
-    for (LineEnds walk(text); !walk.ended();) {
-        size += walk.nextLine().size();
-        if (!walk.ended()) {
-            ++ends;
-            allCrLf = allCrLf && walk.wasCrLf();
-        }
-    }
+    forEachLine(text, [&](QByteArrayView line, qsizetype end) {
+        size += line.size() + (end == 0 ? 0 : 2);
+        allCrLf = allCrLf && end != 1;
+    });
     if (allCrLf)
         return text;
-
-    QByteArray result(size + 2 * ends, Qt::Uninitialized);
+    QByteArray result(size, Qt::Uninitialized);
     char *to = result.data();
-    for (LineEnds walk(text); !walk.ended();) {
-        const QByteArrayView line = walk.nextLine();
+    forEachLine(text, [&to](QByteArrayView line, qsizetype end) {
         to = std::copy(line.begin(), line.end(), to);
-        if (!walk.ended()) {
-            *to++ = '\r';
-            *to++ = '\n';
-        }
-    }
+        if (end > 0)
+            to = std::copy_n("\r\n", 2, to);
+    });
     return result;
 }
 

@@ -20,13 +20,6 @@ namespace {
 
 constexpr int sourceCacheSize = 100;
 
-std::shared_ptr<Recordset> makeSource()
-{
-    auto source = std::make_shared<Recordset>();
-    source->setCacheSize(sourceCacheSize);
-    return source;
-}
-
 /// Each name that stands again, before or behind, gets a suffix; in one pass, so a third one gets
 /// two.
 void makeUnique(QStringList &names)
@@ -41,22 +34,13 @@ void makeUnique(QStringList &names)
 
 } // namespace
 
-void ResultPaging::setStatusText(std::function<void(const QString &)> show)
-{
-    m_statusText = std::move(show);
-}
-
-void ResultPaging::setYield(std::function<void()> yield)
-{
-    m_yield = std::move(yield);
-}
-
 void ResultPaging::openResult(QString &sql, const std::shared_ptr<Connection> &connection)
 {
     if (trimBlanks(sql).isEmpty())
         return;
     sql = lineFeedsOnly(sql);
-    m_source = makeSource();
+    m_source = std::make_shared<Recordset>();
+    m_source->setCacheSize(sourceCacheSize);
     m_recordsFetched = 0;
     m_source->Open(sql, connection);
     if (m_source->State() == adStateClosed || m_source->Eof())
@@ -90,23 +74,6 @@ void ResultPaging::fetchRows(Recordset &source, Recordset &result, int count)
         copyRow(source, result);
 }
 
-void ResultPaging::fetchAllRows(const std::shared_ptr<Recordset> &source,
-                                const std::shared_ptr<Recordset> &result)
-{
-    m_fetchingAll = true;
-    if (!source)
-        return;
-    while (source->State() == adStateOpen && !source->Eof() && m_fetchingAll) {
-        copyRow(*source, *result);
-        showCount();
-        if (m_yield)
-            m_yield();
-        // What the user did meanwhile may have put other recordsets in these ones' place.
-        if (source != m_source || result != m_result)
-            return;
-    }
-}
-
 void ResultPaging::retrieveNext()
 {
     if (!m_source || !m_result)
@@ -120,8 +87,16 @@ void ResultPaging::retrieveAll()
     const std::shared_ptr<ResultPaging> self = shared_from_this();
     const std::shared_ptr<Recordset> source = m_source;
     const std::shared_ptr<Recordset> result = m_result;
+    m_fetchingAll = true;
     try {
-        fetchAllRows(source, result);
+        // What the user does meanwhile may put other recordsets in these ones' place.
+        while (source && source == m_source && result == m_result && m_fetchingAll &&
+               source->State() == adStateOpen && !source->Eof()) {
+            copyRow(*source, *result);
+            showCount();
+            if (m_yield)
+                m_yield();
+        }
     } catch (...) {
         showCount(); // the rows before the failure have arrived
         throw;

@@ -22,9 +22,12 @@ public:
 
     /// @param show  called with the count of rows as text whenever rows have arrived; an empty
     ///              function for nobody
-    void setStatusText(std::function<void(const QString &)> show);
+    void setStatusText(std::function<void(const QString &)> show)
+    {
+        m_statusText = std::move(show);
+    }
     /// @param yield  called behind every row that retrieveAll() brings
-    void setYield(std::function<void()> yield);
+    void setYield(std::function<void()> yield) { m_yield = std::move(yield); }
 
     /// The recordset that the next query fills, set up but not opened.
     void setResult(std::shared_ptr<Recordset> result) { m_result = std::move(result); }
@@ -56,8 +59,6 @@ public:
 
 private:
     void fetchRows(Recordset &source, Recordset &result, int count);
-    void fetchAllRows(const std::shared_ptr<Recordset> &source,
-                      const std::shared_ptr<Recordset> &result);
     void copyRow(Recordset &source, Recordset &result);
     void showCount() const;
 

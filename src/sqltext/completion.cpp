@@ -5,7 +5,6 @@
 #include "sqltext/wordClasses.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 #include <utility>
 #include <vector>
@@ -16,40 +15,30 @@ namespace {
 
 using Tokens = std::span<const SqlToken>;
 
-template <typename Words>
-bool isOneOf(const SqlToken &token, const Words &words)
+bool isOneOf(const SqlToken &token, QLatin1StringView words)
 {
-    return token.kind == SqlToken::Word &&
-           std::any_of(std::begin(words), std::end(words), [&](QLatin1StringView word) {
-               return token.text.compare(word, Qt::CaseInsensitive) == 0;
-           });
+    return token.kind == SqlToken::Word && ::isOneOf(token.text, words);
 }
 
 /// Words that a table's name follows.
 bool leadsToTable(const SqlToken &token)
 {
-    static constexpr std::array words{"FROM"_L1, "JOIN"_L1,   "UPDATE"_L1,
-                                      "INTO"_L1, "DELETE"_L1, "USING"_L1};
-    return isOneOf(token, words);
+    return isOneOf(token, "FROM JOIN UPDATE INTO DELETE USING"_L1);
 }
 
 /// Words that a list of tables ends at.
 bool endsTables(const SqlToken &token)
 {
-    static constexpr std::array words{
-        "SELECT"_L1, "WHERE"_L1,   "GROUP"_L1,  "HAVING"_L1, "ORDER"_L1,     "SET"_L1,
-        "UNION"_L1,  "CONNECT"_L1, "MINUS"_L1,  "EXCEPT"_L1, "INTERSECT"_L1, "START"_L1,
-        "VALUES"_L1, "FOR"_L1,     "OFFSET"_L1, "FETCH"_L1,  "RETURNING"_L1, "LIMIT"_L1};
-    return isOneOf(token, words);
+    return isOneOf(token, "SELECT WHERE GROUP HAVING ORDER SET UNION CONNECT MINUS EXCEPT "
+                          "INTERSECT START VALUES FOR OFFSET FETCH RETURNING LIMIT"_L1);
 }
 
 /// Words that cannot be the name of a table or its alias.
 bool isReserved(const SqlToken &token)
 {
-    static constexpr std::array words{
-        "ON"_L1,    "AS"_L1,   "LEFT"_L1,  "RIGHT"_L1, "FULL"_L1,    "INNER"_L1,    "OUTER"_L1,
-        "CROSS"_L1, "WHEN"_L1, "PIVOT"_L1, "LOOP"_L1,  "NATURAL"_L1, "PARTITION"_L1};
-    return leadsToTable(token) || endsTables(token) || isOneOf(token, words);
+    return leadsToTable(token) || endsTables(token) ||
+           isOneOf(token, "ON AS LEFT RIGHT FULL INNER OUTER CROSS WHEN PIVOT LOOP NATURAL "
+                          "PARTITION"_L1);
 }
 
 QString dictionaryName(const SqlToken &token)

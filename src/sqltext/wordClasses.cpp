@@ -1,5 +1,7 @@
 #include "sqltext/wordClasses.h"
 
+#include <QStringList>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -9,11 +11,10 @@ namespace {
 constexpr int dataTypes = 1;
 constexpr int keywords = 6;
 
-template <std::size_t Count>
-void fillClass(KeywordTable &table, int wordClass, const std::array<QString, Count> &words)
+void fillClass(KeywordTable &table, int wordClass, const QString &words)
 {
-    static_assert(Count <= wordsPerClass);
-    std::copy(words.begin(), words.end(), table[static_cast<std::size_t>(wordClass)].begin());
+    const QStringList list = words.split(u',').mid(0, wordsPerClass);
+    std::copy(list.begin(), list.end(), table[static_cast<std::size_t>(wordClass)].begin());
 }
 
 WordClasses makeSqlWordClasses()
@@ -21,28 +22,14 @@ WordClasses makeSqlWordClasses()
     WordClasses classes;
     // The punctuation marks are words like the others: they are written in the keywords' colour.
     fillClass(classes.keywordTable, keywords,
-              std::to_array<QString>(
-                  {u"SELECT"_s,     u"FROM"_s,        u"WHERE"_s,       u"HAVING"_s,
-                   u"ORDER"_s,      u"BY"_s,          u"GROUP"_s,       u"BEGIN"_s,
-                   u"END"_s,        u"PROCEDURE"_s,   u"FUNCTION"_s,    u"PACKAGE"_s,
-                   u"NULL"_s,       u"CREATE"_s,      u"IS"_s,          u"IN"_s,
-                   u"NOT"_s,        u"IF"_s,          u"FOR"_s,         u"LOOP"_s,
-                   u"OR"_s,         u"AND"_s,         u"TYPE"_s,        u"JAVA"_s,
-                   u"JAVA CLASS"_s, u"DATABASE"_s,    u"LINK"_s,        u"VIEW"_s,
-                   u"TABLE"_s,      u"SYNONYM"_s,     u"SEQUENCE"_s,    u"MATERIALIZED"_s,
-                   u"INTO"_s,       u"SCHEMA"_s,      u"ROLLBACK"_s,    u"SEGMENT"_s,
-                   u"TABLESPACE"_s, u"STORAGE"_s,     u"PCTFREE"_s,     u"PCTUSED"_s,
-                   u"FREELISTS"_s,  u"EXTENT"_s,      u"FIRST"_s,       u"NEXT"_s,
-                   u"LOGGING"_s,    u"INSERT"_s,      u"PARTITION"_s,   u"REPLACE"_s,
-                   u"THEN"_s,       u"WHILE"_s,       u"DO"_s,          u"INITRANS"_s,
-                   u"GROUPS"_s,     u"MAXTRANS"_s,    u"PCTINCREASE"_s, u"MAXEXTENTS"_s,
-                   u"INITEXTENT"_s, u"MINEXTENTS"_s,  u"NEXT"_s,        u"INITIAL"_s,
-                   u"FREELIST"_s,   u"BUFFER_POOL"_s, u"POOLS"_s,       u"OUT"_s,
-                   u"ELSIF"_s,      u"BODY"_s,        u"("_s,           u")"_s,
-                   u";"_s,          u"ON"_s,          u"BFILE"_s,       u"AS"_s}));
-    fillClass(classes.keywordTable, dataTypes,
-              std::to_array<QString>({u"VARCHAR2"_s, u"CHAR"_s, u"DATE"_s, u"INTEGER"_s, u"LONG"_s,
-                                      u"REF"_s, u"CURSOR"_s}));
+              u"SELECT,FROM,WHERE,HAVING,ORDER,BY,GROUP,BEGIN,END,PROCEDURE,FUNCTION,"
+              "PACKAGE,NULL,CREATE,IS,IN,NOT,IF,FOR,LOOP,OR,AND,TYPE,JAVA,JAVA CLASS,"
+              "DATABASE,LINK,VIEW,TABLE,SYNONYM,SEQUENCE,MATERIALIZED,INTO,SCHEMA,"
+              "ROLLBACK,SEGMENT,TABLESPACE,STORAGE,PCTFREE,PCTUSED,FREELISTS,EXTENT,"
+              "FIRST,NEXT,LOGGING,INSERT,PARTITION,REPLACE,THEN,WHILE,DO,INITRANS,"
+              "GROUPS,MAXTRANS,PCTINCREASE,MAXEXTENTS,INITEXTENT,MINEXTENTS,NEXT,"
+              "INITIAL,FREELIST,BUFFER_POOL,POOLS,OUT,ELSIF,BODY,(,),;,ON,BFILE,AS"_s);
+    fillClass(classes.keywordTable, dataTypes, u"VARCHAR2,CHAR,DATE,INTEGER,LONG,REF,CURSOR"_s);
     classes.classColours = {0x000000, 0xFF0000, 0xFF8C00, 0xD2691E, 0x2E8B57, 0x9932CC, 0x0000FF};
     classes.classStyles = {0, 1, 1, 1, 1, 2, 0};
     return classes;

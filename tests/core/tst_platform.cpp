@@ -332,12 +332,14 @@ void tst_Platform::textsOutliveASuddenEnd()
     endOf(living);
     QCOMPARE(lost(), "select 'ä'|still at work");
 
+    setMode(state + u"/Querna"_s, 0755); // another program's doing, for instance
     RecoveryFile own;
     own.keep("mine");
     {
         const auto texts = LostText::all();
         QCOMPARE(texts.size(), 2U);
         QCOMPARE(lost(), ""); // whoever holds them offers them alone
+        QCOMPARE(texts.front()->text(6), "select");
         texts.front()->discard();
     }
     QCOMPARE(lost(), "still at work");

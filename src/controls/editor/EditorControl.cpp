@@ -89,6 +89,7 @@ void EditorControl::setUpEditing()
     connect(this, &QsciScintillaBase::SCN_ZOOM, this, &EditorControl::zoomed);
     connect(this, &EditorControl::zoomed, this, fitLineNumbers);
     connect(this, &QsciScintilla::linesChanged, this, fitLineNumbers);
+    connect(this, &QsciScintilla::textChanged, this, &EditorControl::contentChanged);
 }
 
 void EditorControl::setUpKeys()

@@ -129,6 +129,9 @@ public:
     int zoomLevel() const;
 
 signals:
+    /// The text has changed. In a large text, and of many changes at once, this comes a moment
+    /// later.
+    void contentChanged();
     /// The caret has moved; both counted from 1.
     void caretMoved(int column, int line);
     void zoomed();

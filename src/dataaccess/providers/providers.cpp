@@ -57,17 +57,13 @@ ProviderSession openOracle(const ConnectionString &items)
         quoted(items.value(u"Password")), QString::number(oracleFetchBufferBytes))};
 }
 
-ProviderProgress &progressListener()
-{
-    static ProviderProgress listener;
-    return listener;
-}
+ProviderProgress progressListener;
 
 } // namespace
 
 void setProviderProgress(ProviderProgress progress)
 {
-    progressListener() = std::move(progress);
+    progressListener = std::move(progress);
 }
 
 ProviderSession openProvider(const QString &connectionString)
@@ -81,6 +77,6 @@ ProviderSession openProvider(const QString &connectionString)
     if (provider == "msdaora"_L1 || provider == "oraoledb.oracle"_L1)
         return openOracle(items);
     if (isSandbox(items))
-        return openSandbox(items, progressListener());
+        return openSandbox(items, progressListener);
     throw RuntimeError(ErrorNumber::ProviderNotFound);
 }

@@ -1,9 +1,9 @@
 #include "dataaccess/sandbox/SandboxFolder.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/ownerOnly.h"
 
 #include <QDir>
-#include <QFile>
 #include <QStandardPaths>
 
 #include <cerrno>
@@ -19,26 +19,18 @@ namespace {
 // Bytes. The server's own paths have 511, and need some for what is in the folder.
 constexpr int longestPath = 400;
 
-// For its owner alone, and really a folder of this user: a name in a folder that everybody may
-// write to could have been taken by somebody else.
+// Really a folder of this user: a name in a folder that everybody may write to could have been
+// taken by somebody else.
 void makePrivateFolder(const QString &path)
 {
-    const QByteArray name = QFile::encodeName(path);
     struct stat state = {};
-    bool made = ::mkdir(name.constData(), 0700) == 0 || errno == EEXIST;
-    if (made)
-        made = ::lstat(name.constData(), &state) == 0;
-    if (made && (!S_ISDIR(state.st_mode) || state.st_uid != ::geteuid())) {
-        errno = EPERM;
-        made = false;
-    }
-    if (made && (state.st_mode & 0777) != 0700)
-        made = ::chmod(name.constData(), 0700) == 0;
-    if (!made) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError,
-                           u"The sandbox's folder %1 cannot be used: %2"_s.arg(
-                               path, QString::fromLocal8Bit(strerror(errno))));
-    }
+    const bool made =
+        makeOwnerFolder(path) && ::lstat(QFile::encodeName(path).constData(), &state) == 0;
+    if (made && S_ISDIR(state.st_mode) && state.st_uid == ::geteuid())
+        return;
+    throw RuntimeError(ErrorNumber::PathFileAccessError,
+                       u"The sandbox's folder %1 cannot be used: %2"_s.arg(
+                           path, QString::fromLocal8Bit(strerror(made ? EPERM : errno))));
 }
 
 // So that a folder has the same name for everybody, also before it is there.
@@ -72,7 +64,6 @@ void SandboxFolder::make() const
                            u"The sandbox's folder %1 cannot be used: its path is longer than %2 "
                            "bytes."_s.arg(m_path, QString::number(longestPath)));
     }
-    QDir().mkpath(QDir(m_path + u"/.."_s).absolutePath());
     makePrivateFolder(m_path);
     makePrivateFolder(temporaryPath());
 }

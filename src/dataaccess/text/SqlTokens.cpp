@@ -1,6 +1,7 @@
 #include "dataaccess/text/SqlTokens.h"
 
 #include <QString>
+#include <QStringTokenizer>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,15 @@ bool isWordCharacter(QChar character)
 {
     return character.isLetterOrNumber() || character == u'_' || character == u'$' ||
            character == u'#' || character.isSurrogate();
+}
+
+bool isOneOf(QStringView word, QLatin1StringView words)
+{
+    for (const QLatin1StringView one : words.tokenize(u' ')) {
+        if (word.compare(one, Qt::CaseInsensitive) == 0)
+            return true;
+    }
+    return false;
 }
 
 bool SqlToken::isWord(QStringView word) const

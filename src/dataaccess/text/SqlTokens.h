@@ -1,9 +1,13 @@
 #pragma once
 
+#include <QLatin1StringView>
 #include <QStringView>
 
 /// Whether @p character can stand in a word: a name without quotes, a keyword or a number.
 bool isWordCharacter(QChar character);
+
+/// Whether @p word is one of @p words, which blanks separate, in any letter case.
+bool isOneOf(QStringView word, QLatin1StringView words);
 
 /// One word, number, literal, quoted name or sign of a statement's text.
 struct SqlToken

@@ -13,26 +13,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Words that stand alone, or before a parenthesis, as statements of their own.
-constexpr QLatin1StringView statementWords[] = {
-    "abort"_L1,    "analyze"_L1,   "begin"_L1,  "checkpoint"_L1, "commit"_L1,  "declare"_L1,
-    "delete"_L1,   "end"_L1,       "exit"_L1,   "explain"_L1,    "help"_L1,    "insert"_L1,
-    "merge"_L1,    "null"_L1,      "quit"_L1,   "reindex"_L1,    "replace"_L1, "return"_L1,
-    "rollback"_L1, "savepoint"_L1, "select"_L1, "shutdown"_L1,   "start"_L1,   "table"_L1,
-    "truncate"_L1, "update"_L1,    "vacuum"_L1, "values"_L1,     "with"_L1,    "work"_L1,
-};
+constexpr QLatin1StringView statementWords =
+    "abort analyze begin checkpoint commit declare delete end exit explain help insert "
+    "merge null quit reindex replace return rollback savepoint select shutdown start table "
+    "truncate update vacuum values with work"_L1;
 
 /// Words that an ODBC escape begins with.
-constexpr QLatin1StringView escapeWords[] = {
-    "call"_L1, "fn"_L1, "d"_L1, "t"_L1, "ts"_L1, "oj"_L1, "escape"_L1, "interval"_L1, "guid"_L1,
-};
-
-template <size_t Count>
-bool isOneOf(QStringView word, const QLatin1StringView (&words)[Count])
-{
-    return std::any_of(std::begin(words), std::end(words), [&](QLatin1StringView other) {
-        return word.compare(other, Qt::CaseInsensitive) == 0;
-    });
-}
+constexpr QLatin1StringView escapeWords = "call fn d t ts oj escape interval guid"_L1;
 
 /// Whether @p text, which begins with a parenthesis, ends with the one that closes it.
 bool isArgumentList(QStringView text)
