@@ -1,12 +1,8 @@
-#include "platform/RuntimeError.h"
 #include "sqltext/DictionaryNames.h"
 #include "sqltext/completion.h"
 #include "sqltext/dictionaryReader.h"
 #include "support/SandboxFixture.h"
-#include "support/raisedError.h"
-#include "support/textRows.h"
-
-#include <QTest>
+#include "support/coreTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -11,13 +11,7 @@
 #include "dataaccess/text/commandText.h"
 #include "dataaccess/text/connectionString.h"
 #include "platform/errorTraps.h"
-#include "support/raisedError.h"
-#include "support/testFiles.h"
-#include "support/textRows.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include "support/coreTest.h"
 
 using namespace Qt::StringLiterals;
 

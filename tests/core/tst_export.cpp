@@ -1,15 +1,6 @@
 #include "export/copyForms.h"
 #include "export/exportFormats.h"
-#include "support/DataRows.h"
-#include "support/raisedError.h"
-#include "support/tables.h"
-#include "support/testFiles.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <functional>
-#include <memory>
+#include "support/coreTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,16 +3,9 @@
 #include "platform/fileErrors.h"
 #include "platform/replaceFile.h"
 #include "platform/textFile.h"
-#include "support/DataRows.h"
-#include "support/raisedError.h"
-#include "support/testFiles.h"
-#include "support/textRows.h"
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "support/coreTest.h"
 
 #include <cerrno>
-#include <functional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,19 +1,8 @@
-#include "dataaccess/Recordset.h"
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"
 #include "platform/systemClock.h"
 #include "platform/textForms.h"
-#include "support/DataRows.h"
-#include "support/raisedError.h"
-#include "support/testFiles.h"
-
-#include <QFile>
-#include <QRandomGenerator>
-#include <QTemporaryDir>
-
-#include <algorithm>
-#include <memory>
-#include <utility>
+#include "support/coreTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,13 +3,7 @@
 #include "dataaccess/Command.h"
 #include "dataaccess/Connection.h"
 #include "platform/settings.h"
-#include "support/DataRows.h"
-#include "support/raisedError.h"
-#include "support/tables.h"
-#include "support/testFiles.h"
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "support/coreTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,3 @@
-#include "dataaccess/Recordset.h"
 #include "history/historyFile.h"
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
@@ -9,21 +8,12 @@
 #include "platform/registry.h"
 #include "platform/replaceFile.h"
 #include "platform/settings.h"
-#include "support/DataRows.h"
 #include "support/LooseEnd.h"
 #include "support/SmallDisk.h"
-#include "support/raisedError.h"
-#include "support/testFiles.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-#include <QTest>
+#include "support/coreTest.h"
 
 #include <csignal>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <sys/stat.h>
 #include <sys/wait.h>

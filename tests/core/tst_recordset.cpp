@@ -2,15 +2,9 @@
 
 #include "dataaccess/RowCells.h"
 #include "dataaccess/rows/ValueParts.h"
-#include "support/DataRows.h"
-#include "support/raisedError.h"
-#include "support/tables.h"
+#include "support/coreTest.h"
 
 #include <cmath>
-#include <functional>
-#include <initializer_list>
-#include <limits>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 

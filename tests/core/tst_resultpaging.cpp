@@ -1,12 +1,6 @@
 #include "dataaccess/Connection.h"
 #include "sqltext/ResultPaging.h"
-#include "support/DataRows.h"
-#include "support/raisedError.h"
-#include "support/tables.h"
-#include "support/textRows.h"
-
-#include <functional>
-#include <utility>
+#include "support/coreTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,10 +1,8 @@
 #include "dataaccess/Command.h"
 #include "dataaccess/Connection.h"
 #include "sqltext/explainStatements.h"
-#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
-#include "support/raisedError.h"
-#include "support/tables.h"
+#include "support/coreTest.h"
 
 using namespace Qt::StringLiterals;
 using SandboxFixture::scalar;

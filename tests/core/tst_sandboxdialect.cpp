@@ -3,8 +3,7 @@
 #include "dataaccess/sandbox/sandboxSetup.h"
 #include "dataaccess/text/SqlTokens.h"
 #include "sqltext/explainStatements.h"
-#include "support/DataRows.h"
-#include "support/textRows.h"
+#include "support/coreTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,25 +1,11 @@
 #include "dataaccess/Connection.h"
 #include "dataaccess/providers/providers.h"
 #include "dataaccess/sandbox/SandboxServer.h"
-#include "support/DataRows.h"
 #include "support/LooseEnd.h"
 #include "support/SandboxFixture.h"
-#include "support/raisedError.h"
-#include "support/testFiles.h"
+#include "support/coreTest.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QDirIterator>
-#include <QElapsedTimer>
-#include <QFileInfo>
-#include <QProcess>
-#include <QScopeGuard>
-#include <QTemporaryDir>
-
-#include <chrono>
 #include <cstdio>
-#include <memory>
-#include <vector>
 
 #include <signal.h>
 

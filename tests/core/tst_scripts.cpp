@@ -1,9 +1,6 @@
-#include "platform/RuntimeError.h"
 #include "sqltext/dynamicStatements.h"
 #include "sqltext/scriptRunner.h"
-#include "support/textRows.h"
-
-#include <QTest>
+#include "support/coreTest.h"
 
 using namespace Qt::StringLiterals;
 

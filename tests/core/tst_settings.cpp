@@ -1,13 +1,8 @@
 #include "platform/privateSettings.h"
 #include "platform/registry.h"
 #include "platform/settings.h"
+#include "support/coreTest.h"
 #include "support/settingsPlace.h"
-
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <memory>
 
 #ifdef Q_OS_WIN
 #include <windows.h>

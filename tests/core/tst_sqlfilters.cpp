@@ -2,13 +2,8 @@
 #include "sqltext/selectionEdits.h"
 #include "sqltext/sqlFilters.h"
 #include "sqltext/wordAtCaret.h"
-#include "support/DataRows.h"
+#include "support/coreTest.h"
 #include "support/literallyStripped.h"
-#include "support/textRows.h"
-
-#include <QRandomGenerator>
-
-#include <utility>
 
 using namespace Qt::StringLiterals;
 

@@ -1,13 +1,8 @@
 #include "sqltext/ColourTokenizer.h"
 #include "sqltext/SyntaxDefinition.h"
+#include "support/coreTest.h"
 
 #include "platform/FileReader.h"
-#include "platform/RuntimeError.h"
-#include "support/raisedError.h"
-#include "support/textRows.h"
-
-#include <QRandomGenerator>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

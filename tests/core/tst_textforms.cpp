@@ -1,12 +1,7 @@
 #include "platform/numberForms.h"
 #include "platform/systemClock.h"
 #include "platform/textForms.h"
-#include "support/raisedError.h"
-#include "support/textRows.h"
-
-#include <QRandomGenerator>
-#include <QRegularExpression>
-#include <QTest>
+#include "support/coreTest.h"
 
 #include <bit>
 #include <cmath>

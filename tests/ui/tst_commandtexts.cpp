@@ -1,13 +1,5 @@
-#include "controls/editor/EditorControl.h"
 #include "platform/systemClock.h"
-#include "support/DataRows.h"
-#include "support/testFiles.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
-
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -1,17 +1,5 @@
 #include "connection/frmQuernaLogin.h"
-#include "controls/editor/EditorControl.h"
-#include "controls/forms/messageBox.h"
-#include "support/SandboxFixture.h"
-#include "support/testFiles.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
-
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QLineEdit>
-#include <QRadioButton>
-#include <QTemporaryDir>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

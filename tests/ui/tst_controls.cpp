@@ -1,26 +1,10 @@
 #include "controls/forms/CommonDialog.h"
 #include "controls/forms/StatusPanels.h"
 #include "controls/forms/icons.h"
-#include "controls/forms/messageBox.h"
 #include "controls/forms/mousePointer.h"
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
-#include "support/raisedError.h"
-#include "support/testFiles.h"
-#include "uisupport/ModalAnswers.h"
-#include "uisupport/accessibleNames.h"
-
-#include <QDeadlineTimer>
-#include <QElapsedTimer>
-#include <QFileDialog>
-#include <QLabel>
-#include <QMainWindow>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QScreen>
-#include <QTemporaryDir>
-#include <QTest>
+#include "uisupport/uiTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,6 @@
 #include "connection/frmQuernaLogin.h"
 #include "connection/session.h"
-#include "controls/editor/EditorControl.h"
 #include "controls/editor/EditorFindDialog.h"
-#include "controls/forms/messageBox.h"
-#include "dataaccess/Recordset.h"
 #include "dialogs/frmFind.h"
 #include "dialogs/frmObject.h"
 #include "dialogs/frmObjectColumn.h"
@@ -11,22 +8,8 @@
 #include "export/frmExport.h"
 #include "history/frmSQLHistory.h"
 #include "platform/applicationFolder.h"
-#include "support/DataRows.h"
 #include "support/SandboxFixture.h"
-#include "uisupport/ModalAnswers.h"
-#include "uisupport/accessibleNames.h"
-
-#include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QVBoxLayout>
-
-#include <functional>
-#include <memory>
+#include "uisupport/uiTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,18 +1,6 @@
-#include "app/MDIFormQuerna.h"
-#include "controls/editor/EditorControl.h"
-#include "platform/RuntimeError.h"
 #include "platform/applicationFolder.h"
-#include "support/SandboxFixture.h"
 #include "support/SmallDisk.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
-#include "uisupport/userActions.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QTest>
-
-#include <memory>
 
 using namespace Qt::StringLiterals;
 

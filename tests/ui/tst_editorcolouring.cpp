@@ -1,16 +1,8 @@
-#include "controls/editor/EditorControl.h"
 #include "controls/editor/StyleBytes.h"
 #include "controls/editor/SyntaxColouring.h"
 #include "controls/grids/DataGrid.h"
 #include "controls/grids/RowNumberHeader.h"
-#include "support/DataRows.h"
-#include "support/raisedError.h"
-#include "support/testFiles.h"
-
-#include <QRandomGenerator>
-#include <QStandardItemModel>
-#include <QTemporaryDir>
-#include <QTest>
+#include "uisupport/uiTest.h"
 
 using namespace Qt::StringLiterals;
 using Sci = QsciScintillaBase;

@@ -1,18 +1,6 @@
-#include "controls/editor/EditorControl.h"
 #include "editor/EditorEvents.h"
 #include "editor/caretPosition.h"
-#include "support/DataRows.h"
-#include "support/raisedError.h"
-#include "support/testFiles.h"
-
-#include <QAccessible>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QVBoxLayout>
+#include "uisupport/uiTest.h"
 
 using namespace Qt::StringLiterals;
 using Sci = QsciScintillaBase;

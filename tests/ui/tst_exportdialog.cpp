@@ -1,19 +1,7 @@
-#include "controls/forms/messageBox.h"
 #include "controls/forms/mousePointer.h"
 #include "export/frmExport.h"
 #include "platform/applicationFolder.h"
-#include "support/DataRows.h"
-#include "support/tables.h"
-#include "support/testFiles.h"
-#include "uisupport/ModalAnswers.h"
-#include "uisupport/userActions.h"
-
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QLineEdit>
-#include <QRadioButton>
-#include <QTemporaryDir>
-#include <QTest>
+#include "uisupport/uiTest.h"
 
 using namespace Qt::StringLiterals;
 

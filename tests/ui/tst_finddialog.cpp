@@ -1,21 +1,5 @@
-#include "controls/editor/EditorControl.h"
-#include "controls/forms/messageBox.h"
 #include "dialogs/frmFind.h"
-#include "support/DataRows.h"
-#include "uisupport/ModalAnswers.h"
-#include "uisupport/userActions.h"
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRandomGenerator>
-#include <QTest>
-#include <QTimer>
-#include <QVBoxLayout>
-
-#include <memory>
+#include "uisupport/uiTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,37 +1,8 @@
 #include "app/FrameCommands.h"
-#include "app/MDIFormQuerna.h"
 #include "connection/frmQuernaLogin.h"
-#include "connection/session.h"
-#include "controls/editor/EditorControl.h"
-#include "controls/grids/DataGrid.h"
-#include "editor/frmQuerna.h"
 #include "editor/paneLayout.h"
 #include "platform/settings.h"
-#include "support/testFiles.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
-#include "uisupport/userActions.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QDir>
-#include <QDirIterator>
-#include <QFileDialog>
-#include <QFontDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QProcess>
-#include <QRadioButton>
-#include <QScreen>
-#include <QStyle>
-#include <QTabWidget>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QToolBar>
-#include <QWindow>
 
 using namespace Qt::StringLiterals;
 

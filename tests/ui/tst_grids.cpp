@@ -5,23 +5,7 @@
 #include "controls/grids/GridOrder.h"
 #include "controls/grids/GridSearch.h"
 #include "platform/eventYield.h"
-#include "support/DataRows.h"
-#include "support/raisedError.h"
-#include "support/tables.h"
-
-#include <QAction>
-#include <QClipboard>
-#include <QElapsedTimer>
-#include <QGuiApplication>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QStyledItemDelegate>
-#include <QTest>
+#include "uisupport/uiTest.h"
 
 using namespace Qt::StringLiterals;
 

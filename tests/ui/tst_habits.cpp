@@ -1,28 +1,4 @@
-#include "app/MDIFormQuerna.h"
-#include "controls/editor/EditorControl.h"
-#include "controls/grids/DataGrid.h"
-#include "editor/frmQuerna.h"
-#include "support/DataRows.h"
-#include "support/testFiles.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
-#include "uisupport/accessibleNames.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QDir>
-#include <QDropEvent>
-#include <QHelpEvent>
-#include <QLineEdit>
-#include <QMimeData>
-#include <QPlainTextEdit>
-#include <QTabWidget>
-#include <QTest>
-#include <QToolBar>
-#include <QToolTip>
-#include <QUrl>
-#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 

@@ -1,15 +1,6 @@
-#include "controls/grids/DataGrid.h"
 #include "dataaccess/Connection.h"
-#include "dataaccess/Recordset.h"
-#include "editor/frmQuerna.h"
 #include "export/exportFormats.h"
-#include "platform/RuntimeError.h"
-#include "support/SandboxFixture.h"
-#include "support/testFiles.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
-
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

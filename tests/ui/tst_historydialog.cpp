@@ -1,17 +1,9 @@
-#include "controls/editor/EditorControl.h"
-#include "controls/forms/messageBox.h"
 #include "controls/grids/FlexGrid.h"
 #include "history/frmSQLHistory.h"
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"
 #include "platform/systemClock.h"
-#include "support/testFiles.h"
-#include "uisupport/ModalAnswers.h"
-
-#include <QHeaderView>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QVBoxLayout>
+#include "uisupport/uiTest.h"
 
 using namespace Qt::StringLiterals;
 

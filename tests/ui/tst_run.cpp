@@ -1,24 +1,7 @@
-#include "app/MDIFormQuerna.h"
-#include "connection/session.h"
-#include "controls/editor/EditorControl.h"
-#include "controls/forms/mousePointer.h"
 #include "controls/grids/ColumnTree.h"
-#include "dataaccess/Recordset.h"
 #include "editor/explainPlan.h"
-#include "editor/frmQuerna.h"
 #include "platform/systemClock.h"
-#include "support/DataRows.h"
-#include "support/SandboxFixture.h"
-#include "support/raisedError.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
-
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTest>
-#include <QTimer>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,22 +1,5 @@
-#include "app/MDIFormQuerna.h"
-#include "connection/session.h"
-#include "controls/editor/EditorControl.h"
-#include "controls/forms/mousePointer.h"
-#include "dataaccess/Recordset.h"
 #include "dataaccess/sandbox/SandboxServer.h"
-#include "editor/frmQuerna.h"
-#include "support/DataRows.h"
-#include "support/SandboxFixture.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
-#include "uisupport/userActions.h"
-
-#include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTreeWidget>
-
-#include <functional>
 
 #include <signal.h>
 

@@ -1,24 +1,9 @@
 #include "uisupport/ProgramFixture.h"
 
-#include "app/MDIFormQuerna.h"
 #include "app/startUp.h"
-#include "connection/session.h"
-#include "controls/editor/EditorControl.h"
-#include "controls/forms/mousePointer.h"
-#include "controls/grids/DataGrid.h"
-#include "editor/frmQuerna.h"
 #include "platform/applicationFolder.h"
 #include "platform/process.h"
 #include "support/settingsPlace.h"
-
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTabWidget>
-#include <QTest>
-#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <QTemporaryDir>
-
-#include <memory>
-#include <vector>
-
-class DataGrid;
-class EditorControl;
-class MDIFormQuerna;
-class QAction;
-class QWidget;
-class frmQuerna;
+#include "app/MDIFormQuerna.h"
+#include "connection/session.h"
+#include "controls/forms/mousePointer.h"
+#include "controls/grids/DataGrid.h"
+#include "editor/frmQuerna.h"
+#include "support/SandboxFixture.h"
+#include "uisupport/uiTest.h"
 
 /// A running program for one test: its frame, with an application folder, settings and history of
 /// its own. The program's end is recorded, not carried out.
