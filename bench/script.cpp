@@ -40,8 +40,9 @@ QStringList commandsOf(const QString &text)
 {
     QStringList commands;
     QString errors;
-    runScript(text, errors,
-              [&](const QString &command) { commands += blockStatement(command).value(); });
+    runScript(text, errors, [&](const QString &command, QStringView) {
+        commands += blockStatement(command).value();
+    });
     return commands;
 }
 

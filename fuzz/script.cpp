@@ -49,7 +49,7 @@ void checkScript(const QString &script)
     }
     QStringList sent;
     QString errors;
-    runScript(script, errors, [&](const QString &block) {
+    runScript(script, errors, [&](const QString &block, QStringView) {
         sent.append(statementIn(block, "Begin \r\nexecute immediate ('"_L1, "');\r\nend;"_L1));
         if (fails(sent.last()))
             throw RuntimeError(ErrorNumber::ProviderFailed, sent.last());

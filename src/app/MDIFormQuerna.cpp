@@ -222,7 +222,8 @@ void MDIFormQuerna::showEditorWindow()
 {
     frmQuerna *editor = editorWindow();
     editor->refreshCaption();
-    editor->showInformation(gConnection ? gConnection->hint() : QString());
+    const bool isConnected = gConnection && gConnection->State() == adStateOpen;
+    editor->showInformation(isConnected ? gConnection->hint() : u"Not connected"_s);
     m_area->setActiveSubWindow(static_cast<QMdiSubWindow *>(editor->parentWidget()));
     editor->setFocus();
 }

@@ -73,5 +73,10 @@ void Connection::RollbackTrans()
 
 qint64 Connection::rowsAffected() const
 {
-    return openSession().rowsAffected();
+    return m_session ? m_session->rowsAffected() : -1;
+}
+
+bool Connection::definitionsCommit() const
+{
+    return m_session && m_session->abilities().definitionsCommit;
 }

@@ -56,6 +56,9 @@ public:
     /// does not tell, or cannot be relied on.
     qint64 rowsAffected() const;
 
+    /// Whether the server commits when something is defined, a table for example.
+    bool definitionsCommit() const;
+
     /// Whether the transaction holds work that is not committed, as whoever sends the texts has
     /// noted; what ends the transaction ends that.
     bool hasOpenWork() const { return m_session && m_hasOpenWork; }

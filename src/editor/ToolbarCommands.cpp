@@ -13,6 +13,7 @@
 #include "history/frmSQLHistory.h"
 #include "platform/errorTraps.h"
 #include "platform/textForms.h"
+#include "sqltext/outcomeTexts.h"
 #include "sqltext/selectionEdits.h"
 
 #include <QPointer>
@@ -32,12 +33,21 @@ void showModal(Dialog *dialog)
         delete dialog;
 }
 
+/// Changes the selected text and leaves the new one selected, for the next change. Rows of a
+/// rectangle are not selected again.
 template <typename Change>
 void changeSelection(EditorControl &editor, Change change)
 {
-    const QString text = editor.SelText();
-    if (!text.isEmpty())
-        editor.setSelText(change(text));
+    const QString selected = editor.SelText();
+    if (selected.isEmpty())
+        return;
+    const QString text = change(selected);
+    const int start = editor.SelStart();
+    editor.setSelText(text);
+    if (editor.SelStart() != start + text.size())
+        return;
+    editor.setSelStart(start);
+    editor.setSelLength(static_cast<int>(text.size()));
 }
 
 } // namespace
@@ -77,8 +87,24 @@ QList<ToolBarButton> ToolbarCommands::buttons()
 void ToolbarCommands::execute(int index)
 {
     const int pointerBefore = mousePointer();
-    if (!reportErrors([&] { dispatch(index); }))
+    m_controls.showInformation({});
+    if (!reportErrors([&] {
+            try {
+                dispatch(index);
+            } catch (...) {
+                showFailure();
+                throw;
+            }
+        }))
         setMousePointer(pointerBefore);
+}
+
+/// Says what the exception that is being handled means for the command.
+void ToolbarCommands::showFailure()
+{
+    const bool isConnected = gConnection && gConnection->State() == adStateOpen;
+    m_controls.showInformation(isConnected ? failureText(currentRuntimeError())
+                                           : u"Not connected"_s);
 }
 
 void ToolbarCommands::dispatch(int index)
@@ -98,9 +124,9 @@ void ToolbarCommands::dispatch(int index)
     case 7:
         return rollback();
     case 8:
-        return editor.setSelText(upperCase(editor.SelText()));
+        return changeSelection(editor, upperCase);
     case 9:
-        return editor.setSelText(lowerCase(editor.SelText()));
+        return changeSelection(editor, lowerCase);
     case 10:
         return changeSelection(editor, [](const QString &text) { return properCase(text); });
     case 11:
@@ -165,6 +191,7 @@ void ToolbarCommands::commit()
     const std::shared_ptr<Connection> connection = requireConnection();
     connection->CommitTrans();
     connection->BeginTrans();
+    m_controls.showInformation(u"Committed"_s);
 }
 
 void ToolbarCommands::rollback()
@@ -172,6 +199,7 @@ void ToolbarCommands::rollback()
     const std::shared_ptr<Connection> connection = requireConnection();
     connection->RollbackTrans();
     connection->BeginTrans();
+    m_controls.showInformation(u"Rolled back"_s);
 }
 
 template <typename Picker>

@@ -26,6 +26,7 @@ public:
 
 private:
     void dispatch(int index);
+    void showFailure();
     void run();
     void runScript();
     void exportData();

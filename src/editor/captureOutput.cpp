@@ -3,6 +3,8 @@
 #include "connection/session.h"
 #include "dataaccess/Command.h"
 #include "editor/WindowControls.h"
+#include "sqltext/openWork.h"
+#include "sqltext/outcomeTexts.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -26,14 +28,21 @@ public:
     PaneWriter(const PaneWriter &) = delete;
     PaneWriter &operator=(const PaneWriter &) = delete;
 
-    void addLine(const QString &line) { m_text += u"  "_s + line + u"\r\n"_s; }
+    void addLine(const QString &line)
+    {
+        m_text += u"  "_s + line + u"\r\n"_s;
+        ++m_lines;
+    }
+    int lines() const { return m_lines; }
 
 private:
     QPlainTextEdit *m_pane;
     QString m_text;
+    int m_lines = 0;
 };
 
-void fetchLines(QPlainTextEdit *pane)
+/// @returns their number
+int fetchLines(QPlainTextEdit *pane)
 {
     Command getLine;
     getLine.CommandText = u"dbms_output.get_line"_s;
@@ -48,6 +57,7 @@ void fetchLines(QPlainTextEdit *pane)
         if (!line.isNull())
             writer.addLine(line.toText());
     }
+    return writer.lines();
 }
 
 } // namespace
@@ -59,7 +69,8 @@ void captureOutput(WindowControls &controls, const QString &statement)
     connection->Execute(u"dbms_output.disable"_s);
     connection->Execute(u"dbms_output.enable("_s + controls.txtBufferSize->text() + u')');
     controls.showExecutionTime();
-    connection->Execute(statement);
-    fetchLines(controls.rtbdbms);
+    sendNoting(connection, statement, [&] { connection->Execute(statement); });
+    const int lines = fetchLines(controls.rtbdbms);
     connection->Execute(u"dbms_output.disable"_s);
+    controls.showInformation(outputText(lines));
 }

@@ -7,6 +7,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/systemClock.h"
 #include "sqltext/explainStatements.h"
+#include "sqltext/outcomeTexts.h"
 
 #include <QScopeGuard>
 
@@ -40,7 +41,8 @@ constexpr int figureColumnWidth = 100;
 
 constexpr const char16_t *shownColumns[] = {u"object_name", u"cardinality", u"bytes", u"cost"};
 
-void addSteps(ColumnTree &tree, Recordset &plan)
+/// @returns their number
+int addSteps(ColumnTree &tree, Recordset &plan)
 {
     NodeTable nodes;
     // The root is the whole statement; its own figures are left out.
@@ -50,7 +52,8 @@ void addSteps(ColumnTree &tree, Recordset &plan)
         nodes.at(rootId) = root;
     root->setExpanded(true);
 
-    for (plan.MoveNext(); !plan.Eof(); plan.MoveNext()) {
+    int steps = 1;
+    for (plan.MoveNext(); !plan.Eof(); plan.MoveNext(), ++steps) {
         const qint32 parentId = plan.value(u"parent_id"_s).toInteger();
         QTreeWidgetItem *&slot = nodes.at(plan.value(u"id"_s).toInteger());
         QTreeWidgetItem *parent = nodes.at(parentId);
@@ -64,6 +67,7 @@ void addSteps(ColumnTree &tree, Recordset &plan)
         slot->setExpanded(true);
         parent->setExpanded(true);
     }
+    return steps;
 }
 
 } // namespace
@@ -84,16 +88,16 @@ void explainPlan(WindowControls &controls, const QString &statement)
     connection->Execute(deletePlanStatement(id));
     connection->Execute(explainPlanStatement(id, statement));
     controls.showExecutionTime();
-    fillPlanTree(*controls.tvwColumns, planQuery(id));
+    controls.showInformation(planText(fillPlanTree(*controls.tvwColumns, planQuery(id))));
 }
 
-void fillPlanTree(ColumnTree &tree, const QString &query)
+int fillPlanTree(ColumnTree &tree, const QString &query)
 {
     tree.clear();
     const std::shared_ptr<Recordset> plan = requireConnection()->Execute(query);
     if (plan->Eof())
-        return;
+        return 0;
     tree.setUpdatesEnabled(false);
     const auto showFilled = qScopeGuard([&] { tree.setUpdatesEnabled(true); });
-    addSteps(tree, *plan);
+    return addSteps(tree, *plan);
 }

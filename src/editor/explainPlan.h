@@ -14,4 +14,5 @@ void setupPlanColumns(ColumnTree &tree);
 void explainPlan(WindowControls &controls, const QString &statement);
 
 /// Replaces the tree's nodes by the rows of a plan query. @throws RuntimeError as explainPlan()
-void fillPlanTree(ColumnTree &tree, const QString &query);
+/// @returns the number of rows
+int fillPlanTree(ColumnTree &tree, const QString &query);

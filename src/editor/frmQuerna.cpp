@@ -16,6 +16,8 @@
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
 #include "sqltext/ResultPaging.h"
+#include "sqltext/openWork.h"
+#include "sqltext/outcomeTexts.h"
 #include "sqltext/scriptRunner.h"
 
 #include <QCloseEvent>
@@ -143,8 +145,19 @@ void frmQuerna::getConnStr(const QString &str)
 void frmQuerna::execScript(QString &errstr)
 {
     setMousePointer(MousePointer::Hourglass);
-    runScript(m_controls.txtSQL->Text(), errstr,
-              [](const QString &command) { requireConnection()->Execute(command); });
+    EditorControl &editor = *m_controls.txtSQL;
+    editor.clearMarks();
+    m_controls.showInformation(QString::fromUtf16(runningText));
+    const ScriptReport report =
+        runScript(editor.Text(), errstr, [](const QString &command, QStringView statement) {
+            const std::shared_ptr<Connection> connection = requireConnection();
+            sendNoting(connection, statement, [&] { connection->Execute(command); });
+        });
+    for (const ScriptFailure &failure : report.failures)
+        editor.markLines(failure.firstLine - 1, failure.lastLine - 1, failure.description);
+    m_controls.showInformation(
+        scriptText(report.statements, static_cast<qsizetype>(report.failures.size()),
+                   report.failures.empty() ? 0 : report.failures.front().firstLine));
     setMousePointer(MousePointer::Default);
 }
 
@@ -184,6 +197,8 @@ void frmQuerna::Toolbar1_ButtonClick(int index)
         case 1:
             return paging->retrieveNext();
         case 2:
+            if (!paging->rowsText().isEmpty())
+                m_controls.showInformation(u"Retrieving… Ctrl+F7 stops"_s);
             return paging->retrieveAll();
         case 3:
             return paging->stop();
@@ -193,6 +208,8 @@ void frmQuerna::Toolbar1_ButtonClick(int index)
     });
     if (!window)
         return;
+    if (const QString text = paging->rowsText(); !text.isEmpty() && index != 3)
+        m_controls.showInformation(text);
     m_controls.sbSql->showTexts();
     m_controls.SqlDataGrid->showAddedRows();
 }

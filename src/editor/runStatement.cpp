@@ -10,10 +10,13 @@
 #include "editor/captureOutput.h"
 #include "editor/explainPlan.h"
 #include "history/historyFile.h"
+#include "platform/errorTraps.h"
 #include "platform/systemClock.h"
 #include "platform/textForms.h"
 #include "sqltext/ResultPaging.h"
 #include "sqltext/dynamicStatements.h"
+#include "sqltext/openWork.h"
+#include "sqltext/outcomeTexts.h"
 #include "sqltext/sqlFilters.h"
 
 using namespace Qt::StringLiterals;
@@ -36,28 +39,26 @@ void showRows(WindowControls &controls, ResultPaging &paging, const QString &ori
     paging.setResult(makeResult());
     const QTime start = utcTimeOfDay();
     controls.showExecutionTime();
-    if (isDmlStatement(statement)) {
-        paging.result()->Open(dmlBlock(original), gConnection);
-    } else {
-        QString query = statement;
-        paging.openResult(query, gConnection);
-    }
+    const bool isWrapped = isDmlStatement(statement);
+    const qint64 rowsChanged = sendNoting(gConnection, statement, [&] {
+        if (isWrapped) {
+            paging.result()->Open(dmlBlock(original), gConnection);
+        } else {
+            QString query = statement;
+            paging.openResult(query, gConnection);
+        }
+    });
     const double seconds = elapsedSeconds(start, utcTimeOfDay());
     controls.sbSql->setPanelText(ElapsedPanel, elapsedText(seconds));
     controls.SqlDataGrid->setDataSource(paging.result());
     controls.sbSql->setPanelText(RowsPanel, paging.retrievedText());
+    const bool hasRows = !isWrapped && !statement.isEmpty() && paging.isQuery();
+    controls.showInformation(hasRows ? paging.rowsText() : statementText(statement, rowsChanged));
 }
 
-} // namespace
-
-void runStatement(WindowControls &controls, ResultPaging &paging)
+void run(WindowControls &controls, ResultPaging &paging, const QString &original,
+         const QString &statement)
 {
-    QString original = controls.txtSQL->SelText();
-    if (original.isEmpty())
-        original = controls.txtSQL->Text();
-    const HourglassPointer hourglass;
-    appendToHistory(original);
-    const QString statement = trimBlanks(stripComments(original));
     switch (controls.visibleTab()) {
     case ResultTab::Data:
         return showRows(controls, paging, original, statement);
@@ -65,5 +66,42 @@ void runStatement(WindowControls &controls, ResultPaging &paging)
         return explainPlan(controls, statement);
     case ResultTab::DbmsOutput:
         return captureOutput(controls, statement);
+    }
+}
+
+/// Marks the line that the server has found fault with, where it names one.
+/// @param begin  where the text that was run stands in the editor
+void markFailure(EditorControl &editor, int begin, const QString &statement, bool isWrapped,
+                 const QString &description)
+{
+    const int line = failedLine(description, statement, isWrapped);
+    if (line == 0)
+        return;
+    const int place = editor.lineFromCharacter(begin) + line - 1;
+    editor.markLines(place, place, description);
+}
+
+} // namespace
+
+void runStatement(WindowControls &controls, ResultPaging &paging)
+{
+    EditorControl &editor = *controls.txtSQL;
+    editor.clearMarks();
+    QString original = editor.SelText();
+    const int begin = original.isEmpty() ? 0 : editor.SelStart();
+    if (original.isEmpty())
+        original = editor.Text();
+    const HourglassPointer hourglass;
+    appendToHistory(original);
+    const QString statement = trimBlanks(stripComments(original));
+    controls.showInformation(QString::fromUtf16(runningText));
+    try {
+        run(controls, paging, original, statement);
+    } catch (...) {
+        const bool isWrapped =
+            controls.visibleTab() == ResultTab::Data && isDmlStatement(statement);
+        markFailure(editor, begin, isWrapped ? original : statement, isWrapped,
+                    currentRuntimeError().description);
+        throw;
     }
 }

@@ -1,9 +1,9 @@
 #include "sqltext/ResultPaging.h"
 
 #include "dataaccess/Connection.h"
-#include "dataaccess/Recordset.h"
 #include "platform/RuntimeError.h"
 #include "platform/textForms.h"
+#include "sqltext/outcomeTexts.h"
 #include "sqltext/sqlFilters.h"
 
 #include <QByteArrayView>
@@ -112,6 +112,11 @@ QString ResultPaging::retrievedText() const
     char *const number = std::copy(label.begin(), label.end(), text.data());
     char *const end = std::to_chars(number, text.data() + text.size(), m_recordsFetched).ptr;
     return QString::fromLatin1(text.data(), end - text.data());
+}
+
+QString ResultPaging::rowsText() const
+{
+    return isQuery() ? ::rowsText(m_recordsFetched, !m_source->Eof()) : QString();
 }
 
 void ResultPaging::showCount() const

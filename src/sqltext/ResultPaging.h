@@ -1,12 +1,13 @@
 #pragma once
 
+#include "dataaccess/Recordset.h"
+
 #include <QString>
 
 #include <functional>
 #include <memory>
 
 class Connection;
-class Recordset;
 
 /// Brings a query's rows into the result that the grid shows: a first set when the query is opened,
 /// further sets or all the rest when asked for.
@@ -53,6 +54,12 @@ public:
     qint32 recordsFetched() const { return m_recordsFetched; }
     /// "Records Retrieved: " and their number.
     QString retrievedText() const;
+
+    /// Whether what was opened last gives rows, even if none.
+    bool isQuery() const { return m_source && m_source->State() == adStateOpen; }
+    /// How many rows there are and whether more wait, in words; an empty text while no query is
+    /// open.
+    QString rowsText() const;
 
     /// Gives @p result the columns of @p source, names made unique, and opens it.
     static void buildResultFields(const Recordset &source, Recordset &result);

@@ -1,11 +1,10 @@
 #include "sqltext/scriptRunner.h"
 
+#include "dataaccess/text/SqlTokens.h"
 #include "platform/errorTraps.h"
 #include "platform/textForms.h"
 #include "sqltext/dynamicStatements.h"
 #include "sqltext/sqlFilters.h"
-
-#include <QStringList>
 
 #include <algorithm>
 
@@ -19,32 +18,58 @@ bool holdsStatement(const QString &piece)
     return std::any_of(text.begin(), text.end(), [](QChar c) { return c != u'\n' && c != u'\r'; });
 }
 
-/// The blocks of all statements. Made one by one as they are sent, each would find the processor's
-/// caches taken by the driver and take several times as long.
-QStringList blocksOf(const QString &script)
+struct Piece
 {
-    QStringList blocks;
+    QStringView statement;
+    QString block;
+    int firstLine;
+    int lastLine;
+};
+
+qsizetype lengthBeforeStatement(QStringView piece)
+{
+    const SqlToken first = SqlTokens(piece).next();
+    return first.kind == SqlToken::End ? 0 : first.text.data() - piece.data();
+}
+
+/// All statements with their blocks. Made one by one as they are sent, each would find the
+/// processor's caches taken by the driver and take several times as long.
+std::vector<Piece> piecesOf(const QString &script)
+{
+    std::vector<Piece> pieces;
     qsizetype start = 0;
+    int line = 1;
     for (qsizetype end = script.indexOf(u';'); end >= 0; end = script.indexOf(u';', start)) {
         const QString piece = script.sliced(start, end - start);
+        const QStringView statement = QStringView(script).sliced(start, end - start);
+        const int lastLine = line + static_cast<int>(statement.count(u'\n'));
+        if (holdsStatement(piece)) {
+            const QStringView before = statement.left(lengthBeforeStatement(statement));
+            const int firstLine = line + static_cast<int>(before.count(u'\n'));
+            pieces.push_back({statement, scriptBlock(piece), firstLine, lastLine});
+        }
+        line = lastLine;
         start = end + 1;
-        if (holdsStatement(piece))
-            blocks.append(scriptBlock(piece));
     }
-    return blocks;
+    return pieces;
 }
 
 } // namespace
 
-void runScript(const QString &script, QString &errors,
-               const std::function<void(const QString &command)> &execute)
+ScriptReport
+runScript(const QString &script, QString &errors,
+          const std::function<void(const QString &command, QStringView statement)> &execute)
 {
-    const QStringList blocks = blocksOf(script);
-    for (const QString &block : blocks) {
+    const std::vector<Piece> pieces = piecesOf(script);
+    ScriptReport report{.statements = static_cast<int>(pieces.size()), .failures = {}};
+    for (const Piece &piece : pieces) {
         try {
-            execute(block);
+            execute(piece.block, piece.statement);
         } catch (...) {
-            errors += u' ' + currentRuntimeError().description + "\r\n"_L1;
+            const QString description = currentRuntimeError().description;
+            errors += u' ' + description + "\r\n"_L1;
+            report.failures.push_back({piece.firstLine, piece.lastLine, description});
         }
     }
+    return report;
 }

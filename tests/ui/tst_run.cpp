@@ -3,6 +3,9 @@
 #include "platform/systemClock.h"
 #include "uisupport/ProgramFixture.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -71,6 +74,7 @@ void TestRun::queryFillsGridPanelsAndHistory()
     QCOMPARE(program.rows(), 14);
     QCOMPARE(program.cell(0, 1), u"KING"_s);
     QCOMPARE(program.panel(4), u"Records Retrieved: 14"_s);
+    QCOMPARE(program.panel(2), u"All 14 rows"_s);
     QCOMPARE(program.panel(3), u"400 msec"_s);
     QCOMPARE(program.editor()->windowTitle(),
              u"SCOTT@SANDBOX - SQL Editor: select * from emp order by emp..."_s);
@@ -133,6 +137,7 @@ void TestRun::commandsWhileRetrieving()
         commanded = true;
         command(program);
     });
+    QCOMPARE(program.panel(2), u"25 rows; more on the server: F7 next, Shift+F7 all"_s);
     program.press(u"Toolbar1"_s, 2);
     QVERIFY(commanded);
     QVERIFY2(messages.texts.isEmpty(), qPrintable(messages.texts.join(u'|')));
@@ -145,6 +150,7 @@ void TestRun::commandsWhileRetrieving()
     QCOMPARE(program.panel(4), u"Records Retrieved: %1"_s.arg(shown));
     QTRY_COMPARE(program.rows(), shown);
     QVERIFY(rows < 0 ? shown >= 25 && shown < 30000 : shown == rows);
+    QVERIFY2(!program.panel(2).contains(u"Retrieving"_s), qPrintable(program.panel(2)));
     program.run(u"select count(*) from dept"_s);
     QCOMPARE(program.cell(0, 0), u"4"_s);
 }
@@ -152,13 +158,20 @@ void TestRun::commandsWhileRetrieving()
 void TestRun::dmlStaysInTheTransaction()
 {
     ProgramFixture program(sandbox);
+    const MessageAnswers messages;
     const auto seenByOthers = [this](const QString &expression) {
         return SandboxFixture::scalar(m_server,
                                       u"select %1 from dept where deptno = 60"_s.arg(expression));
     };
     program.run(u"insert into dept values (60, 'IT''S -- so', /* where */ 'HERE')"_s);
+    QCOMPARE(program.panel(2), u"● 1 row changed, not committed"_s);
     QCOMPARE(seenByOthers(u"count(*)"_s), u"0"_s);
+    program.run(u"select * from no_such_table"_s);
+    QVERIFY2(program.panel(2).startsWith(u"● Failed: "_s), qPrintable(program.panel(2)));
+    program.press(u"tbrQuerna"_s, 8);
+    QCOMPARE(program.panel(2), u"● "_s);
     program.press(u"tbrQuerna"_s, 6);
+    QCOMPARE(program.panel(2), u"Committed"_s);
     QCOMPARE(seenByOthers(u"dname"_s), u"IT'S -- so"_s);
     for (const auto &[button, left] : {std::pair(7, u"1"_s), std::pair(6, u"0"_s)}) {
         program.run(u"delete from dept where deptno = 60"_s);
@@ -181,6 +194,7 @@ void TestRun::plans()
     const auto *tree = program.control<ColumnTree>(u"tvwColumns"_s);
     QCOMPARE(tree->headerItem()->text(1), u"Object Name"_s);
     QCOMPARE(tree->topLevelItemCount(), 1);
+    QCOMPARE(program.panel(2), u"Plan of 4 steps"_s);
     QString plan;
     appendPlan(tree->topLevelItem(0), 0, plan);
     QVERIFY2(plan.startsWith(u"SELECT STATEMENT"_s), qPrintable(plan));
@@ -227,6 +241,7 @@ void TestRun::serverOutput()
                 "dbms_output.put_line('three'); end;"_s,
                 2);
     QCOMPARE(pane->toPlainText(), u"  one\n  three\n"_s);
+    QCOMPARE(program.panel(2), u"● 2 lines of output"_s);
     program.run(u"select 1 from dual"_s, 2);
     QCOMPARE(pane->toPlainText(), QString());
 
@@ -261,6 +276,27 @@ void TestRun::script()
     QVERIFY(messages.texts.first().startsWith(u' '));
     QVERIFY2(messages.texts.first().indexOf(u"no_such"_s) > messages.texts.first().indexOf(u'\n'),
              qPrintable(messages.texts.first()));
+    QCOMPARE(program.panel(2), u"● Script: 4 statements, 2 failed, first at line 2"_s);
+    // The marks stand at what has failed until it is changed, and tell why.
+    EditorControl &editor = *program.text();
+    const auto marked = [&] {
+        QString lines;
+        for (int line = 0; line < editor.lines(); ++line)
+            lines += editor.markersAtLine(line) == 0 ? u'.' : u'x';
+        return lines;
+    };
+    QCOMPARE(marked(), u".x.x.."_s);
+    const int height = static_cast<int>(editor.SendScintilla(EditorControl::SCI_TEXTHEIGHT, 0L));
+    QHelpEvent hover(QEvent::ToolTip, QPoint(3, height * 3 / 2), QPoint(3, 3));
+    QCoreApplication::sendEvent(editor.viewport(), &hover);
+    QVERIFY2(QToolTip::text().contains(u"SQL syntax"_s), qPrintable(QToolTip::text()));
+    for (const auto &[place, left] : {std::pair(0, u".x.x.."_s), std::pair(36, u"...x.."_s)}) {
+        editor.setSelStart(place);
+        editor.InsertText(u"x"_s);
+        QCOMPARE(marked(), left);
+    }
+    program.run(u"\r\nselect\r\nfrom emp"_s);
+    QCOMPARE(marked(), u"..x"_s);
     program.run(
         u"select (select count(*) from emp), (select count(*) from dept where loc = 'it''s') "
         "from dual"_s);
@@ -280,6 +316,7 @@ void TestRun::missingConnectionIsReportedAlike()
     for (const int tab : {0, 1, 2})
         program.run(u"select 1 from dual"_s, tab);
     QCOMPARE(messages.texts, QStringList(5, errorDescription(ErrorNumber::InvalidConnection)));
+    QCOMPARE(program.panel(2), u"Not connected"_s);
     QVERIFY(program.ends.empty());
     program.press(u"tbrQuerna"_s, 20);
     QCOMPARE(program.ends.size(), size_t{1});

@@ -3,6 +3,7 @@
 #include "controls/editor/EditorAccessible.h"
 #include "controls/editor/EditorChanges.h"
 #include "controls/editor/EditorFindDialog.h"
+#include "controls/editor/EditorMarks.h"
 #include "controls/editor/EditorPageSetup.h"
 #include "controls/editor/EditorText.h"
 #include "controls/editor/SyntaxColouring.h"
@@ -49,6 +50,7 @@ EditorControl::EditorControl(QWidget *parent)
     , m_changes(std::make_unique<EditorChanges>(*this, *m_colouring, m_formats))
     , m_text(std::make_unique<EditorText>(*this, m_positions, m_formats, *m_changes))
     , m_look(std::make_unique<EditorLook>(*this, *m_colouring, m_formats))
+    , m_marks(std::make_unique<EditorMarks>(*this))
     , m_pageSetup(std::make_unique<EditorPageSetup>(*this))
 {
     m_formats.setFontsChanged([this](long begin, long end) {
@@ -241,6 +243,16 @@ void EditorControl::LoadFile(const QString &path)
     m_text->setWhole(editorUtf8FromFile(FileReader(path).readAll()));
     SendScintilla(SCI_SETSAVEPOINT);
     select(0, 0);
+}
+
+void EditorControl::markLines(int firstLine, int lastLine, const QString &text)
+{
+    m_marks->add(firstLine, lastLine, text);
+}
+
+void EditorControl::clearMarks()
+{
+    m_marks->clear();
 }
 
 EditorFindDialog &EditorControl::findDialog()

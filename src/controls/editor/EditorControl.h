@@ -16,6 +16,7 @@
 
 class EditorChanges;
 class EditorFindDialog;
+class EditorMarks;
 class EditorPageSetup;
 class EditorText;
 class SyntaxColouring;
@@ -101,6 +102,11 @@ public:
     void setScratchFile(const QString &path) { m_scratchFile = path; }
     QString ScratchFile() const { return m_scratchFile; }
 
+    /// Marks a place in the margin, with a text that the mouse brings up over it. The mark goes
+    /// when one of the lines changes. @param firstLine  with @p lastLine, counted from 0
+    void markLines(int firstLine, int lastLine, const QString &text);
+    void clearMarks();
+
     // The control's own dialogs
     void FindDialog();
     void ReplaceDialog();
@@ -170,6 +176,7 @@ private:
     std::unique_ptr<EditorChanges> m_changes;
     std::unique_ptr<EditorText> m_text;
     std::unique_ptr<EditorLook> m_look;
+    std::unique_ptr<EditorMarks> m_marks;
     std::unique_ptr<EditorPageSetup> m_pageSetup;
     EditorFindDialog *m_findDialog = nullptr;
     bool m_hasFocus = false;

@@ -8,6 +8,8 @@ struct OdbcAbilities
     SQLUINTEGER getDataExtensions = 0; ///< SQL_GD_… flags
     /// False for an engine in which a column's declared type and size limit nothing.
     bool declarationsBindValues = true;
+    /// A statement that defines something ends the transaction.
+    bool definitionsCommit = false;
 
     /// MariaDB's driver has ways of its own. It writes output parameters as UTF-8 text, whatever
     /// type they are bound as. It takes a procedure's making for as many statements as it has

@@ -176,6 +176,8 @@ void OdbcSession::readAbilities()
     const QString driver = textInfo(m_connection, SQL_DRIVER_NAME);
     m_abilities.getDataExtensions = info<SQLUINTEGER>(m_connection, SQL_GETDATA_EXTENSIONS, 0);
     m_abilities.declarationsBindValues = textInfo(m_connection, SQL_DBMS_NAME) != "SQLite"_L1;
+    m_abilities.definitionsCommit =
+        info<SQLUSMALLINT>(m_connection, SQL_TXN_CAPABLE, SQL_TC_NONE) == SQL_TC_DDL_COMMIT;
     m_abilities.isMariaDb = driver.contains("maodbc"_L1);
     if (m_abilities.isMariaDb)
         m_abilities.givesUtf8 = scalar(u"select @@character_set_results"_s).startsWith("utf8"_L1);

@@ -1,0 +1,96 @@
+#include "sqltext/openWork.h"
+
+#include "dataaccess/Connection.h"
+#include "dataaccess/text/SqlTokens.h"
+
+#include <QScopeGuard>
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace {
+
+bool isOneOf(const SqlToken &token, std::initializer_list<const char16_t *> words)
+{
+    return std::any_of(words.begin(), words.end(),
+                       [&](const char16_t *word) { return token.isWord(word); });
+}
+
+bool isRowChange(const SqlToken &token)
+{
+    return isOneOf(token, {u"insert", u"update", u"delete", u"merge", u"replace"});
+}
+
+template <typename Test>
+bool hasToken(SqlTokens tokens, Test test)
+{
+    for (SqlToken token = tokens.next(); token.kind != SqlToken::End; token = tokens.next()) {
+        if (test(token))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+StatementKind statementKind(QStringView statement)
+{
+    SqlTokens tokens(statement);
+    const SqlToken first = tokens.next();
+    if (isRowChange(first))
+        return StatementKind::RowChange;
+    if (first.isWord(u"with"))
+        return hasToken(tokens, isRowChange) ? StatementKind::Other : StatementKind::Query;
+    if (isOneOf(first, {u"create", u"alter", u"drop", u"truncate", u"rename", u"comment", u"grant",
+                        u"revoke"})) {
+        // Some servers leave the transaction alone for a temporary table.
+        const auto isTemporary = [](const SqlToken &token) { return token.isWord(u"temporary"); };
+        return hasToken(tokens, isTemporary) ? StatementKind::Other : StatementKind::Definition;
+    }
+    if (first.isWord(u"commit"))
+        return StatementKind::Commit;
+    if (first.isWord(u"rollback")) {
+        const auto isTo = [](const SqlToken &token) { return token.isWord(u"to"); };
+        return hasToken(tokens, isTo) ? StatementKind::Query : StatementKind::Rollback;
+    }
+    const bool changesNothing =
+        first.kind == SqlToken::End || first.isSign(u'(') ||
+        isOneOf(first, {u"select", u"values", u"show", u"describe", u"desc", u"explain", u"set",
+                        u"use", u"lock", u"savepoint"});
+    return changesNothing ? StatementKind::Query : StatementKind::Other;
+}
+
+bool hasOpenWorkAfter(bool before, const SentStatement &statement)
+{
+    switch (statement.kind) {
+    case StatementKind::Query:
+        return before;
+    case StatementKind::RowChange:
+        return before || (statement.succeeded && statement.rowsChanged != 0);
+    case StatementKind::Definition:
+        return statement.succeeded ? !statement.definitionsCommit : before;
+    case StatementKind::Commit:
+    case StatementKind::Rollback:
+        return before && !statement.succeeded;
+    case StatementKind::Other:
+        break;
+    }
+    return true;
+}
+
+qint64 sendNoting(const std::shared_ptr<Connection> &connection, QStringView statement,
+                  const std::function<void()> &send)
+{
+    SentStatement sent{.kind = statementKind(statement), .succeeded = false};
+    const auto note = qScopeGuard([&] {
+        if (!connection)
+            return;
+        sent.definitionsCommit = connection->definitionsCommit();
+        connection->noteOpenWork(hasOpenWorkAfter(connection->hasOpenWork(), sent));
+    });
+    send();
+    sent.succeeded = true;
+    if (connection)
+        sent.rowsChanged = connection->rowsAffected();
+    return sent.rowsChanged;
+}
