@@ -1,6 +1,5 @@
 // Connection strings and command lines: every item is found, and what was built is read back.
 
-#include "connection/commandLine.h"
 #include "connection/connectDb.h"
 #include "dataaccess/providers/providers.h"
 #include "dataaccess/text/connectionString.h"

@@ -4,7 +4,7 @@
 #include "app/FrameView.h"
 #include "app/RecoveryBar.h"
 #include "app/TextKeeper.h"
-#include "connection/commandLine.h"
+#include "connection/connectDb.h"
 #include "connection/frmQuernaLogin.h"
 #include "connection/session.h"
 #include "controls/editor/EditorControl.h"

@@ -26,6 +26,19 @@ inline constexpr qint16 Sysoper = 2;
 QString loginConnectionString(const QString &user, const QString &password, const QString &database,
                               qint16 driver, qint16 privilege);
 
+/// The program's command line is a complete connection string, as loginConnectionString() builds
+/// it, quoted or not.
+
+/// The command line without any double quote and without blanks at its ends; what opens the
+/// connection. An empty text asks for the login dialog.
+QString cleanedCommandLine(const QString &commandLine);
+
+/// Reads the names out of a cleaned command line: the text behind the first `USER ID=` and the
+/// first `DATA SOURCE=`, in any letter case, up to the next `;`. One character between the key and
+/// the name is taken for the equals sign, whatever it is. A name whose key or `;` is missing keeps
+/// what it was.
+void readLoginNames(const QString &commandLine, QString &userName, QString &tnsName);
+
 /// Opens a new connection for a login and begins its first transaction.
 ///
 /// Afterwards @p conn holds the new connection, open or not, in place of any other. Once it is

@@ -4,7 +4,6 @@
 #include "dataaccess/RowCells.h"
 #include "dataaccess/odbc/OdbcCursor.h"
 #include "dataaccess/odbc/OdbcSession.h"
-#include "dataaccess/rows/packedCells.h"
 #include "platform/RuntimeError.h"
 
 #include <algorithm>
@@ -365,21 +364,6 @@ QString Recordset::textStartAt(qint64 row, int field, qsizetype longest) const
     QString text;
     appendPackedCellText(cellAt(row, field), text, longest);
     return text;
-}
-
-bool Recordset::isNumberAt(qint64 row, int field) const
-{
-    return isPackedNumber(cellAt(row, field));
-}
-
-bool Recordset::isNullAt(qint64 row, int field) const
-{
-    return isPackedNull(cellAt(row, field));
-}
-
-Value Recordset::valueAt(qint64 row, int field) const
-{
-    return packedCellValue(cellAt(row, field));
 }
 
 void Recordset::appendRowText(qint64 row, int firstField, int lastField, QChar separator,

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "dataaccess/odbc/SessionClient.h"
-#include "dataaccess/rows/FieldInfo.h"
 #include "dataaccess/rows/MemoryTable.h"
 #include "dataaccess/rows/RowOrder.h"
 #include "dataaccess/rows/Value.h"
 #include "dataaccess/rows/dataAccessTypes.h"
+#include "dataaccess/rows/packedCells.h"
 
 #include <QHash>
 #include <QString>
@@ -113,9 +113,9 @@ public:
     QString textAt(qint64 row, int field) const;
     /// The first @p longest UTF-16 units of textAt(); does not read the rest of a long value.
     QString textStartAt(qint64 row, int field, qsizetype longest) const;
-    bool isNumberAt(qint64 row, int field) const;
-    bool isNullAt(qint64 row, int field) const;
-    Value valueAt(qint64 row, int field) const;
+    bool isNumberAt(qint64 row, int field) const { return isPackedNumber(cellAt(row, field)); }
+    bool isNullAt(qint64 row, int field) const { return isPackedNull(cellAt(row, field)); }
+    Value valueAt(qint64 row, int field) const { return packedCellValue(cellAt(row, field)); }
     /// Appends the text forms of row @p row's fields @p firstField to @p lastField, with
     /// @p separator between them.
     void appendRowText(qint64 row, int firstField, int lastField, QChar separator,

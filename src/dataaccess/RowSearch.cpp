@@ -7,23 +7,17 @@ RowSearch::RowSearch(const QString &text, Qt::CaseSensitivity sensitivity)
 {
 }
 
-int RowSearch::firstField(const Recordset &recordset, qint64 row, int first, int last)
+int RowSearch::field(const Recordset &recordset, qint64 row, int first, int last, bool forward)
 {
     // Most rows do not hold it anywhere; one that seems to may hold it across two cells.
     if (!holds(recordset, row, first, last))
         return -1;
-    while (first <= last && !holds(recordset, row, first, first))
-        ++first;
-    return first <= last ? first : -1;
-}
-
-int RowSearch::lastField(const Recordset &recordset, qint64 row, int first, int last)
-{
-    if (!holds(recordset, row, first, last))
-        return -1;
-    while (first <= last && !holds(recordset, row, last, last))
-        --last;
-    return first <= last ? last : -1;
+    for (; first <= last; forward ? ++first : --last) {
+        const int field = forward ? first : last;
+        if (holds(recordset, row, field, field))
+            return field;
+    }
+    return -1;
 }
 
 bool RowSearch::holds(const Recordset &recordset, qint64 row, int first, int last)

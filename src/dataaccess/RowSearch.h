@@ -12,11 +12,10 @@ public:
     RowSearch() = default;
     RowSearch(const QString &text, Qt::CaseSensitivity sensitivity);
 
-    /// The first of a row's fields from @p first to @p last whose text form holds the text, or the
-    /// last of them; -1 when none does or there are none.
+    /// The one of a row's fields from @p first to @p last whose text form holds the text, forward
+    /// the first of them and otherwise the last; -1 when none does or there are none.
     /// @throws RuntimeError as Recordset::appendRowText()
-    int firstField(const Recordset &recordset, qint64 row, int first, int last);
-    int lastField(const Recordset &recordset, qint64 row, int first, int last);
+    int field(const Recordset &recordset, qint64 row, int first, int last, bool forward);
 
 private:
     bool holds(const Recordset &recordset, qint64 row, int first, int last);

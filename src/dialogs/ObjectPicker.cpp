@@ -5,8 +5,7 @@
 #include "controls/forms/mousePointer.h"
 #include "controls/forms/named.h"
 #include "platform/errorTraps.h"
-#include "sqltext/dictionaryQueries.h"
-#include "sqltext/dictionaryReader.h"
+#include "sqltext/dictionary.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -103,26 +102,11 @@ void ObjectPicker::setExtUnameTns(QString &extUname, QString &extTns) const
     extTns = m_tnsName;
 }
 
-void ObjectPicker::setExtDbC(std::shared_ptr<Connection> &dBdext) const
-{
-    dBdext = m_connection;
-}
-
-void ObjectPicker::setDbc(const std::shared_ptr<Connection> &dbc)
-{
-    m_connection = dbc;
-}
-
 void ObjectPicker::setUserPwd(const QString &usr, const QString &passwd, const QString &tnsname)
 {
     m_userName = usr;
     m_password = passwd;
     m_tnsName = tnsname;
-}
-
-void ObjectPicker::setTxt(EditorControl *ctl, QWidget *frm)
-{
-    m_target = EditorTarget(ctl, frm);
 }
 
 bool ObjectPicker::Form_Load()

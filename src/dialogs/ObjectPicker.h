@@ -26,10 +26,10 @@ public:
     /// Hands out the user name and the TNS name.
     void setExtUnameTns(QString &extUname, QString &extTns) const;
     /// Hands out the connection.
-    void setExtDbC(std::shared_ptr<Connection> &dBdext) const;
-    void setDbc(const std::shared_ptr<Connection> &dbc);
+    void setExtDbC(std::shared_ptr<Connection> &dBdext) const { dBdext = m_connection; }
+    void setDbc(const std::shared_ptr<Connection> &dbc) { m_connection = dbc; }
     void setUserPwd(const QString &usr, const QString &passwd, const QString &tnsname);
-    void setTxt(EditorControl *ctl, QWidget *frm);
+    void setTxt(EditorControl *ctl, QWidget *frm) { m_target = EditorTarget(ctl, frm); }
 
 protected:
     /// @param listLabel  stands above the list

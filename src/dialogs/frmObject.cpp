@@ -1,6 +1,6 @@
 #include "dialogs/frmObject.h"
 
-#include "sqltext/dictionaryQueries.h"
+#include "sqltext/dictionary.h"
 
 #include <QComboBox>
 #include <QListWidget>

@@ -4,7 +4,7 @@
 #include "controls/editor/EditorControl.h"
 #include "controls/forms/mousePointer.h"
 #include "sqltext/completion.h"
-#include "sqltext/dictionaryReader.h"
+#include "sqltext/dictionary.h"
 
 #include <algorithm>
 

@@ -1,7 +1,6 @@
 #include "editor/EditorEvents.h"
 
 #include "controls/editor/EditorControl.h"
-#include "controls/editor/EditorViewKeeper.h"
 #include "editor/caretPosition.h"
 
 using namespace Qt::StringLiterals;
@@ -86,12 +85,9 @@ WordAtCaret EditorEvents::wordAtCaret() const
 
 void EditorEvents::colourRange(int start, int length, int group)
 {
-    const EditorViewKeeper keeper(txtSQL);
     const int colour = m_classes.classColours.at(static_cast<std::size_t>(group));
-    txtSQL.setSelStart(start - 1);
-    txtSQL.setSelLength(length);
-    txtSQL.setSelColor(QColor::fromRgb(static_cast<QRgb>(colour)));
-    txtSQL.setSelLength(0);
+    txtSQL.setColorBetween(start - 1, start - 1 + length,
+                           QColor::fromRgb(static_cast<QRgb>(colour)));
 }
 
 int EditorEvents::colourWordAtCaret()

@@ -5,6 +5,7 @@
 #include "controls/editor/editorFont.h"
 #include "controls/forms/OutputPane.h"
 #include "controls/forms/StatusPanels.h"
+#include "controls/forms/named.h"
 #include "controls/forms/twips.h"
 #include "controls/grids/ColumnTree.h"
 #include "controls/grids/DataGrid.h"
@@ -28,8 +29,7 @@ constexpr int pageMarginTwips = 50;
 
 QToolBar *makeToolBar(const QString &name, const QString &title, QWidget *parent)
 {
-    auto *bar = new QToolBar(title, parent);
-    bar->setObjectName(name);
+    auto *bar = named(new QToolBar(title, parent), name);
     bar->setAccessibleName(title);
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonIconOnly);
@@ -43,12 +43,10 @@ void WindowControls::create(QWidget *window)
     tbrQuerna = makeToolBar(u"tbrQuerna"_s, QObject::tr("SQL commands"), window);
     tbrQuerna->setIconSize(QSize(20, 20));
 
-    txtSQL = new EditorControl(window);
-    txtSQL->setObjectName(u"txtSQL"_s);
+    txtSQL = named(new EditorControl(window), u"txtSQL"_s);
     txtSQL->setAccessibleName(QObject::tr("SQL statement"));
 
-    tbSql = new QTabWidget(window);
-    tbSql->setObjectName(u"tbSql"_s);
+    tbSql = named(new QTabWidget(window), u"tbSql"_s);
     tbSql->setAccessibleName(QObject::tr("Results"));
     createDataTab();
     createPlanTab();
@@ -67,30 +65,25 @@ void WindowControls::createDataTab()
     auto *page = new QWidget;
     Toolbar1 = makeToolBar(u"Toolbar1"_s, QObject::tr("Result rows"), page);
     Toolbar1->setIconSize(QSize(18, 18));
-    SqlDataGrid = new DataGrid(page);
-    SqlDataGrid->setObjectName(u"SqlDataGrid"_s);
+    SqlDataGrid = named(new DataGrid(page), u"SqlDataGrid"_s);
     tbSql->addTab(page, u"Data"_s);
 }
 
 void WindowControls::createPlanTab()
 {
     auto *page = new QWidget;
-    tvwColumns = new ColumnTree(page);
-    tvwColumns->setObjectName(u"tvwColumns"_s);
+    tvwColumns = named(new ColumnTree(page), u"tvwColumns"_s);
     tbSql->addTab(page, u"Explain Plan"_s);
 }
 
 void WindowControls::createOutputTab()
 {
     auto *page = new QWidget;
-    lblBufferSize = new QLabel(QObject::tr("&Buffer size"), page);
-    lblBufferSize->setObjectName(u"lblBufferSize"_s);
-    txtBufferSize = new QLineEdit(u"20000"_s, page);
-    txtBufferSize->setObjectName(u"txtBufferSize"_s);
+    lblBufferSize = named(new QLabel(QObject::tr("&Buffer size"), page), u"lblBufferSize"_s);
+    txtBufferSize = named(new QLineEdit(u"20000"_s, page), u"txtBufferSize"_s);
     lblBufferSize->setBuddy(txtBufferSize);
     txtBufferSize->setAccessibleName(QObject::tr("Buffer size"));
-    rtbdbms = new OutputPane(page);
-    rtbdbms->setObjectName(u"rtbdbms"_s);
+    rtbdbms = named(new OutputPane(page), u"rtbdbms"_s);
     rtbdbms->setAccessibleName(QObject::tr("Server output"));
     rtbdbms->setUndoRedoEnabled(false);
     rtbdbms->setLineWrapMode(QPlainTextEdit::NoWrap);

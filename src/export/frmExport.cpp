@@ -25,10 +25,8 @@ using namespace Qt::StringLiterals;
 /// How one of the text exports asks, writes and speaks.
 struct TextExport
 {
-    QString fileName;
-    QString dialogTitle;
-    QString filter;
-    QString defaultExt;
+    QString extension; ///< of its files
+    QString kind;
     QString cancelTitle;  ///< empty: nothing is said
     QString successTitle; ///< empty: nothing is said
     bool reportsErrors;
@@ -44,10 +42,8 @@ constexpr QLatin1StringView lineEnd("\r\n");
 
 TextExport commaExport()
 {
-    return {.fileName = u"Export.csv"_s,
-            .dialogTitle = u"Save Comma Delimited Export File"_s,
-            .filter = u"Export Files (*.CSV)|*.CSV"_s,
-            .defaultExt = u"CSV"_s,
+    return {.extension = u"CSV"_s,
+            .kind = u"Comma Delimited"_s,
             .cancelTitle = QString(),
             .successTitle = QString(),
             .reportsErrors = false,
@@ -60,10 +56,8 @@ TextExport commaExport()
 /// Tab and other delimiter share their texts, which speak of commas.
 TextExport tabExport(const QString &separator, bool reportsErrors)
 {
-    return {.fileName = u"Export.txt"_s,
-            .dialogTitle = u"Save Tab Delimited Export File"_s,
-            .filter = u"Export Files (*.TXT)|*.TXT"_s,
-            .defaultExt = u"TXT"_s,
+    return {.extension = u"TXT"_s,
+            .kind = u"Tab Delimited"_s,
             .cancelTitle = u"comma Delimited Export File"_s,
             .successTitle = u"Comma delimited file"_s,
             .reportsErrors = reportsErrors,
@@ -74,10 +68,8 @@ TextExport tabExport(const QString &separator, bool reportsErrors)
 
 TextExport insertExport(const QString &tableName)
 {
-    return {.fileName = u"Export.sql"_s,
-            .dialogTitle = u"Save SQL Export File"_s,
-            .filter = u"Export Files (*.SQL)|*.SQL"_s,
-            .defaultExt = u"SQL"_s,
+    return {.extension = u"SQL"_s,
+            .kind = u"SQL"_s,
             .cancelTitle = u"SQL Export File"_s,
             .successTitle = u"SQL file"_s,
             .reportsErrors = true,
@@ -131,16 +123,6 @@ QWidget *frmExport::buildButtons()
     connect(buttons.ok, &QPushButton::clicked, this, &frmExport::cmdExpOK_Click);
     connect(buttons.cancel, &QPushButton::clicked, this, &frmExport::cmdExpCancel_Click);
     return buttons.box;
-}
-
-void frmExport::setRs(const std::shared_ptr<Recordset> &rs)
-{
-    m_recordset = rs;
-}
-
-void frmExport::setTable(const QString &tbname)
-{
-    m_tableName = tbname;
 }
 
 void frmExport::optExport_Click(int)
@@ -198,11 +180,11 @@ QString frmExport::askForFile(const TextExport &format)
 {
     setMousePointer(MousePointer::Default);
     CD1.CancelError = true;
-    CD1.FileName = format.fileName;
+    CD1.FileName = u"Export."_s + format.extension.toLower();
     CD1.InitDir = applicationFolder();
-    CD1.DialogTitle = format.dialogTitle;
-    CD1.Filter = format.filter;
-    CD1.DefaultExt = format.defaultExt;
+    CD1.DialogTitle = u"Save %1 Export File"_s.arg(format.kind);
+    CD1.Filter = u"Export Files (*.%1)|*.%1"_s.arg(format.extension);
+    CD1.DefaultExt = format.extension;
     CD1.ShowSave();
     return CD1.FileName;
 }

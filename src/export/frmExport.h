@@ -22,9 +22,9 @@ public:
     explicit frmExport(QWidget *parent = nullptr);
 
     /// The recordset to export. One that stands at its end is not exported.
-    void setRs(const std::shared_ptr<Recordset> &rs);
+    void setRs(const std::shared_ptr<Recordset> &rs) { m_recordset = rs; }
     /// The table that insert statements name; none at first.
-    void setTable(const QString &tbname);
+    void setTable(const QString &tbname) { m_tableName = tbname; }
 
 private slots:
     void optExport_Click(int index);

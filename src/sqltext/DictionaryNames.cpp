@@ -1,7 +1,7 @@
 #include "sqltext/DictionaryNames.h"
 
 #include "platform/RuntimeError.h"
-#include "sqltext/dictionaryQueries.h"
+#include "sqltext/dictionary.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "sqltext/DictionaryNames.h"
 #include "sqltext/completion.h"
-#include "sqltext/dictionaryReader.h"
+#include "sqltext/dictionary.h"
 #include "support/SandboxFixture.h"
 #include "support/coreTest.h"
 

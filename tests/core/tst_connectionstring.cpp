@@ -1,7 +1,6 @@
 // Connection strings, those of a login among them, and command texts that are procedure references
 // or hold escapes.
 
-#include "connection/commandLine.h"
 #include "connection/connectDb.h"
 #include "connection/session.h"
 #include "connection/tnsNames.h"

@@ -69,14 +69,9 @@ void CompletionPopup::list()
     m_completer->setCompletionPrefix(typed);
     if (caret < m_begin || !std::all_of(typed.begin(), typed.end(), isWordCharacter) ||
         m_completer->completionCount() == 0)
-        return hide();
+        return m_completer->popup()->hide();
     m_completer->complete(place(m_names->stringList()));
     m_completer->popup()->setCurrentIndex(m_completer->completionModel()->index(0, 0));
-}
-
-void CompletionPopup::hide()
-{
-    m_completer->popup()->hide();
 }
 
 /// What is left of a name whose beginning was typed goes too; a word before which nothing was typed
@@ -112,7 +107,7 @@ bool CompletionPopup::eventFilter(QObject *watched, QEvent *event)
     const bool takes = isEnterPress(*event) || key == Qt::Key_Tab;
     if (!takes && key != Qt::Key_Escape && key != Qt::Key_Backtab)
         return QObject::eventFilter(watched, event);
-    hide();
+    m_completer->popup()->hide();
     if (takes)
         take(m_completer->popup()->currentIndex().data().toString());
     return true;

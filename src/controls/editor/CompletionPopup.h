@@ -33,7 +33,6 @@ protected:
 
 private:
     void list();
-    void hide();
     void take(const QString &name);
     QRect place(const QStringList &names) const;
 

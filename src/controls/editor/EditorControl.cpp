@@ -57,7 +57,7 @@ EditorControl::EditorControl(QWidget *parent)
         m_look->apply();
         m_colouring->colourAgain(begin, end);
     });
-    EditorAccessible::install();
+    installEditorAccessible();
     setUpEditing();
     setUpKeys();
     m_look->apply();
@@ -125,6 +125,11 @@ void EditorControl::setText(const QString &text)
 void EditorControl::exchange(int begin, int end, const QString &text)
 {
     exchangeBytes(*this, {m_positions.toBytes(begin), m_positions.toBytes(end)}, editorUtf8(text));
+}
+
+void EditorControl::setColorBetween(int begin, int end, const QColor &color)
+{
+    m_formats.setColor({m_positions.toBytes(begin), m_positions.toBytes(end)}, color);
 }
 
 int EditorControl::caretPosition() const
@@ -303,7 +308,7 @@ void EditorControl::reportCaret()
     if (place == m_reportedCaret)
         return;
     m_reportedCaret = place;
-    EditorAccessible::tellCaret(*this);
+    tellCaret(*this);
     emit caretMoved(place.first, place.second);
 }
 

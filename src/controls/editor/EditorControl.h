@@ -70,6 +70,8 @@ public:
     void setSelItalic(bool on) { m_formats.setItalic(on); }
     void setSelUnderline(bool on) { m_formats.setUnderline(on); }
     void setSelStrikeThru(bool on) { m_formats.setStrikeThru(on); }
+    /// Gives a range the colour that setSelColor() would give it, and selects nothing.
+    void setColorBetween(int begin, int end, const QColor &color);
 
     /// The font family of the whole text.
     void setFontName(const QString &family) { m_look->setFontName(family); }

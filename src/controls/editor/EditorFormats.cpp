@@ -54,15 +54,19 @@ void EditorFormats::setColor(const QColor &color)
 {
     const int rgb = rgbOf(color);
     for (const ByteRange &range : selectedRanges(m_editor)) {
-        if (range.length() == 0) {
-            // Black ends a colour that was set for insertions: what follows is coloured as usual.
+        // Black ends a colour that was set for insertions: what follows is coloured as usual.
+        if (range.length() == 0)
             pending(range.begin).color = rgb == black ? std::nullopt : std::optional(rgb);
-            continue;
-        }
-        setValue(colorIndicator, 0, range.begin, range.length());
-        setValue(blackIndicator, 0, range.begin, range.length());
-        apply({.color = rgb}, range.begin, range.length());
+        else
+            setColor(range, color);
     }
+}
+
+void EditorFormats::setColor(const ByteRange &range, const QColor &color)
+{
+    setValue(colorIndicator, 0, range.begin, range.length());
+    setValue(blackIndicator, 0, range.begin, range.length());
+    apply({.color = rgbOf(color)}, range.begin, range.length());
 }
 
 void EditorFormats::setPoints(double points)

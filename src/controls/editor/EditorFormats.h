@@ -38,6 +38,8 @@ public:
     void setItalic(bool on);
     void setUnderline(bool on);
     void setStrikeThru(bool on);
+    /// The colour of a range, whatever is selected.
+    void setColor(const ByteRange &range, const QColor &color);
 
     struct Format
     {

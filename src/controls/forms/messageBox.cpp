@@ -39,28 +39,6 @@ void showLongTextScrolling(QMessageBox &box)
     label->hide();
 }
 
-/// While a question waits for the user, the program does not look busy.
-class ArrowWhileAsking
-{
-public:
-    ArrowWhileAsking()
-        : m_changed(QGuiApplication::overrideCursor() != nullptr)
-    {
-        if (m_changed)
-            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-    }
-    ~ArrowWhileAsking()
-    {
-        if (m_changed)
-            QGuiApplication::restoreOverrideCursor();
-    }
-    ArrowWhileAsking(const ArrowWhileAsking &) = delete;
-    ArrowWhileAsking &operator=(const ArrowWhileAsking &) = delete;
-
-private:
-    bool m_changed;
-};
-
 /// The window that a message belongs to. Just after a dialog has closed, and while another program
 /// is in front, none is the active one.
 QWidget *windowInUse()
@@ -92,8 +70,14 @@ int showBox(QMessageBox::Icon icon, const QString &text, QMessageBox::StandardBu
     if (buttons.testFlag(QMessageBox::No))
         box.setEscapeButton(QMessageBox::No);
     showLongTextScrolling(box);
-    const ArrowWhileAsking arrow;
-    return box.exec();
+    // While it waits for the user, the program does not look busy.
+    const bool looksBusy = QGuiApplication::overrideCursor() != nullptr;
+    if (looksBusy)
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    const int pressed = box.exec();
+    if (looksBusy)
+        QGuiApplication::restoreOverrideCursor();
+    return pressed;
 }
 
 } // namespace

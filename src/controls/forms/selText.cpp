@@ -1,9 +1,6 @@
 #include "controls/forms/selText.h"
 
 #include "controls/editor/EditorControl.h"
-#include "controls/grids/ColumnTree.h"
-#include "controls/grids/DataGrid.h"
-#include "controls/grids/FlexGrid.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -44,12 +41,6 @@ QString selText(const QWidget *control)
 {
     if (const auto *editor = qobject_cast<const EditorControl *>(control))
         return editor->SelText();
-    if (const auto *grid = qobject_cast<const DataGrid *>(control))
-        return grid->SelText();
-    if (const auto *grid = qobject_cast<const FlexGrid *>(control))
-        return grid->SelText();
-    if (const auto *tree = qobject_cast<const ColumnTree *>(control))
-        return tree->SelText();
     if (const auto *box = qobject_cast<const QPlainTextEdit *>(control))
         return withLineEnds(box->textCursor().selectedText());
     if (const auto *list = qobject_cast<const QListWidget *>(control))
@@ -62,7 +53,8 @@ QString selText(const QWidget *control)
         // What a password box shows is not its text.
         return box->echoMode() == QLineEdit::Normal ? box->selectedText() : QString();
     }
-    return {};
+    // The grids and the tree have a property for it, other controls have no such text.
+    return control == nullptr ? QString() : control->property("SelText").toString();
 }
 
 void setSelText(QWidget *control, const QString &text)

@@ -27,26 +27,6 @@ constexpr int narrowestColumn = 40;
 constexpr int widestColumn = 360;
 constexpr int rowMargins = 4;
 
-/// Keeps a widget from being painted, and does not have it painted afterwards as
-/// QWidget::setUpdatesEnabled() would.
-class PaintingSuspended
-{
-public:
-    explicit PaintingSuspended(QWidget *widget)
-        : m_widget(widget)
-        , m_before(widget->testAttribute(Qt::WA_UpdatesDisabled))
-    {
-        widget->setAttribute(Qt::WA_UpdatesDisabled);
-    }
-    ~PaintingSuspended() { m_widget->setAttribute(Qt::WA_UpdatesDisabled, m_before); }
-    PaintingSuspended(const PaintingSuspended &) = delete;
-    PaintingSuspended &operator=(const PaintingSuspended &) = delete;
-
-private:
-    QWidget *m_widget;
-    bool m_before;
-};
-
 } // namespace
 
 DataGrid::DataGrid(QWidget *parent)
@@ -105,12 +85,13 @@ void DataGrid::showAddedRows()
 void DataGrid::takeAddedRows()
 {
     const int rowsBefore = m_model->rowCount();
-    bool otherTable = false;
-    {
-        const PaintingSuspended quiet(verticalHeader()->viewport());
-        otherTable = m_model->update();
-    }
-    if (otherTable)
+    // QWidget::setUpdatesEnabled() would have it painted afterwards.
+    QWidget *const numbers = verticalHeader()->viewport();
+    const bool isPainted = !numbers->testAttribute(Qt::WA_UpdatesDisabled);
+    numbers->setAttribute(Qt::WA_UpdatesDisabled);
+    const bool isOtherTable = m_model->update();
+    numbers->setAttribute(Qt::WA_UpdatesDisabled, !isPainted);
+    if (isOtherTable)
         m_widthsFitted = false;
     fitColumnWidths();
     updateGeometries();
@@ -118,7 +99,7 @@ void DataGrid::takeAddedRows()
     if (rowsBefore >= verticalScrollBar()->value() + rowsInView)
         return;
     viewport()->update();
-    verticalHeader()->viewport()->update();
+    numbers->update();
 }
 
 QString DataGrid::SelText() const

@@ -26,30 +26,35 @@ GridMenu::GridMenu(DataGrid &grid)
 {
     setObjectName(u"mnuGrid"_s);
     setAccessibleName(tr("Result rows"));
-    add(u"mnuGridCopy"_s, u"&Copy"_s, QKeySequence::Copy, Selection, &GridMenu::copy);
+    add(u"mnuGridCopy"_s, u"&Copy"_s, QKeySequence::Copy, Selection,
+        [this] { copyToClipboard(m_grid.SelText()); });
     add(u"mnuGridCopyWithNames"_s, u"Copy with Column &Names"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_C,
-        Selection, &GridMenu::copyWithNames);
-    add(u"mnuGridCopyInsert"_s, u"Copy as &INSERT"_s, {}, Selection, &GridMenu::copyAsInsert);
-    add(u"mnuGridCopyList"_s, u"Copy as &List for IN (…)"_s, {}, Selection, &GridMenu::copyAsList);
+        Selection, [this] { copyWithNames(); });
+    add(u"mnuGridCopyInsert"_s, u"Copy as &INSERT"_s, {}, Selection, [this] { copyAsInsert(); });
+    add(u"mnuGridCopyList"_s, u"Copy as &List for IN (…)"_s, {}, Selection,
+        [this] { copyAsList(); });
     addSeparator();
-    add(u"mnuGridView"_s, u"&View"_s, Qt::Key_Return, CurrentCell, &GridMenu::view);
-    add(u"mnuGridFind"_s, u"&Find…"_s, QKeySequence::Find, Rows, &GridMenu::find);
-    add(u"mnuGridOrder"_s, u"&Order by This Column"_s, {}, CurrentCell, &GridMenu::order);
+    add(u"mnuGridView"_s, u"&View"_s, Qt::Key_Return, CurrentCell,
+        [this] { m_grid.viewCell(m_grid.currentIndex()); });
+    add(u"mnuGridFind"_s, u"&Find…"_s, QKeySequence::Find, Rows,
+        [this] { m_grid.search().showBar(); });
+    add(u"mnuGridOrder"_s, u"&Order by This Column"_s, {}, CurrentCell,
+        [this] { m_grid.rowOrder().advance(m_grid.currentIndex().column()); });
     connect(this, &QMenu::aboutToShow, this, &GridMenu::enableItems);
 }
 
 /// The keys are shown behind the texts and not the actions' own: as such they would stand against
 /// those of the frame's menu, which mean the editor.
 void GridMenu::add(const QString &name, const QString &text, const QKeySequence &key, Needs needs,
-                   void (GridMenu::*command)())
+                   const std::function<void()> &command)
 {
     QAction *action =
         addAction(key.isEmpty() ? text : text + u'\t' + key.toString(QKeySequence::NativeText));
     action->setObjectName(name);
-    connect(action, &QAction::triggered, this, [this, command] {
+    connect(action, &QAction::triggered, this, [command] {
         reportErrors([&] {
             const HourglassPointer hourglass;
-            (this->*command)();
+            command();
         });
     });
     m_items.append({action, key, needs});
@@ -79,11 +84,6 @@ bool GridMenu::takeKey(const QKeyEvent &event)
     return false;
 }
 
-void GridMenu::copy()
-{
-    copyToClipboard(m_grid.SelText());
-}
-
 void GridMenu::copyWithNames()
 {
     QStringList names;
@@ -103,19 +103,4 @@ void GridMenu::copyAsList()
 {
     copyToClipboard(valueList(*m_grid.dataSource(), m_grid.selectedRecords(),
                               selectedColumns(m_grid.selectionModel()->selection())));
-}
-
-void GridMenu::view()
-{
-    m_grid.viewCell(m_grid.currentIndex());
-}
-
-void GridMenu::find()
-{
-    m_grid.search().showBar();
-}
-
-void GridMenu::order()
-{
-    m_grid.rowOrder().advance(m_grid.currentIndex().column());
 }

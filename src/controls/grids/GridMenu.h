@@ -2,6 +2,8 @@
 
 #include <QMenu>
 
+#include <functional>
+
 class DataGrid;
 class QKeyEvent;
 
@@ -18,16 +20,12 @@ public:
 private:
     enum Needs { CurrentCell, Selection, Rows };
     void add(const QString &name, const QString &text, const QKeySequence &key, Needs needs,
-             void (GridMenu::*command)());
+             const std::function<void()> &command);
     void enableItems();
 
-    void copy();
     void copyWithNames();
     void copyAsInsert();
     void copyAsList();
-    void view();
-    void find();
-    void order();
 
     struct Item
     {

@@ -210,9 +210,7 @@ void GridSearch::searchOneTurn()
 int GridSearch::findInRow()
 {
     const int row = m_grid.recordsetModel().recordsetRow(m_row);
-    return m_direction == Direction::Forward
-               ? m_search.firstField(*m_recordset, row, m_first, m_last)
-               : m_search.lastField(*m_recordset, row, m_first, m_last);
+    return m_search.field(*m_recordset, row, m_first, m_last, m_direction == Direction::Forward);
 }
 
 void GridSearch::goToNextRow()

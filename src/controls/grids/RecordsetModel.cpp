@@ -69,16 +69,6 @@ bool RecordsetModel::update()
     return false;
 }
 
-int RecordsetModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : m_rows;
-}
-
-int RecordsetModel::columnCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : m_columns;
-}
-
 bool RecordsetModel::holdsColumn(int column) const
 {
     return m_recordset && m_recordset->State() == adStateOpen && column < m_columns &&

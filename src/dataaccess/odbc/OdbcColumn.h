@@ -2,7 +2,7 @@
 
 #include "dataaccess/odbc/OdbcAbilities.h"
 #include "dataaccess/odbc/OdbcHandle.h"
-#include "dataaccess/rows/FieldInfo.h"
+#include "dataaccess/rows/dataAccessTypes.h"
 
 #include <vector>
 

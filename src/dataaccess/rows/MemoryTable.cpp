@@ -8,11 +8,6 @@ MemoryTable::MemoryTable(int fieldCount)
 {
 }
 
-qint64 MemoryTable::rowCount() const
-{
-    return m_rows.rowCount() + (m_edited ? 1 : 0);
-}
-
 qint64 MemoryTable::addEmptyRow()
 {
     finishEditing();
@@ -54,11 +49,6 @@ qint64 MemoryTable::storedRow(qint64 position) const
 {
     const auto place = static_cast<size_t>(position);
     return place < m_order.size() ? m_order[place] : position;
-}
-
-bool MemoryTable::isEdited(qint64 position) const
-{
-    return m_edited && position == m_rows.rowCount();
 }
 
 const char *MemoryTable::row(qint64 position) const

@@ -15,7 +15,7 @@ class MemoryTable
 public:
     explicit MemoryTable(int fieldCount);
 
-    qint64 rowCount() const;
+    qint64 rowCount() const { return m_rows.rowCount() + (m_edited ? 1 : 0); }
     /// Adds a row of empty values and opens it for editing. @returns its position
     qint64 addEmptyRow();
     /// Adds a row that is packed already. @returns its position
@@ -23,7 +23,7 @@ public:
     /// Sets a value of the row that is open for editing.
     void setValue(int field, const Value &value);
     /// Whether the row at @p position is open for editing.
-    bool isEdited(qint64 position) const;
+    bool isEdited(qint64 position) const { return m_edited && position == m_rows.rowCount(); }
     /// Packs the row that is open for editing, if there is one.
     void finishEditing();
     /// Brings the rows that are there into the order of a field's values, as orderedRows() has it.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 /// Codes of the classic data-access objects (ADO), with their names and numbers.
 
 enum ObjectStateEnum { adStateClosed = 0, adStateOpen = 1 };
@@ -34,3 +36,11 @@ constexpr bool isCharacterType(DataTypeEnum type)
 {
     return type == adChar || type == adWChar || (type >= adVarChar && type <= adLongVarWChar);
 }
+
+/// A column of a recordset.
+struct FieldInfo
+{
+    QString name;
+    DataTypeEnum type = adVariant;
+    int definedSize = 0; ///< longest text in UTF-16 units; 0 for no limit
+};

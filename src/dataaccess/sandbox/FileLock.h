@@ -14,8 +14,6 @@ public:
 
     FileLock() = default;
     ~FileLock();
-    FileLock(FileLock &&other) noexcept;
-    FileLock &operator=(FileLock &&other) noexcept;
     FileLock(const FileLock &) = delete;
     FileLock &operator=(const FileLock &) = delete;
 

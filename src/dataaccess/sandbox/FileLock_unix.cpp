@@ -32,17 +32,6 @@ FileLock::~FileLock()
     unlock();
 }
 
-FileLock::FileLock(FileLock &&other) noexcept
-    : m_file(std::exchange(other.m_file, -1))
-{
-}
-
-FileLock &FileLock::operator=(FileLock &&other) noexcept
-{
-    std::swap(m_file, other.m_file);
-    return *this;
-}
-
 bool FileLock::lock(const QString &path, Mode mode, std::chrono::milliseconds longest)
 {
     unlock();

@@ -11,7 +11,10 @@ public:
     static SandboxFolder ofUser();
 
     /// @param path  absolute and without links: the server is known by the name of its folder
-    explicit SandboxFolder(const QString &path);
+    explicit SandboxFolder(const QString &path)
+        : m_path(path)
+    {
+    }
 
     /// Makes the folder, with the one for temporary files, when there is none, and shuts others
     /// out of it.
@@ -20,11 +23,11 @@ public:
 
     QString path() const { return m_path; }
     /// The path of a file in the folder.
-    QString file(const QString &name) const;
+    QString file(const QString &name) const { return m_path + QLatin1Char('/') + name; }
     /// The server's data directory; it exists only when it is complete.
-    QString dataPath() const;
+    QString dataPath() const { return file(QStringLiteral("data")); }
     /// For the server's temporary files.
-    QString temporaryPath() const;
+    QString temporaryPath() const { return file(QStringLiteral("tmp")); }
 
 private:
     QString m_path;

@@ -52,11 +52,6 @@ SandboxFolder SandboxFolder::ofUser()
     return SandboxFolder(withoutLinks(QDir(chosen.isEmpty() ? usual : chosen).absolutePath()));
 }
 
-SandboxFolder::SandboxFolder(const QString &path)
-    : m_path(path)
-{
-}
-
 void SandboxFolder::make() const
 {
     if (QFile::encodeName(m_path).size() > longestPath) {
@@ -66,19 +61,4 @@ void SandboxFolder::make() const
     }
     makePrivateFolder(m_path);
     makePrivateFolder(temporaryPath());
-}
-
-QString SandboxFolder::file(const QString &name) const
-{
-    return m_path + u'/' + name;
-}
-
-QString SandboxFolder::dataPath() const
-{
-    return file(u"data"_s);
-}
-
-QString SandboxFolder::temporaryPath() const
-{
-    return file(u"tmp"_s);
 }

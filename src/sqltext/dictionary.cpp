@@ -1,4 +1,4 @@
-#include "sqltext/dictionaryReader.h"
+#include "sqltext/dictionary.h"
 
 #include "dataaccess/Recordset.h"
 #include "platform/RuntimeError.h"
@@ -16,6 +16,23 @@ QString textOf(const Value &value)
 }
 
 } // namespace
+
+QString schemasQuery()
+{
+    return u"SELECT username from SYS.ALL_USERS order by username"_s;
+}
+
+QString tablesQuery(const QString &schema)
+{
+    return u"SELECT table_name FROM SYS.ALL_TABLES where owner = '"_s + schema + u'\'';
+}
+
+// The blank at its end is a part of the query.
+QString columnsQuery(const QString &schema, const QString &table)
+{
+    return u"SELECT column_name FROM SYS.ALL_TAB_COLUMNS where owner = '"_s + schema +
+           u"' and table_name = '"_s + table + u"' "_s;
+}
 
 QStringList namesFrom(const QString &query, const std::shared_ptr<Connection> &connection)
 {

@@ -7,6 +7,18 @@
 
 #include <memory>
 
+/// The queries that read from the server's dictionary what there is to pick. Names are put in as
+/// they stand, quotes too; the dictionary compares them exactly.
+
+/// The schemas, in order of their names.
+QString schemasQuery();
+
+/// The tables of a schema, in whatever order the server has them.
+QString tablesQuery(const QString &schema);
+
+/// The columns of a schema's table.
+QString columnsQuery(const QString &schema, const QString &table);
+
 /// The first field of every row of a dictionary query, in the order in which the rows come.
 /// @throws RuntimeError 91 without a connection, 94 for a null, otherwise the server's
 QStringList namesFrom(const QString &query, const std::shared_ptr<Connection> &connection);
