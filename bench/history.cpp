@@ -1,12 +1,14 @@
 // The history dialog over a large history file, against reading that file line by line.
 
 #include "controls/grids/FlexGrid.h"
+#include "dataaccess/Recordset.h"
 #include "history/frmSQLHistory.h"
 #include "history/historyFile.h"
 #include "platform/applicationFolder.h"
 #include "platform/textForms.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
+#include "support/memory.h"
 #include "uisupport/PaintWatch.h"
 
 #include <QApplication>
@@ -63,6 +65,33 @@ void showHistory(int expectedRecords)
         giveUp(u"The dialog shows %1 records."_s.arg(grid->Rows() - 1));
 }
 
+/// What its records hold has to find room, and a little more; not every line of the file. To be
+/// measured before anything else has taken memory.
+void measureMemory(const QString &path)
+{
+    const auto growth = [](qint64 &stored) {
+        const qint64 before = peakResidentBytes();
+        Recordset history;
+        loadHistory(historyFileName(), {}, history);
+        stored = history.storedBytes();
+        return static_cast<double>(peakResidentBytes() - before);
+    };
+    qint64 stored = 0;
+    writeHistory(path, 10 * records);
+    const double forRecords = growth(stored) / static_cast<double>(stored);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        giveUp(file.errorString());
+    for (const QByteArray part(1 << 20, 'x'); file.size() < 4 * stored;)
+        file.write(part);
+    file.write("\r\nSQLTIME\r\n1/1/2024\r\nSQLEND\r\n");
+    const auto size = static_cast<double>(file.size());
+    file.close();
+    const double forLine = growth(stored) / size;
+    printRatio(u"memory for a history / what its records hold"_s, forRecords, 1.5);
+    printRatio(u"memory for a history of one huge line / its size"_s, forLine, 3);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -72,6 +101,7 @@ int main(int argc, char **argv)
     const QTemporaryDir folder;
     setApplicationFolder(folder.path());
     const QString path = folder.filePath(historyFileName());
+    measureMemory(path);
 
     writeHistory(path, records / 2);
     const TwoSides half = measureInTurn(

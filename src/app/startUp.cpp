@@ -68,6 +68,7 @@ int runQuerna(int argc, char **argv)
     // The application goes on referring to its arguments, which are then out of others' sight.
     std::vector<QByteArray> texts(argv, argv + argc);
     std::vector<char *> arguments;
+    arguments.reserve(texts.size());
     for (QByteArray &text : texts)
         arguments.push_back(text.data());
     for (int i = 1; i < argc; ++i)

@@ -1,10 +1,7 @@
 #include "sqltext/DictionaryNames.h"
 #include "sqltext/completion.h"
 #include "sqltext/dictionary.h"
-#include "support/SandboxFixture.h"
 #include "support/coreTest.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

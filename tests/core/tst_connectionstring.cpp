@@ -4,15 +4,12 @@
 #include "connection/connectDb.h"
 #include "connection/session.h"
 #include "connection/tnsNames.h"
-#include "dataaccess/Connection.h"
 #include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/providers/providers.h"
 #include "dataaccess/text/commandText.h"
 #include "dataaccess/text/connectionString.h"
 #include "platform/errorTraps.h"
 #include "support/coreTest.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

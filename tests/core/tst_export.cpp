@@ -2,8 +2,6 @@
 #include "export/exportFormats.h"
 #include "support/coreTest.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using Writer = std::function<void(Recordset &, const QString &path)>;

@@ -7,8 +7,6 @@
 
 #include <cerrno>
 
-using namespace Qt::StringLiterals;
-
 using Mode = FileWriter::Mode;
 using Work = std::function<void()>;
 

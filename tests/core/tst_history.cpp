@@ -1,10 +1,6 @@
 #include "history/historyFile.h"
-#include "platform/applicationFolder.h"
-#include "platform/systemClock.h"
 #include "platform/textForms.h"
 #include "support/coreTest.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -79,7 +75,6 @@ private slots:
     void loading_data();
     void loading();
     void loadingOfRandomFiles();
-    void memory();
 
 private:
     QString path() const { return m_folder->filePath(u"OrbekSqlHistory.txt"_s); }
@@ -198,40 +193,6 @@ void tst_History::loadingOfRandomFiles()
     QCOMPARE(errors.keys(),
              (QList<int>{0, ErrorNumber::TypeMismatch, ErrorNumber::NoCurrentRecord}));
     QVERIFY(errors[0] > 250);
-}
-
-// What a history's records hold has to find room, and a little more; not every line of it.
-void tst_History::memory()
-{
-    constexpr int records = 300'000;
-    constexpr long megabytes = 100;
-    const auto growth = [&](qint64 expectedRows) {
-        const long before = peakMegabytes();
-        Recordset history;
-        load(history);
-        const long grown = peakMegabytes() - before;
-        if (history.RecordCount() != expectedRows)
-            return std::pair(-1L, -1L);
-        return std::pair(grown, static_cast<long>(history.storedBytes() >> 20));
-    };
-    QFile file(path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    for (int i = 0; i < records; ++i)
-        file.write("select 'a statement' from dual\r\nSQLTIME\r\n1/1/2024 0" +
-                   QByteArray::number(i % 9) + ":00:00\r\nSQLEND\r\n");
-    file.close();
-    [[maybe_unused]] const auto [forRecords, stored] = growth(records);
-
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    for (const QByteArray part(1 << 20, 'x'); file.size() < megabytes << 20;)
-        file.write(part);
-    file.write("\r\nSQLTIME\r\n1/1/2024\r\nSQLEND\r\na\r\nSQLTIME\r\n1/2/2024\r\nSQLEND\r\n");
-    file.close();
-    [[maybe_unused]] const long forLine = growth(1).first;
-#ifndef __SANITIZE_ADDRESS__ // which keeps memory that has been given back
-    QVERIFY2(forRecords < stored * 3 / 2, qPrintable(u"%1 for %2"_s.arg(forRecords).arg(stored)));
-    QVERIFY2(forLine < 3 * megabytes, qPrintable(QString::number(forLine)));
-#endif
 }
 
 QTEST_GUILESS_MAIN(tst_History)

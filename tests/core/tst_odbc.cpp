@@ -1,11 +1,7 @@
 // Connections, readers and commands over ODBC: on a SQLite file, and on a driver that misbehaves.
 
 #include "dataaccess/Command.h"
-#include "dataaccess/Connection.h"
-#include "platform/settings.h"
 #include "support/coreTest.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,12 +2,10 @@
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
 #include "platform/RecoveryFile.h"
-#include "platform/applicationFolder.h"
 #include "platform/privateSettings.h"
 #include "platform/process.h"
 #include "platform/registry.h"
 #include "platform/replaceFile.h"
-#include "platform/settings.h"
 #include "support/LooseEnd.h"
 #include "support/SmallDisk.h"
 #include "support/coreTest.h"
@@ -18,8 +16,6 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -6,8 +6,6 @@
 
 #include <cmath>
 
-using namespace Qt::StringLiterals;
-
 class tst_recordset : public QObject
 {
     Q_OBJECT

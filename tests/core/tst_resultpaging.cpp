@@ -1,8 +1,5 @@
-#include "dataaccess/Connection.h"
 #include "sqltext/ResultPaging.h"
 #include "support/coreTest.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,10 +1,7 @@
 #include "dataaccess/Command.h"
-#include "dataaccess/Connection.h"
 #include "sqltext/explainStatements.h"
-#include "support/SandboxFixture.h"
 #include "support/coreTest.h"
 
-using namespace Qt::StringLiterals;
 using SandboxFixture::scalar;
 using SandboxFixture::table;
 

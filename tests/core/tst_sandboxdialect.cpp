@@ -5,8 +5,6 @@
 #include "sqltext/explainStatements.h"
 #include "support/coreTest.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 // A plan as text: each step indented below its parent, with its object and the rows expected.

@@ -1,15 +1,12 @@
-#include "dataaccess/Connection.h"
 #include "dataaccess/providers/providers.h"
 #include "dataaccess/sandbox/SandboxServer.h"
 #include "support/LooseEnd.h"
-#include "support/SandboxFixture.h"
 #include "support/coreTest.h"
 
 #include <cstdio>
 
 #include <signal.h>
 
-using namespace Qt::StringLiterals;
 using SandboxFixture::logOn;
 using SandboxFixture::scalar;
 

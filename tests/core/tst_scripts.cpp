@@ -4,8 +4,6 @@
 #include "sqltext/scriptRunner.h"
 #include "support/coreTest.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// What stands within the blocks that @p script is sent in, separated by `~`.

@@ -1,14 +1,11 @@
 #include "platform/privateSettings.h"
 #include "platform/registry.h"
-#include "platform/settings.h"
 #include "support/coreTest.h"
 #include "support/settingsPlace.h"
 
 #ifdef Q_OS_WIN
 #include <windows.h>
 #endif
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

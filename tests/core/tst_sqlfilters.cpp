@@ -5,8 +5,6 @@
 #include "support/coreTest.h"
 #include "support/literallyStripped.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// A text of @p length pieces out of those that the comment filter reacts to.

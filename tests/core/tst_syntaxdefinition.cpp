@@ -4,8 +4,6 @@
 
 #include "platform/FileReader.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 SyntaxDefinition shippedDefinition()

@@ -1,12 +1,9 @@
 #include "platform/numberForms.h"
-#include "platform/systemClock.h"
 #include "platform/textForms.h"
 #include "support/coreTest.h"
 
 #include <bit>
 #include <cmath>
-
-using namespace Qt::StringLiterals;
 
 class tst_TextForms : public QObject
 {

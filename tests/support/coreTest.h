@@ -2,7 +2,12 @@
 
 /// What every test of the core includes.
 
+#include "dataaccess/Connection.h"
+#include "platform/applicationFolder.h"
+#include "platform/settings.h"
+#include "platform/systemClock.h"
 #include "support/DataRows.h"
+#include "support/SandboxFixture.h"
 #include "support/raisedError.h"
 #include "support/tables.h"
 #include "support/testFiles.h"
@@ -15,3 +20,5 @@
 #include <limits>
 #include <memory>
 #include <utility>
+
+using namespace Qt::StringLiterals;

@@ -18,6 +18,3 @@ void makeFile(const QString &path, const QByteArray &content);
 /// Has @p variable name a file to the ODBC drivers. @returns the file: @p usual, or where drivers
 /// know no variables but those that the process began with, the one that it has named since then.
 QString fileInVariable(const char *variable, const QString &usual);
-
-/// The most memory that this process ever had.
-long peakMegabytes();

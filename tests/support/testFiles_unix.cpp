@@ -2,7 +2,6 @@
 
 #include <QFile>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 int modeOf(const QString &path)
@@ -23,11 +22,4 @@ QString fileInVariable(const char *variable, const QString &usual)
 {
     qputenv(variable, QFile::encodeName(usual));
     return usual;
-}
-
-long peakMegabytes()
-{
-    rusage usage = {};
-    ::getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss / 1024;
 }

@@ -1,7 +1,4 @@
-#include "platform/systemClock.h"
 #include "uisupport/ProgramFixture.h"
-
-using namespace Qt::StringLiterals;
 
 /// What the commands of the editor window send, letter by letter, seen from the driver's side.
 class TestCommandTexts : public QObject

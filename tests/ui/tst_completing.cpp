@@ -1,8 +1,6 @@
 #include "connection/frmQuernaLogin.h"
 #include "uisupport/ProgramFixture.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// What the list that is shown offers, its current entry in brackets; empty when there is none.

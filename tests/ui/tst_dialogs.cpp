@@ -7,11 +7,7 @@
 #include "dialogs/frmRecords.h"
 #include "export/frmExport.h"
 #include "history/frmSQLHistory.h"
-#include "platform/applicationFolder.h"
-#include "support/SandboxFixture.h"
 #include "uisupport/uiTest.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -98,8 +94,6 @@ QStringList tabOrder(QDialog &dialog)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(DialogMaker)
 
 /// What every dialog has to offer to somebody without a mouse, or without eyes; the object pickers
 /// on the sandbox's dictionary; the record limit.

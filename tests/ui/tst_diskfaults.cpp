@@ -1,8 +1,5 @@
-#include "platform/applicationFolder.h"
 #include "support/SmallDisk.h"
 #include "uisupport/ProgramFixture.h"
-
-using namespace Qt::StringLiterals;
 
 /// Places that take no file: the program tells so once, and keeps what is typed and retrieved.
 class TestDiskFaults : public QObject

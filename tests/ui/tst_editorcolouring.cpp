@@ -4,7 +4,6 @@
 #include "controls/grids/RowNumberHeader.h"
 #include "uisupport/uiTest.h"
 
-using namespace Qt::StringLiterals;
 using Sci = QsciScintillaBase;
 
 namespace {

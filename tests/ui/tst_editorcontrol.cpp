@@ -2,7 +2,6 @@
 #include "editor/caretPosition.h"
 #include "uisupport/uiTest.h"
 
-using namespace Qt::StringLiterals;
 using Sci = QsciScintillaBase;
 
 /// An editor with its events between two text boxes, as in a window.

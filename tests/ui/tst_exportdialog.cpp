@@ -1,9 +1,6 @@
 #include "controls/forms/mousePointer.h"
 #include "export/frmExport.h"
-#include "platform/applicationFolder.h"
 #include "uisupport/uiTest.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

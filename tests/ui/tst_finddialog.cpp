@@ -1,8 +1,6 @@
 #include "dialogs/frmFind.h"
 #include "uisupport/uiTest.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// An editor window with its find dialog, driven by the names of the controls.
@@ -66,7 +64,6 @@ private slots:
     void replaceAllOfLargeText();
     void endlessOneTakesInWhatIsTyped();
     void closingOrLosingTheEditorEndsReplacing();
-    void endlessOneEndsWithTheLastWindow();
     void ownDialogFindsOnwardsAndWraps();
     void ownDialogHasOptions();
     void ownDialogStaysAndTells();
@@ -266,21 +263,6 @@ void tst_finddialog::closingOrLosingTheEditorEndsReplacing()
     other.replaceAll(u"a"_s, u"aa"_s);
     other.dialog.reset();
     QTest::qWait(100);
-}
-
-void tst_finddialog::endlessOneEndsWithTheLastWindow()
-{
-    m_editor.reset();
-    FindBench bench(u"banana"_s);
-    bench.replaceAll(u"a"_s, u"aa"_s);
-    bool stillReplacing = false;
-    QTimer::singleShot(300, &bench.window, [&] {
-        stillReplacing = bench.replacing();
-        bench.dialog->close();
-        bench.window.close();
-    });
-    QCOMPARE(QApplication::exec(), 0);
-    QVERIFY(stillReplacing);
 }
 
 void tst_finddialog::ownDialogFindsOnwardsAndWraps()

@@ -7,8 +7,6 @@
 #include "platform/eventYield.h"
 #include "uisupport/uiTest.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using RecordsetPtr = std::shared_ptr<Recordset>;
@@ -48,9 +46,6 @@ struct Cells
 using CellsList = QList<Cells>;
 
 } // namespace
-
-Q_DECLARE_METATYPE(CellsList)
-Q_DECLARE_METATYPE(Value)
 
 class tst_grids : public QObject
 {

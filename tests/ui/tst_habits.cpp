@@ -1,7 +1,5 @@
 #include "uisupport/ProgramFixture.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 void drop(const QString &path, EditorControl &editor)

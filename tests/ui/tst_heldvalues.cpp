@@ -1,8 +1,5 @@
-#include "dataaccess/Connection.h"
 #include "export/exportFormats.h"
 #include "uisupport/ProgramFixture.h"
-
-using namespace Qt::StringLiterals;
 
 /// What the server holds is what grid, copy and export show: nothing is cut, nothing is rounded
 /// away in silence.
@@ -95,6 +92,7 @@ void TestHeldValues::values_data()
     row("early", u"date_format(early, '%c/%e/%Y')"_s);
     row("late", u"date_format(late, '%c/%e/%Y %H:%i:%s.%f')"_s);
     row("past");
+    row("cast('12:34:56.5' as time(1))");
     row("cast('0000-00-00' as date)", u"''"_s); // null, as the server says
     row("flag", u"'True'"_s);
     row("bits", u"hex(bits)"_s);

@@ -1,11 +1,7 @@
 #include "controls/grids/FlexGrid.h"
 #include "history/frmSQLHistory.h"
 #include "history/historyFile.h"
-#include "platform/applicationFolder.h"
-#include "platform/systemClock.h"
 #include "uisupport/uiTest.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -3,8 +3,6 @@
 
 #include <signal.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using Command = std::function<void(ProgramFixture &)>;
@@ -17,6 +15,29 @@ const QString sandboxInTheBox = u"x;Provider=OrbekSandbox"_s;
 pid_t serverId()
 {
     return static_cast<pid_t>(SandboxServer::processId(SandboxFolder::ofUser()));
+}
+
+void killServerAfter(const QString &seconds)
+{
+    QProcess::startDetached(u"/bin/sh"_s, {u"-c"_s, u"sleep %1; kill -KILL %2"_s.arg(
+                                                        seconds, QString::number(serverId()))});
+}
+
+/// Stops the server, every thread of it, and has it killed when somebody waits for its answer.
+void stopAndKillServer()
+{
+    const pid_t server = serverId();
+    ::kill(server, SIGSTOP);
+    const QDir threads(u"/proc/%1/task"_s.arg(server));
+    const auto isStopped = [&](const QString &thread) {
+        return contentOf(threads.filePath(thread + u"/stat"_s)).contains(") T ");
+    };
+    const auto areStopped = [&] {
+        const QStringList all = threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        return std::all_of(all.begin(), all.end(), isStopped);
+    };
+    QTRY_VERIFY(areStopped());
+    killServerAfter(u"0.3"_s);
 }
 
 /// What a command that fails has to leave as it was: text, panel of the rows, rows, plan.
@@ -38,8 +59,6 @@ QString exported(ProgramFixture &program, bool hasResult = true)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Command)
-
 /// The editor window while its server dies or never was one: a message, and the user goes on with
 /// what is there.
 class TestServerFaults : public QObject
@@ -51,6 +70,7 @@ private slots:
     void commandWithoutAServer_data();
     void commandWithoutAServer();
     void driverFailingWhileRetrieving();
+    void outputUntilTheServerDies();
     void logOnsThatFail();
 
 private:
@@ -131,20 +151,20 @@ void TestServerFaults::commandWithoutAServer()
     ProgramFixture program;
     prepare(program);
     const QString restOfState = stateOf(program).mid(program.text()->Text().size());
-    ::kill(serverId(), SIGKILL);
-    QStringList texts;
-    {
+    stopAndKillServer();
+    // The second time the server is gone already.
+    for (int round = 0; round < 2; ++round) {
         MessageAnswers messages;
         QApplication::setActiveWindow(&program.frame());
         program.text()->setFocus();
         command(program);
-        texts = messages.take();
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY2(pattern.match(messages.texts.first()).hasMatch(),
+                 qPrintable(messages.texts.first()));
+        QCOMPARE(QApplication::activeModalWidget(), nullptr);
+        QCOMPARE(mousePointer(), MousePointer::Default);
+        QCOMPARE(stateOf(program), program.text()->Text() + restOfState);
     }
-    QCOMPARE(texts.size(), 1);
-    QVERIFY2(pattern.match(texts.first()).hasMatch(), qPrintable(texts.first()));
-    QCOMPARE(QApplication::activeModalWidget(), nullptr);
-    QCOMPARE(mousePointer(), MousePointer::Default);
-    QCOMPARE(stateOf(program), program.text()->Text() + restOfState);
     QVERIFY(
         exported(program, keepsResult).contains(keepsResult ? u"\r\n50 records"_s : u"3704 "_s));
     QVERIFY(program.ends.empty());
@@ -166,6 +186,22 @@ void TestServerFaults::driverFailingWhileRetrieving()
         QCOMPARE(program.cell(199, 0), u"199"_s);
     }
     QVERIFY(exported(program).contains(u"\r\n200 records"_s));
+}
+
+// The lines that came before the end stay in the pane.
+void TestServerFaults::outputUntilTheServerDies()
+{
+    ProgramFixture program(sandbox);
+    program.control<QLineEdit>(u"txtBufferSize"_s)->setText(u"1000000"_s);
+    MessageAnswers messages;
+    killServerAfter(u"1.8"_s);
+    program.run(u"begin for i in 1..50000 loop dbms_output.put_line(i); end loop; end;"_s, 2);
+    QCOMPARE(messages.texts.size(), 1);
+    const auto *pane = program.control<QPlainTextEdit>(u"rtbdbms"_s);
+    const QStringList lines = pane->toPlainText().split(u'\n', Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i < lines.size(); ++i)
+        QCOMPARE(lines[i], u"  %1"_s.arg(i + 1));
+    goOnWith(program);
 }
 
 // One after the other in the same window; the last one works.

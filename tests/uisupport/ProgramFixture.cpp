@@ -1,11 +1,8 @@
 #include "uisupport/ProgramFixture.h"
 
 #include "app/startUp.h"
-#include "platform/applicationFolder.h"
 #include "platform/process.h"
 #include "support/settingsPlace.h"
-
-using namespace Qt::StringLiterals;
 
 ProgramFixture::ProgramFixture()
 {

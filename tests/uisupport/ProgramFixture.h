@@ -5,7 +5,6 @@
 #include "controls/forms/mousePointer.h"
 #include "controls/grids/DataGrid.h"
 #include "editor/frmQuerna.h"
-#include "support/SandboxFixture.h"
 #include "uisupport/uiTest.h"
 
 /// A running program for one test: its frame, with an application folder, settings and history of
