@@ -53,10 +53,9 @@ StatementKind statementKind(QStringView statement)
         const auto isTo = [](const SqlToken &token) { return token.isWord(u"to"); };
         return hasToken(tokens, isTo) ? StatementKind::Query : StatementKind::Rollback;
     }
-    const bool changesNothing =
-        first.kind == SqlToken::End || first.isSign(u'(') ||
-        isOneOf(first, {u"select", u"values", u"show", u"describe", u"desc", u"explain", u"set",
-                        u"use", u"lock", u"savepoint"});
+    const bool changesNothing = first.kind == SqlToken::End || first.isSign(u'(') ||
+                                isOneOf(first, {u"select", u"values", u"show", u"describe", u"desc",
+                                                u"explain", u"set", u"use", u"lock", u"savepoint"});
     return changesNothing ? StatementKind::Query : StatementKind::Other;
 }
 

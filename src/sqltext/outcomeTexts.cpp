@@ -32,8 +32,8 @@ int numberIn(const QString &text, const QString &pattern)
 
 int lineEndsBefore(const QString &statement)
 {
-    const auto first = std::find_if_not(statement.begin(), statement.end(),
-                                        [](QChar c) { return c.isSpace(); });
+    const auto first =
+        std::find_if_not(statement.begin(), statement.end(), [](QChar c) { return c.isSpace(); });
     return static_cast<int>(std::count(statement.begin(), first, u'\n'));
 }
 

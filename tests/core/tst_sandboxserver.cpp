@@ -322,7 +322,10 @@ void tst_sandboxserver::brokenFirstStart()
     }
     QVERIFY(!processes().isEmpty());
     QVERIFY(looseEnd.isOursAlone());
+    QVERIFY(folder.mkpath(u"data.new"_s));
+    makeFile(folder.filePath(u"data.new/left over"_s), {});
     QCOMPARE(scalar(logOn(), u"select count(*) from sales"_s), u"100000"_s);
+    QVERIFY(!folder.exists(u"data/left over"_s));
     QCOMPARE(folder.entryList({u"data*"_s}, QDir::Dirs), QStringList{u"data"_s});
 }
 

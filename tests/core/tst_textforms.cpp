@@ -107,6 +107,8 @@ void tst_TextForms::integers_data()
 void tst_TextForms::oddDates()
 {
     QCOMPARE(dateTimeToText(QDateTime(QDate(-44, 3, 15), QTime(0, 0))), u"3/15/-0044"_s);
+    QCOMPARE(dateTimeForm({.year = 1, .month = 1, .day = 1, .nanosecond = 500'000'000}).toString(),
+             u"1/1/0001 00:00:00.5"_s);
     const auto dayMonthYear = [](int year, int month, int day) {
         return dayMonthYearForm({.year = year, .month = month, .day = day}).toString();
     };

@@ -148,6 +148,10 @@ void tst_historydialog::failedLoadingIsToldAndOpens()
     QVERIFY(answers.texts.isEmpty());
     QCOMPARE(rowsOf(record.repeated(32768)), 1);
     QCOMPARE(rowsOf("select 1\r\nSQLTIME\r\nlast tuesday\r\nSQLEND\r\n"), 1);
+    // A column may be narrower than its margins.
+    QCOMPARE(rowsOf("a\r\nSQLTIME\r\n"), 2);
+    bench.grid->setColumnWidth(1, 1);
+    bench.grid->grab();
     QCOMPARE(answers.texts, (QStringList{u"Overflow"_s, u"Type mismatch"_s}));
     QCOMPARE(answers.titles.first(), u"Orbek SQL Editor"_s);
 }

@@ -34,8 +34,9 @@ QColor mix(const QColor &a, const QColor &b, double shareOfA)
 QColor nearestReadable(const QColor &color, const QColor &towards, const QColor &ground,
                        double wanted)
 {
-    for (double share = 1; share > 0; share -= 0.05) {
-        const QColor result = mix(color, towards, share);
+    constexpr int steps = 20;
+    for (int step = steps; step > 0; --step) {
+        const QColor result = mix(color, towards, static_cast<double>(step) / steps);
         if (contrast(result, ground) >= wanted)
             return result;
     }

@@ -23,7 +23,7 @@ int longestWord(const QFontMetrics &metrics, const QString &text)
 QFont fittingFont(const QFont &font, const QString &text, int room)
 {
     const int needed = longestWord(QFontMetrics(font), text);
-    if (needed <= room)
+    if (needed == 0 || needed <= room) // there may be less than no room
         return font;
     const int usual = QFontInfo(font).pixelSize();
     QFont smaller = font;
