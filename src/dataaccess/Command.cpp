@@ -55,7 +55,7 @@ void Command::Execute()
     // A result that is left open after a failure would make every later execution fail.
     const auto close = qScopeGuard([this] { SQLFreeStmt(m_statement->get(), SQL_CLOSE); });
     m_session->withResultsReleased(
-        [this] { checkOdbc(SQLExecute(m_statement->get()), *m_statement); });
+        [this] { checkLongCall(*m_statement, [&] { return SQLExecute(m_statement->get()); }); });
     takeRemainingResults(*m_statement);
     for (size_t i = 0; i < m_buffers.size(); ++i)
         m_parameters[i].value = m_buffers[i].load(m_parameters[i]);

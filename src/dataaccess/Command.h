@@ -14,7 +14,7 @@ class OdbcSession;
 class ParameterBuffer;
 
 /// A stored procedure that is called many times: the call is prepared once and its parameters stay
-/// bound.
+/// bound. For work that Connection::inOneGo() runs, and where calls have no thread of their own.
 class Command final : private SessionClient
 {
 public:

@@ -5,44 +5,46 @@
 #include "dataaccess/providers/providers.h"
 #include "platform/RuntimeError.h"
 
-#include <utility>
-
 Connection::~Connection()
 {
     if (m_session)
         m_session->close();
 }
 
-OdbcSession &Connection::openSession() const
+ObjectStateEnum Connection::State() const
 {
-    if (!m_session)
+    return m_session && m_session->isOpen() ? adStateOpen : adStateClosed;
+}
+
+const std::shared_ptr<OdbcSession> &Connection::openSession() const
+{
+    if (State() == adStateClosed)
         throw RuntimeError(ErrorNumber::ObjectClosed);
-    return *m_session;
+    return m_session;
 }
 
 std::shared_ptr<OdbcSession> Connection::sessionOf(const std::shared_ptr<Connection> &connection)
 {
-    if (!connection || !connection->m_session)
+    if (!connection || connection->State() == adStateClosed)
         throw RuntimeError(ErrorNumber::InvalidConnection);
     return connection->m_session;
 }
 
 void Connection::Open(const QString &connectionString)
 {
-    if (m_session)
+    if (State() == adStateOpen)
         throw RuntimeError(ErrorNumber::ObjectOpen);
-    m_session = std::make_shared<OdbcSession>(openProvider(connectionString));
+    m_session = OdbcSession::open(openProvider(connectionString));
 }
 
 void Connection::Close()
 {
-    openSession();
-    std::exchange(m_session, nullptr)->close();
+    openSession()->close();
 }
 
 QString Connection::hint() const
 {
-    return m_session ? m_session->hint() : QString();
+    return State() == adStateOpen ? m_session->hint() : QString();
 }
 
 std::shared_ptr<Recordset> Connection::Execute(const QString &commandText)
@@ -54,26 +56,36 @@ std::shared_ptr<Recordset> Connection::Execute(const QString &commandText)
     return recordset;
 }
 
+void Connection::inOneGo(const std::function<void()> &work)
+{
+    openSession()->call(work);
+}
+
+bool Connection::isCancelWanted()
+{
+    return DriverThread::isCancelWanted();
+}
+
 void Connection::BeginTrans()
 {
-    openSession().beginTransaction();
+    openSession()->call([session = m_session] { session->beginTransaction(); });
 }
 
 void Connection::CommitTrans()
 {
-    openSession().endTransaction(SQL_COMMIT);
+    openSession()->call([session = m_session] { session->endTransaction(SQL_COMMIT); });
     m_hasOpenWork = false;
 }
 
 void Connection::RollbackTrans()
 {
-    openSession().endTransaction(SQL_ROLLBACK);
+    openSession()->call([session = m_session] { session->endTransaction(SQL_ROLLBACK); });
     m_hasOpenWork = false;
 }
 
 qint64 Connection::rowsAffected() const
 {
-    return m_session ? m_session->rowsAffected() : -1;
+    return State() == adStateOpen ? m_session->rowsAffected() : -1;
 }
 
 bool Connection::definitionsCommit() const

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <atomic>
+#include <functional>
 #include <memory>
 
 class OdbcSession;
@@ -33,7 +35,8 @@ public:
     /// Rolls back an open transaction, closes the connection and its recordsets.
     /// @throws RuntimeError 3704 when closed
     void Close();
-    ObjectStateEnum State() const { return m_session ? adStateOpen : adStateClosed; }
+    /// Closed, too, when the user has given up a call that did not return.
+    ObjectStateEnum State() const;
     /// What the provider says to somebody who has just logged on; an empty text when it says
     /// nothing or the connection is closed.
     QString hint() const;
@@ -43,6 +46,14 @@ public:
     /// @returns the first result's rows; a closed recordset when the command returns none
     /// @throws RuntimeError 3704 when closed, otherwise the driver's
     std::shared_ptr<Recordset> Execute(const QString &commandText);
+
+    /// Runs @p work, which sends many short statements on this connection, in one go: where calls
+    /// have a thread of their own it is run there, and handed over once. It owns what it touches,
+    /// for the user may give it up while it runs. @throws RuntimeError 3704 when closed, 08S01 when
+    /// given up, otherwise whatever it throws
+    void inOneGo(const std::function<void()> &work);
+    /// Whether the user has asked for the end of the work that inOneGo() runs.
+    static bool isCancelWanted();
 
     // The three of them raise RuntimeError 3704 while the connection is closed, and the driver's.
     /// @throws RuntimeError -2147168237 when a transaction is open already
@@ -61,18 +72,18 @@ public:
 
     /// Whether the transaction holds work that is not committed, as whoever sends the texts has
     /// noted; what ends the transaction ends that.
-    bool hasOpenWork() const { return m_session && m_hasOpenWork; }
+    bool hasOpenWork() const { return m_hasOpenWork && State() == adStateOpen; }
     void noteOpenWork(bool has) { m_hasOpenWork = has; }
 
 private:
     friend class Recordset;
     friend class Command;
     /// @throws RuntimeError 3704 while closed
-    OdbcSession &openSession() const;
+    const std::shared_ptr<OdbcSession> &openSession() const;
     /// For what is opened on a connection. @throws RuntimeError 3709 unless there is an open one
     static std::shared_ptr<OdbcSession> sessionOf(const std::shared_ptr<Connection> &connection);
 
     CursorLocationEnum m_cursorLocation = adUseServer;
-    bool m_hasOpenWork = false;
-    std::shared_ptr<OdbcSession> m_session; ///< null while closed
+    std::atomic<bool> m_hasOpenWork = false;
+    std::shared_ptr<OdbcSession> m_session; ///< null before the first opening
 };

@@ -2,8 +2,8 @@
 
 #include "dataaccess/Connection.h"
 #include "dataaccess/RowCells.h"
-#include "dataaccess/odbc/OdbcCursor.h"
 #include "dataaccess/odbc/OdbcSession.h"
+#include "dataaccess/odbc/ResultReader.h"
 #include "platform/RuntimeError.h"
 
 #include <algorithm>
@@ -27,9 +27,19 @@ Value asFieldValue(const FieldInfo &field, const Value &value)
 
 Recordset::Recordset() = default;
 
-Recordset::~Recordset()
+bool Recordset::isOpen() const
 {
-    leaveSession();
+    return (m_reader || m_table) && (!m_session || m_session->isOpen());
+}
+
+const MemoryTable &Recordset::rows() const
+{
+    return m_reader ? m_reader->rows : *m_table;
+}
+
+bool Recordset::hasFailure() const
+{
+    return m_reader && m_reader->failure;
 }
 
 void Recordset::requireOpen() const
@@ -38,18 +48,19 @@ void Recordset::requireOpen() const
         throw RuntimeError(ErrorNumber::ObjectClosed);
 }
 
-void Recordset::requireClosed() const
+void Recordset::requireClosed()
 {
     if (isOpen())
         throw RuntimeError(ErrorNumber::ObjectOpen);
+    drop(); // what is left when its session was closed
 }
 
 void Recordset::requireCurrent() const
 {
     if (Eof())
         throw RuntimeError(ErrorNumber::NoCurrentRecord);
-    if (m_failure && isPastStoredRows())
-        std::rethrow_exception(m_failure);
+    if (hasFailure() && isPastRows())
+        std::rethrow_exception(m_reader->failure);
 }
 
 void Recordset::requireField(int field) const
@@ -127,46 +138,25 @@ void Recordset::Open(const QString &source, const std::shared_ptr<Connection> &c
 {
     requireClosed();
     const std::shared_ptr<OdbcSession> session = Connection::sessionOf(connection);
-    std::unique_ptr<OdbcCursor> cursor = session->open(source, m_cacheSize);
-    if (!cursor)
+    const bool isWhole = m_cursorLocation == adUseClient;
+    std::shared_ptr<ResultReader> reader =
+        session->call([session, source, cacheSize = m_cacheSize, isWhole] {
+            return ResultReader::open(session, source, cacheSize, isWhole);
+        });
+    if (!reader)
         return;
-    const bool isForward = m_cursorLocation == adUseServer && !cursor->mayFailLater();
-    if (!isForward) {
-        MemoryTable rows(static_cast<int>(cursor->fields().size()));
-        takeRows(*cursor, rows);
-        m_table = std::move(rows);
-    }
-    m_fields = cursor->fields();
+    m_fields = reader->fields;
     m_isFabricated = false;
     m_fieldIndexes.clear();
     for (int i = fieldCount(); i-- > 0;)
         m_fieldIndexes.insert(m_fields[static_cast<size_t>(i)].name.toLower(), i);
-    if (isForward)
-        m_reader = std::move(cursor);
+    if (isWhole)
+        m_table = std::move(reader->rows);
+    else
+        m_reader = std::move(reader);
     m_position = 0;
     m_hasMoved = false;
     m_session = session;
-    m_session->addClient(this);
-}
-
-void Recordset::takeRows(OdbcCursor &cursor, MemoryTable &rows)
-{
-    for (; !cursor.atEnd(); cursor.next()) {
-        m_writer.clear();
-        cursor.pack(m_writer, NullForm::Null);
-        rows.addRow(m_writer);
-    }
-}
-
-void Recordset::releaseResult()
-{
-    const std::unique_ptr<OdbcCursor> cursor = std::move(m_reader);
-    m_table.emplace(fieldCount());
-    try {
-        takeRows(*cursor, *m_table);
-    } catch (...) { // memory may run out as well
-        m_failure = std::current_exception();
-    }
 }
 
 void Recordset::Close()
@@ -179,19 +169,11 @@ void Recordset::drop()
 {
     m_reader.reset();
     m_table.reset();
-    m_failure = nullptr;
+    m_session.reset();
     if (!m_isFabricated) {
         m_fields.clear();
         m_fieldIndexes.clear();
     }
-    leaveSession();
-}
-
-void Recordset::leaveSession()
-{
-    if (m_session)
-        m_session->removeClient(this);
-    m_session.reset();
 }
 
 ObjectStateEnum Recordset::State() const
@@ -207,7 +189,7 @@ bool Recordset::Bof() const
 bool Recordset::Eof() const
 {
     requireOpen();
-    return m_reader ? m_reader->atEnd() : isPastStoredRows() && !m_failure;
+    return isPastRows() && !hasFailure();
 }
 
 qint64 Recordset::RecordCount() const
@@ -233,12 +215,20 @@ void Recordset::MoveNext()
     if (Eof())
         throw RuntimeError(ErrorNumber::NoCurrentRecord);
     m_hasMoved = true;
-    if (m_reader)
-        return m_reader->next();
-    m_table->finishEditing();
+    if (!m_reader) {
+        m_table->finishEditing();
+        ++m_position;
+        return;
+    }
     ++m_position;
-    if (m_failure && isPastStoredRows())
-        std::rethrow_exception(std::exchange(m_failure, nullptr));
+    if (!isPastRows())
+        return;
+    if (!m_reader->failure && !m_reader->hasAllRows()) {
+        m_session->call([reader = m_reader] { reader->takePortion(); });
+        m_position = 0;
+    }
+    if (m_reader->failure && isPastRows())
+        std::rethrow_exception(std::exchange(m_reader->failure, nullptr));
 }
 
 const FieldInfo &Recordset::field(int index) const
@@ -272,7 +262,7 @@ Value Recordset::value(int field) const
     requireOpen();
     requireField(field);
     requireCurrent();
-    return m_reader ? m_reader->value(field) : packedCellValue(m_table->cell(m_position, field));
+    return packedCellValue(rows().cell(m_position, field));
 }
 
 Value Recordset::value(const QString &name) const
@@ -316,32 +306,15 @@ void Recordset::addNewFrom(const Recordset &source)
         return;
     }
     m_writer.clear();
-    source.packCurrent(m_writer, NullForm::EmptyText);
+    source.requireCurrent();
+    source.rows().pack(source.m_position, m_writer, NullForm::EmptyText);
     m_position = rows.addRow(m_writer);
-}
-
-void Recordset::packCurrent(RowWriter &row, NullForm nulls) const
-{
-    requireCurrent();
-    if (m_reader)
-        m_reader->pack(row, nulls);
-    else
-        m_table->pack(m_position, row, nulls);
-}
-
-const char *Recordset::packedRow(RowWriter &copy) const
-{
-    requireCurrent();
-    if (!m_reader)
-        return m_table->row(m_position);
-    copy.clear();
-    m_reader->pack(copy, NullForm::Null);
-    return copy.data();
 }
 
 void RowCells::takeRow(const Recordset &recordset)
 {
-    m_cell = recordset.packedRow(m_packed);
+    recordset.requireCurrent();
+    m_cell = recordset.rows().row(recordset.m_position);
 }
 
 void Recordset::sort(int field, bool descending)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "dataaccess/odbc/SessionClient.h"
 #include "dataaccess/rows/MemoryTable.h"
 #include "dataaccess/rows/RowOrder.h"
 #include "dataaccess/rows/Value.h"
@@ -10,14 +9,13 @@
 #include <QHash>
 #include <QString>
 
-#include <exception>
 #include <memory>
 #include <optional>
 #include <vector>
 
 class Connection;
-class OdbcCursor;
 class OdbcSession;
+class ResultReader;
 
 /// A table of rows with one current row: a forward-only reader over an ODBC result, a client-side
 /// copy of one, or a table built in memory out of appended fields.
@@ -25,11 +23,10 @@ class OdbcSession;
 /// What ADO's recordset does carries ADO's name here, with a capital; the rest is ours. Rows are
 /// counted from 0. Field names match in any letter case. Everything that reads or moves
 /// raises RuntimeError 3704 while the recordset is closed.
-class Recordset final : private SessionClient
+class Recordset final
 {
 public:
     Recordset();
-    ~Recordset();
     Recordset(const Recordset &) = delete;
     Recordset &operator=(const Recordset &) = delete;
 
@@ -133,16 +130,14 @@ public:
 private:
     friend class RowCells;
 
-    // As a client of the session that its rows come from.
-    void sessionClosing() override { drop(); }
-    bool hasOpenResult() const override { return m_reader != nullptr; }
-    void releaseResult() override;
-
-    bool isOpen() const { return m_reader != nullptr || m_table.has_value(); }
+    bool isOpen() const;
     bool isForwardOnly() const { return m_cursorLocation == adUseServer && !m_isFabricated; }
-    bool isPastStoredRows() const { return m_position >= m_table->rowCount(); }
+    /// The rows at hand: all, or a forward-only reader's present portion.
+    const MemoryTable &rows() const;
+    bool isPastRows() const { return m_position >= rows().rowCount(); }
+    bool hasFailure() const;
     void requireOpen() const;
-    void requireClosed() const;
+    void requireClosed();
     void requireCurrent() const;
     void requireField(int field) const;
     const FieldInfo &field(int index) const;
@@ -152,14 +147,8 @@ private:
     const MemoryTable &table() const;
     MemoryTable &ownTable();
 
-    void takeRows(OdbcCursor &cursor, MemoryTable &rows);
     void drop();
-    void leaveSession();
     int indexOf(const QString &name) const;
-    void packCurrent(RowWriter &row, NullForm nulls) const;
-    /// The current row in packed form: where it is, or in @p copy when it is a forward-only
-    /// reader's.
-    const char *packedRow(RowWriter &copy) const;
 
     CursorLocationEnum m_cursorLocation = adUseServer;
     int m_cacheSize = 1;
@@ -168,13 +157,10 @@ private:
     bool m_isFabricated = false;        ///< the fields were appended and outlive a closing
     bool m_takesPackedRows = false;     ///< every field takes whatever a row holds
 
-    std::shared_ptr<OdbcSession> m_session;
-    std::unique_ptr<OdbcCursor> m_reader;
-    /// All rows, or those that a forward-only reader still had when it gave its statement back. A
-    /// failure on that way is raised where they end.
-    std::optional<MemoryTable> m_table;
-    std::exception_ptr m_failure;
-    qint64 m_position = 0;   ///< in the table
-    bool m_hasMoved = false; ///< since it was opened
+    std::shared_ptr<OdbcSession> m_session; ///< that the rows come from
+    std::shared_ptr<ResultReader> m_reader; ///< of a forward-only one; null when it is closed
+    std::optional<MemoryTable> m_table;     ///< of any other; none when it is closed
+    qint64 m_position = 0;                  ///< in the rows at hand
+    bool m_hasMoved = false;                ///< since it was opened
     RowWriter m_writer;
 };

@@ -30,5 +30,4 @@ public:
 
 private:
     const char *m_cell = nullptr;
-    RowWriter m_packed;
 };

@@ -1,17 +1,16 @@
 #include "platform/eventYield.h"
 
+#include "platform/longWait.h"
+
 #include <QCoreApplication>
 
 #include <chrono>
 
 void yieldToEvents()
 {
-    using Clock = std::chrono::steady_clock;
-    static Clock::time_point lastAsked;
-
     QCoreApplication::sendPostedEvents();
-    if (Clock::now() - lastAsked < std::chrono::milliseconds(1))
+    if (std::chrono::steady_clock::now() - lastTurn() < std::chrono::milliseconds(1))
         return;
     QCoreApplication::processEvents();
-    lastAsked = Clock::now();
+    noteTurn();
 }

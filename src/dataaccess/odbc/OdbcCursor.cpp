@@ -124,7 +124,7 @@ void OdbcCursor::fetchBlock()
     end();
     for (ColumnBuffer &buffer : m_columns)
         buffer.prepareFetch(m_rowsPerBlock);
-    if (checkOdbc(SQLFetch(m_statement.get()), m_statement) == SQL_NO_DATA) {
+    if (checkLongCall(m_statement, [&] { return SQLFetch(m_statement.get()); }) == SQL_NO_DATA) {
         end();
         takeRemainingResults(m_statement);
         return;

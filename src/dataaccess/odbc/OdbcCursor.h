@@ -28,6 +28,8 @@ public:
     bool mayFailLater() const { return m_mayFailLater; }
     const std::vector<FieldInfo> &fields() const { return m_fields; }
     bool atEnd() const { return m_row >= m_fetched; }
+    /// Whether next() calls the driver for rows.
+    bool isLastOfBlock() const { return m_row + 1 >= m_fetched; }
     /// Goes to the next row; not at the end. @throws RuntimeError with the driver's text
     void next();
     /// The current row's value. @throws RuntimeError with the driver's text

@@ -33,15 +33,13 @@ using WideFunction = SQLRETURN (*)(SQLHSTMT, SQLWCHAR *, SQLINTEGER);
 void passText(const OdbcHandle &statement, const QString &text, NarrowFunction narrow,
               WideFunction wide)
 {
-    if (statement.takesUtf8()) {
+    checkLongCall(statement, [&] {
+        if (!statement.takesUtf8())
+            return wide(statement.get(), odbcText(text), static_cast<SQLINTEGER>(text.size()));
         QByteArray utf8 = text.toUtf8();
-        checkOdbc(narrow(statement.get(), reinterpret_cast<SQLCHAR *>(utf8.data()),
-                         static_cast<SQLINTEGER>(utf8.size())),
-                  statement);
-    } else {
-        checkOdbc(wide(statement.get(), odbcText(text), static_cast<SQLINTEGER>(text.size())),
-                  statement);
-    }
+        return narrow(statement.get(), reinterpret_cast<SQLCHAR *>(utf8.data()),
+                      static_cast<SQLINTEGER>(utf8.size()));
+    });
 }
 
 SQLSMALLINT columnCount(const OdbcHandle &statement)
@@ -54,7 +52,7 @@ SQLSMALLINT columnCount(const OdbcHandle &statement)
 bool goToNextResult(const OdbcHandle &statement)
 {
     return !statement.hasOneResult() &&
-           checkOdbc(SQLMoreResults(statement.get()), statement) != SQL_NO_DATA;
+           checkLongCall(statement, [&] { return SQLMoreResults(statement.get()); }) != SQL_NO_DATA;
 }
 
 } // namespace

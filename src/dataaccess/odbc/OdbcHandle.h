@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dataaccess/odbc/DriverThread.h"
 #include "dataaccess/odbc/odbcHeaders.h"
 
 #include <QString>
@@ -59,6 +60,22 @@ private:
 /// @returns @p code when it is SQL_SUCCESS, SQL_SUCCESS_WITH_INFO or SQL_NO_DATA
 /// @throws RuntimeError otherwise, with all diagnostic records
 SQLRETURN checkOdbc(SQLRETURN code, const OdbcHandle &handle);
+
+/// Makes a @p call of the driver that may take long and that the user may cancel; on @p handle, as
+/// checkOdbc().
+template <typename Call>
+SQLRETURN checkLongCall(const OdbcHandle &handle, Call call)
+{
+    const bool isStatement = handle.type() == SQL_HANDLE_STMT;
+    DriverThread::beginCall(isStatement ? handle.get() : nullptr);
+    const SQLRETURN code = call();
+    // By the standard, the cursor of a statement that went through all the same is closed.
+    if (DriverThread::endCall() && code != SQL_ERROR) {
+        SQLFreeStmt(handle.get(), SQL_CLOSE);
+        throw DriverThread::cancelledError();
+    }
+    return checkOdbc(code, handle);
+}
 
 /// Sends, or prepares, @p text on a statement. @throws RuntimeError with the driver's text
 void executeText(const OdbcHandle &statement, const QString &text);

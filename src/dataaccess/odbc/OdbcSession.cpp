@@ -134,25 +134,35 @@ bool keepsResults(const OdbcHandle &connection, SQLUSMALLINT what)
 } // namespace
 
 OdbcSession::OdbcSession(ProviderSession provider)
-    : m_provider(std::move(provider))
-    , m_environment(SQL_HANDLE_ENV, OdbcHandle())
+    : m_thread(DriverThread::start())
+    , m_hint(provider.hint)
+    , m_provider(std::move(provider))
 {
+}
+
+std::shared_ptr<OdbcSession> OdbcSession::open(ProviderSession provider)
+{
+    const std::shared_ptr<OdbcSession> session(new OdbcSession(std::move(provider)));
+    session->call([session] {
+        try {
+            session->logOn();
+        } catch (...) {
+            session->end();
+            throw;
+        }
+    });
+    return session;
+}
+
+void OdbcSession::logOn()
+{
+    m_environment = OdbcHandle(SQL_HANDLE_ENV, OdbcHandle());
     checkOdbc(
         SQLSetEnvAttr(m_environment.get(), SQL_ATTR_ODBC_VERSION, attributeValue(SQL_OV_ODBC3), 0),
         m_environment);
     m_connection = OdbcHandle(SQL_HANDLE_DBC, m_environment);
     connect(m_provider.odbcConnectionString);
-    try {
-        readAbilities();
-    } catch (...) {
-        close();
-        throw;
-    }
-}
-
-OdbcSession::~OdbcSession()
-{
-    close();
+    readAbilities();
 }
 
 void OdbcSession::connect(const QString &odbcConnectionString)
@@ -189,13 +199,24 @@ void OdbcSession::readAbilities()
     m_oneResultOnly = info<SQLUSMALLINT>(m_connection, SQL_MAX_CONCURRENT_ACTIVITIES, 0) == 1;
     m_commitKeepsResults = keepsResults(m_connection, SQL_CURSOR_COMMIT_BEHAVIOR);
     m_rollbackKeepsResults = keepsResults(m_connection, SQL_CURSOR_ROLLBACK_BEHAVIOR);
+    if (m_thread && (m_abilities.isMariaDb || !m_abilities.declarationsBindValues)) {
+        m_idleStatement = OdbcHandle(SQL_HANDLE_STMT, m_connection);
+        m_thread->setIdleStatement(m_idleStatement.get());
+    }
 }
 
 void OdbcSession::close()
 {
-    if (!m_connected)
+    if (!m_isOpen.exchange(false))
         return;
-    m_connected = false;
+    if (m_thread)
+        m_thread->finish([self = shared_from_this()] { self->end(); });
+    else
+        end();
+}
+
+void OdbcSession::end()
+{
     while (!m_clients.empty()) {
         SessionClient *const client = m_clients.back();
         m_clients.pop_back();
@@ -203,8 +224,13 @@ void OdbcSession::close()
     }
     if (!m_autocommit && !m_isLost)
         SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), SQL_ROLLBACK);
+    if (m_thread)
+        m_thread->setIdleStatement(nullptr);
+    m_idleStatement.reset();
     m_spareStatement.reset();
-    SQLDisconnect(m_connection.get());
+    if (m_connected)
+        SQLDisconnect(m_connection.get());
+    m_connected = false;
     m_connection.reset();
     m_environment.reset();
     m_provider = {};
@@ -237,7 +263,8 @@ void OdbcSession::endTransaction(SQLSMALLINT completion)
     if (!keeps)
         releaseResults();
     withResultsReleased([&] {
-        checkOdbc(SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), completion), m_connection);
+        checkLongCall(m_connection,
+                      [&] { return SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), completion); });
     });
     // Autocommit stays off until a statement is sent outside a transaction: as a rule the next
     // transaction begins before that.

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "dataaccess/odbc/DriverThread.h"
 #include "dataaccess/odbc/OdbcAbilities.h"
 #include "dataaccess/odbc/OdbcHandle.h"
 #include "dataaccess/odbc/ProviderSession.h"
 
 #include <QString>
 
+#include <atomic>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class OdbcCursor;
@@ -15,17 +18,40 @@ class SessionClient;
 
 /// One open session with a data source: the ODBC connection and what belongs to it as a whole,
 /// such as its transaction and the statements that are still being read.
-class OdbcSession
+///
+/// Where there is a user interface it has a thread of its own, on which alone it is used.
+class OdbcSession : public std::enable_shared_from_this<OdbcSession>
 {
 public:
+    // For any thread.
+
     /// Connects. @throws RuntimeError with the driver's text
-    explicit OdbcSession(ProviderSession provider);
-    ~OdbcSession();
+    static std::shared_ptr<OdbcSession> open(ProviderSession provider);
     OdbcSession(const OdbcSession &) = delete;
     OdbcSession &operator=(const OdbcSession &) = delete;
 
-    /// Ends what the clients read, rolls back and disconnects; failures are ignored.
+    /// Ends what the clients read, rolls back and disconnects; failures are ignored. It may go on
+    /// doing so when this returns.
     void close();
+    /// Not when it was given up either.
+    bool isOpen() const { return m_isOpen && !(m_thread && m_thread->isGivenUp()); }
+
+    /// Runs @p work on the session's thread, as DriverThread::call().
+    template <typename Work>
+    std::invoke_result_t<Work &> call(Work work)
+    {
+        return m_thread ? m_thread->call(std::move(work)) : work();
+    }
+    /// The same without waiting, as DriverThread::post().
+    void post(std::function<void()> work)
+    {
+        if (m_thread)
+            m_thread->post(std::move(work));
+        else
+            work();
+    }
+
+    // For the session's thread.
 
     /// @throws RuntimeError -2147168237 within a transaction, otherwise the driver's
     void beginTransaction();
@@ -54,15 +80,18 @@ public:
 
     const OdbcAbilities &abilities() const { return m_abilities; }
     /// What somebody may want to know who has just logged on. May be empty.
-    const QString &hint() const { return m_provider.hint; }
+    const QString &hint() const { return m_hint; }
 
     void addClient(SessionClient *client);
     void removeClient(SessionClient *client);
 
 private:
+    explicit OdbcSession(ProviderSession provider);
     /// A ScalarQuery.
     QString scalar(const QString &text);
+    void logOn();
     void connect(const QString &odbcConnectionString);
+    void end();
     void readAbilities();
     void setAutocommit(bool on);
     void prepareToSend();
@@ -73,12 +102,16 @@ private:
     bool hasOpenResults() const;
     void releaseResults();
 
+    std::unique_ptr<DriverThread> m_thread; ///< null for the caller's own
+    std::atomic<bool> m_isOpen = true;
+    const QString m_hint;
     ProviderSession m_provider;
     OdbcHandle m_environment;
     OdbcHandle m_connection;
     /// Left by a text without rows, for the next one: scripts send thousands, and to make a
     /// statement takes drivers longer than to send a short text.
     OdbcHandle m_spareStatement;
+    OdbcHandle m_idleStatement; ///< for DriverThread::setIdleStatement()
     std::vector<SessionClient *> m_clients;
     OdbcAbilities m_abilities;
     SQLLEN m_rowsAffected = -1;

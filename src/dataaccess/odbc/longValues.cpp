@@ -73,9 +73,10 @@ std::optional<QByteArray> readWholeValue(const OdbcHandle &statement, SQLUSMALLI
         char *const piece = bytes.data() + before;
         markEnd(piece, room, terminator);
         SQLLEN indicator = 0;
-        const SQLRETURN code = checkOdbc(SQLGetData(statement.get(), number, column.cType(), piece,
-                                                    room + terminator, &indicator),
-                                         statement);
+        const SQLRETURN code = checkLongCall(statement, [&] {
+            return SQLGetData(statement.get(), number, column.cType(), piece, room + terminator,
+                              &indicator);
+        });
         if (isFirst && indicator == SQL_NULL_DATA)
             return std::nullopt;
         if (!mayGoOn(code, indicator, room, terminator)) {

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "dataaccess/odbc/SessionClient.h"
+#include "dataaccess/rows/dataAccessTypes.h"
+#include "dataaccess/rows/MemoryTable.h"
+
+#include <exception>
+#include <memory>
+#include <vector>
+
+class OdbcCursor;
+class OdbcSession;
+
+/// Reads a result forward, a portion of rows at a time, which come into memory.
+///
+/// Portions are taken on the session's thread; in between, whoever holds the reader may look at the
+/// rows, unless the session is not open any more. Wherever it is let go, it ends on that thread.
+class ResultReader final : private SessionClient
+{
+public:
+    /// Sends @p commandText, as OdbcSession::open(), and takes the first block of rows.
+    /// @param isWhole  takes all rows; also done where what was sent may yet fail behind them
+    /// @returns null when nothing with columns came back
+    /// @throws RuntimeError with the driver's text, or the adapter's
+    static std::shared_ptr<ResultReader> open(const std::shared_ptr<OdbcSession> &session,
+                                              const QString &commandText, int rowsPerBlock,
+                                              bool isWhole);
+
+    /// Takes the next portion in place of the present one: as many blocks as come in a moment, one
+    /// at least. Without any rows this is the end.
+    void takePortion();
+
+    bool hasAllRows() const { return m_cursor == nullptr; }
+
+    std::vector<FieldInfo> fields;
+    MemoryTable rows{0}; ///< the present portion, or all the rest
+    /// Where the rows end, if a failure ends them.
+    std::exception_ptr failure;
+
+private:
+    ResultReader(const std::shared_ptr<OdbcSession> &session, std::unique_ptr<OdbcCursor> cursor);
+    ~ResultReader();
+
+    void sessionClosing() override;
+    bool hasOpenResult() const override { return !hasAllRows(); }
+    void releaseResult() override;
+    void takeRows(std::chrono::steady_clock::time_point end);
+
+    std::shared_ptr<OdbcSession> m_session;
+    std::unique_ptr<OdbcCursor> m_cursor; ///< null when there is nothing more to take
+    bool m_isRowTaken = false;            ///< that of the cursor
+    RowWriter m_writer;
+};

@@ -1,0 +1,48 @@
+#include "platform/longWait.h"
+
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace {
+
+WaitPresenter presenter;
+bool isShown = false;
+std::chrono::steady_clock::time_point turn;
+
+} // namespace
+
+void setWaitPresenter(WaitPresenter newPresenter)
+{
+    presenter = std::move(newPresenter);
+}
+
+bool hasWaitPresenter()
+{
+    return presenter != nullptr;
+}
+
+void showWait(LongWait &wait)
+{
+    isShown = true;
+    const auto end = qScopeGuard([] {
+        isShown = false;
+        noteTurn();
+    });
+    presenter(wait);
+}
+
+bool isWaiting()
+{
+    return isShown;
+}
+
+std::chrono::steady_clock::time_point lastTurn()
+{
+    return turn;
+}
+
+void noteTurn()
+{
+    turn = std::chrono::steady_clock::now();
+}
