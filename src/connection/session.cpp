@@ -9,9 +9,9 @@ QString gPassword;
 QString gTnsName;
 qint32 maxRecords = 0;
 
-std::shared_ptr<Connection> requireConnection()
+std::shared_ptr<Connection> requireConnection(const std::shared_ptr<Connection> &connection)
 {
-    if (!gConnection || gConnection->State() == adStateClosed)
+    if (!connection || connection->State() == adStateClosed)
         throw RuntimeError(ErrorNumber::InvalidConnection);
-    return gConnection;
+    return connection;
 }

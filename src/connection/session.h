@@ -24,6 +24,7 @@ extern qint32 maxRecords;
 inline constexpr qint32 defaultMaxRecords = 100;
 inline constexpr qint32 largestMaxRecords = 10000;
 
-/// gConnection, for work that cannot do without an open one.
+/// @p connection, for work that cannot do without an open one.
 /// @throws RuntimeError 3709 when there is none, or it is closed
-std::shared_ptr<Connection> requireConnection();
+std::shared_ptr<Connection>
+requireConnection(const std::shared_ptr<Connection> &connection = gConnection);

@@ -15,49 +15,48 @@ namespace {
 
 constexpr int longestLine = 255;
 
-/// Collects lines and hands them to the pane at the end, however the fetching ends: rewriting the
-/// pane for every line would cost time quadratic in their number.
-class PaneWriter
+/// What was written, and the failure that ended it, if one did.
+struct Output
 {
-public:
-    explicit PaneWriter(QPlainTextEdit *pane)
-        : m_pane(pane)
-    {
-    }
-    ~PaneWriter() { m_pane->setPlainText(m_text); }
-    PaneWriter(const PaneWriter &) = delete;
-    PaneWriter &operator=(const PaneWriter &) = delete;
-
-    void addLine(const QString &line)
-    {
-        m_text += u"  "_s + line + u"\r\n"_s;
-        ++m_lines;
-    }
-    int lines() const { return m_lines; }
-
-private:
-    QPlainTextEdit *m_pane;
-    QString m_text;
-    int m_lines = 0;
+    QString text;
+    int lines = 0;
+    std::exception_ptr failure;
 };
 
-/// @returns their number
-int fetchLines(QPlainTextEdit *pane)
+void fetchLines(const std::shared_ptr<Connection> &connection, Output &output)
 {
     Command getLine;
     getLine.CommandText = u"dbms_output.get_line"_s;
-    getLine.ActiveConnection = requireConnection();
+    getLine.ActiveConnection = connection;
     getLine.appendParameter({u"lines"_s, adVarChar, longestLine, {}});
     getLine.appendParameter({u"status"_s, adInteger, 0, {}});
-
-    PaneWriter writer(pane);
     while (getLine.parameter(u"status"_s).toInteger() == 0) {
         getLine.Execute();
         const Value &line = getLine.parameter(u"lines"_s);
-        if (!line.isNull())
-            writer.addLine(line.toText());
+        if (line.isNull())
+            continue;
+        output.text += u"  "_s + line.toText() + u"\r\n"_s;
+        ++output.lines;
     }
-    return writer.lines();
+}
+
+/// The lines before a failure are shown all the same, and all of them at the end: rewriting the
+/// pane for every line would cost time quadratic in their number.
+/// @returns their number
+int showLines(const std::shared_ptr<Connection> &connection, QPlainTextEdit *pane)
+{
+    const auto output = std::make_shared<Output>();
+    connection->inOneGo([output, connection] {
+        try {
+            fetchLines(connection, *output);
+        } catch (...) {
+            output->failure = std::current_exception();
+        }
+    });
+    pane->setPlainText(output->text);
+    if (output->failure)
+        std::rethrow_exception(output->failure);
+    return output->lines;
 }
 
 } // namespace
@@ -70,7 +69,7 @@ void captureOutput(WindowControls &controls, const QString &statement)
     connection->Execute(u"dbms_output.enable("_s + controls.txtBufferSize->text() + u')');
     controls.showExecutionTime();
     sendNoting(connection, statement, [&] { connection->Execute(statement); });
-    const int lines = fetchLines(controls.rtbdbms);
+    const int lines = showLines(connection, controls.rtbdbms);
     connection->Execute(u"dbms_output.disable"_s);
     controls.showInformation(outputText(lines));
 }

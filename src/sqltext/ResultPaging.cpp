@@ -39,15 +39,17 @@ void ResultPaging::openResult(QString &sql, const std::shared_ptr<Connection> &c
     if (trimBlanks(sql).isEmpty())
         return;
     sql = lineFeedsOnly(sql);
-    m_source = std::make_shared<Recordset>();
-    m_source->setCacheSize(sourceCacheSize);
+    const auto source = std::make_shared<Recordset>();
+    const std::shared_ptr<Recordset> result = m_result;
+    source->setCacheSize(sourceCacheSize);
+    m_source = source;
     m_recordsFetched = 0;
-    m_source->Open(sql, connection);
-    if (m_source->State() == adStateClosed || m_source->Eof())
+    source->Open(sql, connection);
+    if (source->State() == adStateClosed || source->Eof())
         return;
-    buildResultFields(*m_source, *m_result);
-    m_source->MoveFirst();
-    fetchRows(*m_source, *m_result, setSize);
+    buildResultFields(*source, *result);
+    source->MoveFirst();
+    fetchRows(*source, *result, setSize);
 }
 
 void ResultPaging::buildResultFields(const Recordset &source, Recordset &result)

@@ -58,18 +58,24 @@ std::vector<Piece> piecesOf(const QString &script)
 
 ScriptReport
 runScript(const QString &script, QString &errors,
-          const std::function<void(const QString &command, QStringView statement)> &execute)
+          const std::function<void(const QString &command, QStringView statement)> &execute,
+          const std::function<bool()> &isCancelled)
 {
     const std::vector<Piece> pieces = piecesOf(script);
-    ScriptReport report{.statements = static_cast<int>(pieces.size()), .failures = {}};
+    ScriptReport report;
     for (const Piece &piece : pieces) {
+        ++report.statements;
         try {
             execute(piece.block, piece.statement);
+            if (isCancelled())
+                throw RuntimeError(ErrorNumber::ProviderFailed, u"The script was canceled."_s);
         } catch (...) {
             const QString description = currentRuntimeError().description;
             errors += u' ' + description + "\r\n"_L1;
             report.failures.push_back({piece.firstLine, piece.lastLine, description});
         }
+        if (isCancelled())
+            break;
     }
     return report;
 }
