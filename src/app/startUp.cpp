@@ -2,6 +2,7 @@
 
 #include "app/MDIFormQuerna.h"
 #include "controls/editor/editorKeys.h"
+#include "controls/forms/WaitingLoop.h"
 #include "controls/forms/icons.h"
 #include "controls/forms/messageBox.h"
 #include "platform/process.h"
@@ -52,6 +53,7 @@ void prepareApplication()
     QApplication::setDesktopFileName(u"querna"_s);
     QApplication::setWindowIcon(themedIcon(u"querna"_s));
     showMessagesInWindows();
+    WaitingLoop::install();
     stopAltCharacters();
 }
 

@@ -186,6 +186,8 @@ void frmQuernaLogin::optSYS_Click(int index)
 
 void frmQuernaLogin::cmdOK_Click()
 {
+    if (isWaiting())
+        return;
     setMousePointer(MousePointer::Hourglass);
     takeNames();
     ignoreErrors([] {

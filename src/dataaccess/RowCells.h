@@ -1,7 +1,5 @@
 #pragma once
 
-#include "dataaccess/rows/RowWriter.h"
-#include "dataaccess/rows/Value.h"
 #include "dataaccess/rows/packedCells.h"
 #include "platform/ByteBuffer.h"
 

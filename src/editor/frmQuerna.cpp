@@ -3,6 +3,7 @@
 #include "connection/session.h"
 #include "controls/editor/EditorControl.h"
 #include "controls/forms/StatusPanels.h"
+#include "controls/forms/WaitingLoop.h"
 #include "controls/forms/mousePointer.h"
 #include "controls/forms/twips.h"
 #include "controls/grids/DataGrid.h"
@@ -40,6 +41,33 @@ QList<ToolBarButton> pagingButtons()
             {"Stop retrieval of all records"_L1, "stop"_L1, {Qt::CTRL | Qt::Key_F7}}};
 }
 
+QString textOf(const WaitProgress &wait)
+{
+    if (wait.mayGiveUp)
+        return u"The server does not answer: Esc gives the connection up"_s;
+    return (wait.isCancelled ? u"Cancelling… %1 s"_s : u"Running… %1 s, Esc cancels"_s)
+        .arg(wait.seconds);
+}
+
+/// Runs a script on @p connection in one go. @returns its errors and the report
+std::pair<QString, ScriptReport> outcomeOf(const QString &script,
+                                           const std::shared_ptr<Connection> &connection)
+{
+    const auto outcome = std::make_shared<std::pair<QString, ScriptReport>>();
+    const auto run = [outcome, script, connection] {
+        const auto execute = [&](const QString &command, QStringView statement) {
+            requireConnection(connection);
+            sendNoting(connection, statement, [&] { connection->Execute(command); });
+        };
+        outcome->second = runScript(script, outcome->first, execute, Connection::isCancelWanted);
+    };
+    if (connection && connection->State() == adStateOpen)
+        connection->inOneGo(run);
+    else
+        run();
+    return std::move(*outcome);
+}
+
 } // namespace
 
 frmQuerna::frmQuerna(QWidget *parent)
@@ -63,6 +91,7 @@ frmQuerna::frmQuerna(QWidget *parent)
 
 frmQuerna::~frmQuerna()
 {
+    WaitingLoop::setProgress({});
     // A retrieval that is under way outlives the window by a row; it has nothing to show any more.
     m_paging->setStatusText({});
     Form_Terminate();
@@ -74,12 +103,16 @@ void frmQuerna::connectEvents()
                [this](int index) { tbrQuerna_ButtonClick(index); });
     addButtons(*m_controls.Toolbar1, pagingButtons(),
                [this](int index) { Toolbar1_ButtonClick(index); });
+    m_controls.Toolbar1->actions().last()->setProperty(WaitingLoop::endsWait, true);
     m_controls.addPaneKeys(this);
     m_paging->setStatusText([this](const QString &text) {
         m_controls.sbSql->setPanelTextSoon(RowsPanel, text);
         m_controls.SqlDataGrid->rowsAdded();
     });
     m_paging->setYield(yieldToEvents);
+    WaitingLoop::setProgress([this](const WaitProgress *wait) {
+        showInformation(wait != nullptr ? textOf(*wait) : QString());
+    });
 }
 
 void frmQuerna::Form_Load()
@@ -148,11 +181,8 @@ void frmQuerna::execScript(QString &errstr)
     EditorControl &editor = *m_controls.txtSQL;
     editor.clearMarks();
     m_controls.showInformation(QString::fromUtf16(runningText));
-    const ScriptReport report =
-        runScript(editor.Text(), errstr, [](const QString &command, QStringView statement) {
-            const std::shared_ptr<Connection> connection = requireConnection();
-            sendNoting(connection, statement, [&] { connection->Execute(command); });
-        });
+    const auto [errors, report] = outcomeOf(editor.Text(), gConnection);
+    errstr += errors;
     for (const ScriptFailure &failure : report.failures)
         editor.markLines(failure.firstLine - 1, failure.lastLine - 1, failure.description);
     m_controls.showInformation(

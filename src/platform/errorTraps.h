@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/RuntimeError.h"
+#include "platform/longWait.h"
 #include "platform/process.h"
 
 #include <QString>
@@ -22,11 +23,14 @@ void setMessagePresenter(std::function<void(const QString &text)> presenter);
 /// exception of the language itself (memory ran out, for example).
 RuntimeError currentRuntimeError() noexcept;
 
-/// Runs @p work; a failure is shown as its description alone and ends the command.
-/// @returns whether the work went through
+/// Runs @p work, a command; a failure is shown as its description alone and ends it. While another
+/// one waits for the server nothing is done.
+/// @returns false when there was a failure
 template <typename Work>
 bool reportErrors(Work &&work)
 {
+    if (isWaiting())
+        return true;
     try {
         std::forward<Work>(work)();
         return true;

@@ -23,7 +23,8 @@ struct ScriptReport
 /// blanks and line ends is sent in a block of its own. What stands behind the last ";" is not run.
 ///
 /// A failure adds a blank, its description and a line end to @p errors, and the next piece runs.
-/// @param execute      sends one command text, made of a statement; what it throws is what has failed
+/// @param execute      sends one command text, made of a statement; what it throws is what has
+/// failed
 /// @param isCancelled  whether the end has been asked for: the statement that has just run has then
 ///                     failed, for a server may end one without a failure, and no other one runs
 ScriptReport runScript(

@@ -3,6 +3,7 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <atomic>
 #include <map>
 #include <string>
 #include <vector>
@@ -85,6 +86,7 @@ struct Statement : Handle
     SQLULEN rowsPerBlock = 1;
     SQLULEN *fetchedCount = nullptr;
     SQLUSMALLINT *rowStates = nullptr;
+    std::atomic<bool> isCancelled = false;
 
     /// Whether the word that names a row names the current one.
     bool isAt(const std::string &word) const

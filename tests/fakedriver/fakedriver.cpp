@@ -36,10 +36,13 @@
 #include "FakeStatement.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <mutex>
 #include <sstream>
+#include <thread>
 
 namespace {
 
@@ -64,6 +67,41 @@ void noteStatement(const std::string &text)
         std::ofstream(record, std::ios::app | std::ios::binary) << "--\n" << text << '\n';
 }
 
+/// What hangIn() has ordered.
+struct
+{
+    std::mutex mutex;
+    std::string call;
+    std::chrono::milliseconds time{};
+    bool isDeaf = false;
+    bool isUnhurt = false;
+} order;
+
+/// Hangs in the call of that name or text, if it is the one. @returns whether it was cancelled
+bool hangs(const std::string &call, const Statement *statement = nullptr)
+{
+    std::unique_lock lock(order.mutex);
+    if (order.call.empty() || call.find(order.call) == std::string::npos)
+        return false;
+    order.call.clear();
+    const auto end = std::chrono::steady_clock::now() + order.time;
+    const bool isDeaf = order.isDeaf || statement == nullptr;
+    const bool isUnhurt = order.isUnhurt;
+    lock.unlock();
+    while (std::chrono::steady_clock::now() < end && (isDeaf || !statement->isCancelled))
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    return !isUnhurt && !isDeaf && statement->isCancelled;
+}
+
+SQLRETURN executeHanging(Statement &statement, const std::string &text)
+{
+    noteStatement(text);
+    statement.isCancelled = false;
+    if (hangs(text, &statement))
+        return statement.fail("HY008", 1, "canceled on request");
+    return execute(statement, text);
+}
+
 template <typename Number>
 SQLRETURN give(SQLPOINTER target, Number number)
 {
@@ -74,6 +112,28 @@ SQLRETURN give(SQLPOINTER target, Number number)
 } // namespace
 
 extern "C" {
+
+/// The next call of that name, or with such a text, hangs for that time unless it is cancelled.
+/// @param answer  "deaf" when a cancel fails and does nothing, "unhurt" when the call then returns
+///                as if nothing had been
+void hangIn(const char *call, long milliseconds, const char *answer)
+{
+    const std::lock_guard lock(order.mutex);
+    const std::string how = answer;
+    order.call = call;
+    order.time = std::chrono::milliseconds(milliseconds);
+    order.isDeaf = how == "deaf";
+    order.isUnhurt = how == "unhurt";
+}
+
+// The driver manager locks nothing here, and what belongs to the call that is cancelled is not
+// touched.
+SQLRETURN SQL_API SQLCancel(SQLHSTMT handle)
+{
+    static_cast<Statement *>(static_cast<Handle *>(handle))->isCancelled = true;
+    const std::lock_guard lock(order.mutex);
+    return order.isDeaf ? SQL_ERROR : SQL_SUCCESS;
+}
 
 SQLRETURN SQL_API SQLAllocHandle(SQLSMALLINT type, SQLHANDLE parent, SQLHANDLE *handle)
 {
@@ -125,17 +185,21 @@ SQLRETURN SQL_API SQLDriverConnect(SQLHDBC handle, SQLHWND, SQLCHAR *text, SQLSM
     }
     if (const char *const record = std::getenv("FAKEDRIVER_RECORD"))
         std::ofstream(record) << whole;
+    hangs("(connect)");
     return SQL_SUCCESS;
 }
 
 SQLRETURN SQL_API SQLDisconnect(SQLHDBC)
 {
+    hangs("(disconnect)");
     return SQL_SUCCESS;
 }
 
 SQLRETURN SQL_API SQLEndTran(SQLSMALLINT, SQLHANDLE, SQLSMALLINT completion)
 {
-    noteStatement(completion == SQL_COMMIT ? "(commit)" : "(rollback)");
+    const std::string call = completion == SQL_COMMIT ? "(commit)" : "(rollback)";
+    noteStatement(call);
+    hangs(call);
     return SQL_SUCCESS;
 }
 
@@ -213,9 +277,7 @@ SQLRETURN SQL_API SQLGetStmtAttr(SQLHSTMT handle, SQLINTEGER attribute, SQLPOINT
 
 SQLRETURN SQL_API SQLExecDirect(SQLHSTMT handle, SQLCHAR *text, SQLINTEGER length)
 {
-    const std::string statement = textOf(text, length);
-    noteStatement(statement);
-    return execute(as<Statement>(handle), statement);
+    return executeHanging(as<Statement>(handle), textOf(text, length));
 }
 
 SQLRETURN SQL_API SQLPrepare(SQLHSTMT handle, SQLCHAR *text, SQLINTEGER length)
@@ -227,8 +289,7 @@ SQLRETURN SQL_API SQLPrepare(SQLHSTMT handle, SQLCHAR *text, SQLINTEGER length)
 SQLRETURN SQL_API SQLExecute(SQLHSTMT handle)
 {
     auto &statement = as<Statement>(handle);
-    noteStatement(statement.prepared);
-    return execute(statement, statement.prepared);
+    return executeHanging(statement, statement.prepared);
 }
 
 SQLRETURN SQL_API SQLBindParameter(SQLHSTMT handle, SQLUSMALLINT, SQLSMALLINT, SQLSMALLINT cType,
@@ -292,6 +353,8 @@ SQLRETURN SQL_API SQLBindCol(SQLHSTMT handle, SQLUSMALLINT number, SQLSMALLINT c
 SQLRETURN SQL_API SQLFetch(SQLHSTMT handle)
 {
     auto &statement = as<Statement>(handle);
+    if (hangs("(fetch)", &statement))
+        return statement.fail("HY008", 1, "canceled on request");
     SQLULEN inBlock = 0;
     SQLRETURN result = SQL_SUCCESS;
     statement.blockStart = statement.fetched;
@@ -352,6 +415,8 @@ SQLRETURN SQL_API SQLGetData(SQLHSTMT handle, SQLUSMALLINT number, SQLSMALLINT, 
 SQLRETURN SQL_API SQLMoreResults(SQLHSTMT handle)
 {
     auto &statement = as<Statement>(handle);
+    if (hangs("(more)", &statement))
+        return statement.fail("HY008", 1, "canceled on request");
     if (statement.has("late"))
         return statement.fail("42000", 1476, "a late failure");
     for (const Output &output : statement.outputs) {

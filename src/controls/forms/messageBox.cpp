@@ -1,5 +1,6 @@
 #include "controls/forms/messageBox.h"
 
+#include "controls/forms/WaitingLoop.h"
 #include "platform/errorTraps.h"
 
 #include <QApplication>
@@ -84,8 +85,10 @@ int showBox(QMessageBox::Icon icon, const QString &text, QMessageBox::StandardBu
 
 void showMessagesInWindows()
 {
-    setMessagePresenter(
-        [](const QString &text) { showBox(QMessageBox::NoIcon, text, QMessageBox::Ok); });
+    setMessagePresenter([](const QString &text) {
+        if (!WaitingLoop::isClosing())
+            showBox(QMessageBox::NoIcon, text, QMessageBox::Ok);
+    });
 }
 
 void inform(const QString &text, const QString &title)

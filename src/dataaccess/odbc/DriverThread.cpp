@@ -119,7 +119,8 @@ void DriverThread::Shared::cancel()
         isCancelDue = true;
         return;
     }
-    if (isCancelling)
+    // A second one on the same statement would meet the end of the call that the first has brought.
+    if (isCancelling || hasCancelledBusy)
         return;
     isCancelling = true;
     hasCancelledBusy = statement == busy;

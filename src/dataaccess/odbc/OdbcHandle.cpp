@@ -18,6 +18,18 @@ void OdbcHandle::reset()
     m_handle = nullptr;
 }
 
+void raiseCancelled(SQLRETURN code, const OdbcHandle &handle)
+{
+    if (SQL_SUCCEEDED(code) || code == SQL_NO_DATA) {
+        // By the standard the cursor is closed of one that went through all the same.
+        SQLFreeStmt(handle.get(), SQL_CLOSE);
+        throw DriverThread::cancelledError();
+    }
+    RuntimeError error = odbcError(handle);
+    // The driver manager may have dropped what the driver said to make room for the cancel.
+    throw error.sqlState.isEmpty() ? DriverThread::cancelledError() : error;
+}
+
 SQLRETURN checkOdbc(SQLRETURN code, const OdbcHandle &handle)
 {
     if (code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO || code == SQL_NO_DATA)

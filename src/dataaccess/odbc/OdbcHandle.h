@@ -61,6 +61,8 @@ private:
 /// @throws RuntimeError otherwise, with all diagnostic records
 SQLRETURN checkOdbc(SQLRETURN code, const OdbcHandle &handle);
 
+/// Ends a call of @p handle, a statement, that was cancelled itself.
+[[noreturn]] void raiseCancelled(SQLRETURN code, const OdbcHandle &handle);
 /// Makes a @p call of the driver that may take long and that the user may cancel; on @p handle, as
 /// checkOdbc().
 template <typename Call>
@@ -69,11 +71,8 @@ SQLRETURN checkLongCall(const OdbcHandle &handle, Call call)
     const bool isStatement = handle.type() == SQL_HANDLE_STMT;
     DriverThread::beginCall(isStatement ? handle.get() : nullptr);
     const SQLRETURN code = call();
-    // By the standard, the cursor of a statement that went through all the same is closed.
-    if (DriverThread::endCall() && code != SQL_ERROR) {
-        SQLFreeStmt(handle.get(), SQL_CLOSE);
-        throw DriverThread::cancelledError();
-    }
+    if (DriverThread::endCall())
+        raiseCancelled(code, handle);
     return checkOdbc(code, handle);
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "dataaccess/odbc/SessionClient.h"
-#include "dataaccess/rows/dataAccessTypes.h"
 #include "dataaccess/rows/MemoryTable.h"
+#include "dataaccess/rows/dataAccessTypes.h"
 
 #include <exception>
 #include <memory>
