@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr qsizetype blockSize = 64 * 1024;
+constexpr qsizetype blockSize = qsizetype{64} * 1024;
 constexpr qint64 mostOfAll = qint64{1} << 30;
 
 } // namespace
