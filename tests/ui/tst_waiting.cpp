@@ -1,27 +1,5 @@
-#include "app/MDIFormQuerna.h"
-#include "connection/session.h"
-#include "controls/editor/EditorControl.h"
-#include "controls/forms/mousePointer.h"
-#include "dataaccess/Recordset.h"
-#include "editor/frmQuerna.h"
 #include "platform/longWait.h"
-#include "support/DataRows.h"
-#include "support/SandboxFixture.h"
-#include "support/testFiles.h"
-#include "uisupport/ModalAnswers.h"
 #include "uisupport/ProgramFixture.h"
-
-#include <QAction>
-#include <QElapsedTimer>
-#include <QLibrary>
-#include <QMdiSubWindow>
-#include <QPlainTextEdit>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <functional>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -107,8 +85,6 @@ void goesOn(ProgramFixture &program)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Command)
 
 /// The windows live while a server takes its time, and whoever waits for it can end that.
 class TestWaiting : public QObject
