@@ -54,6 +54,7 @@ void EditorMarks::clear()
     m_editor.SendScintilla(Sci::SCI_MARKERDELETEALL, FirstLine);
     m_editor.SendScintilla(Sci::SCI_MARKERDELETEALL, LastLine);
     m_editor.SendScintilla(Sci::SCI_ANNOTATIONCLEARALL);
+    m_editor.viewport()->update();
     m_count = 0;
 }
 
@@ -61,6 +62,9 @@ void EditorMarks::clear()
 /// last line next to a first one is that of the same place.
 void EditorMarks::forget(long firstLine, long lastLine)
 {
+    // Marks go with a text that is deleted whole, but stay in the picture.
+    if (m_count > 0 && m_editor.length() == 0)
+        clear();
     while (m_count > 0) {
         const long first =
             m_editor.SendScintilla(Sci::SCI_MARKERPREVIOUS, lastLine, bit(FirstLine));
