@@ -81,11 +81,11 @@ void printMemoryAndTurns(const Subject &subject, BareOdbc &bare, RunningProgram 
 void printStop(const Subject &subject, RunningProgram &program)
 {
     qint64 rowsAtStop = 0;
+    program.run();
     QTimer::singleShot(timeToStop, [&] {
         rowsAtStop = program.rows()->RecordCount();
         program.stop();
     });
-    program.run();
     program.retrieveAll();
     printOutcome(subject.name + u": rows that still arrive after Stop"_s,
                  QString::number(program.rows()->RecordCount() - rowsAtStop), u"0"_s);

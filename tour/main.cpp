@@ -63,6 +63,8 @@ void runStatements(Tour &tour)
     tour.picture(u"stopped"_s);
     tour.press(paging, 2);
     tour.picture(u"all-rows"_s);
+    QTimer::singleShot(1500, &tour.frame, [&] { tour.picture(u"running"_s); });
+    tour.run(u"select sleep(2) from dual"_s);
     tour.run(u"select e.ename, d.dname from emp e, dept d where e.deptno = d.deptno"_s, 1);
     tour.picture(u"plan"_s);
     tour.run(u"begin dbms_output.put_line('one'); dbms_output.put_line('two'); end;"_s, 2);
