@@ -1,7 +1,8 @@
 // What a user waits for when a statement is cancelled or a log-on given up, how alive the windows
 // are meanwhile, and what it costs a short statement that the driver has a thread of its own.
 //
-//     bench_waiting [connection string, slow statement]   another server than SQLite and the sandbox
+//     bench_waiting [connection string, slow statement]   another server than SQLite and the
+//     sandbox
 //
 // It needs a display, or QT_QPA_PLATFORM=offscreen.
 
@@ -81,8 +82,8 @@ void printLogOn()
         clock.start();
         pressEscape(program);
     });
-    program.start(u"DRIVER=MariaDB Unicode;SERVER=127.0.0.1;PORT=%1;UID=x;PWD=y;"_s.arg(
-        silentPort()));
+    program.start(
+        u"DRIVER=MariaDB Unicode;SERVER=127.0.0.1;PORT=%1;UID=x;PWD=y;"_s.arg(silentPort()));
     if (!clock.isValid())
         giveUp(u"The log-on ended by itself."_s);
     printMilliseconds(u"a log-on to a silent host, from the second Esc to its end"_s,
@@ -105,8 +106,8 @@ void printShortStatements()
         for (int i = 0; i < count; ++i)
             connection->Execute(u"select 1"_s);
     };
-    const TwoSides seconds =
-        measureInTurn(manyRounds, [&] { run(plain); }, [&] { run(threaded); });
+    const TwoSides seconds = measureInTurn(
+        manyRounds, [&] { run(plain); }, [&] { run(threaded); });
     const auto microseconds = [](double difference) { return difference / count * 1e6; };
     const double more = microseconds(seconds.ours.processor - seconds.baseline.processor);
     const QString goal = more <= 30 ? u"<= 30 µs  met"_s : u"<= 30 µs  MISSED"_s;

@@ -67,15 +67,18 @@ void ResultReader::takeRows(Clock::time_point end)
     } catch (...) { // memory may run out as well
         failure = std::current_exception();
     }
-    m_cursor.reset();
+    m_hasAllRows = true;
 }
 
 void ResultReader::sessionClosing()
 {
+    m_hasAllRows = true;
     m_cursor.reset();
 }
 
 void ResultReader::releaseResult()
 {
-    takeRows(Clock::time_point::max());
+    if (!m_hasAllRows)
+        takeRows(Clock::time_point::max());
+    m_cursor.reset();
 }

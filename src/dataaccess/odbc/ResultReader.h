@@ -30,7 +30,7 @@ public:
     /// at least. Without any rows this is the end.
     void takePortion();
 
-    bool hasAllRows() const { return m_cursor == nullptr; }
+    bool hasAllRows() const { return m_hasAllRows; }
 
     std::vector<FieldInfo> fields;
     MemoryTable rows{0}; ///< the present portion, or all the rest
@@ -42,12 +42,15 @@ private:
     ~ResultReader();
 
     void sessionClosing() override;
-    bool hasOpenResult() const override { return !hasAllRows(); }
+    bool hasOpenResult() const override { return m_cursor != nullptr; }
     void releaseResult() override;
     void takeRows(std::chrono::steady_clock::time_point end);
 
     std::shared_ptr<OdbcSession> m_session;
-    std::unique_ptr<OdbcCursor> m_cursor; ///< null when there is nothing more to take
-    bool m_isRowTaken = false;            ///< that of the cursor
+    /// Kept behind the last row as well: drivers take their time to free a large result, which
+    /// nobody waits for when the reader ends.
+    std::unique_ptr<OdbcCursor> m_cursor;
+    bool m_hasAllRows = false;
+    bool m_isRowTaken = false; ///< that of the cursor
     RowWriter m_writer;
 };
