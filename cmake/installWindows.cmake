@@ -1,7 +1,7 @@
 # What a folder for Windows has beside the program: its README, and the licences and the origin of
 # what is linked in, which scripts/build-windows has put beside the libraries.
 set(QUERNA_LIBRARY_SOURCES "")
-file(GLOB sources ${QUERNA_WINDOWS_LIBRARIES}/licences/*.source)
+file(GLOB sources CONFIGURE_DEPENDS ${QUERNA_WINDOWS_LIBRARIES}/licences/*.source)
 foreach(file ${sources})
     file(STRINGS ${file} line LIMIT_COUNT 1)
     string(APPEND QUERNA_LIBRARY_SOURCES "  ${line}\n")

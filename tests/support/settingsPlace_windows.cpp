@@ -5,7 +5,7 @@
 
 #include <windows.h>
 
-#include <optional>
+#include <memory>
 
 namespace {
 
@@ -52,8 +52,8 @@ struct Hives
 
 void keepSettingsIn(const QString &folder)
 {
-    static std::optional<Hives> hives;
+    static std::unique_ptr<Hives> hives;
     hives.reset();
-    hives.emplace();
+    hives = std::make_unique<Hives>();
     qputenv("XDG_STATE_HOME", QFile::encodeName(folder + QLatin1StringView("/state")));
 }
