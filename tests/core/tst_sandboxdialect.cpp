@@ -1,6 +1,5 @@
 #include "dataaccess/sandbox/planSteps.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
-#include "dataaccess/sandbox/sandboxSetup.h"
 #include "dataaccess/text/SqlTokens.h"
 #include "sqltext/explainStatements.h"
 #include "support/coreTest.h"
@@ -76,11 +75,6 @@ void tst_sandboxdialect::texts_data()
         "plan that is none",
         [](const QString &json) { return outline(planSteps(u"select 1"_s, json)); },
         u"|DEPTNO|[1]|{→error 3000"_s);
-    addTextRows(
-        "setup",
-        [](const QString &text) { return QString::fromUtf8(sandboxStatements(text.toUtf8())); },
-        u"-- note\nSELECT 1\n  FROM dual\n/\n\nDROP x;\n/\nleft over\n→"
-        "SELECT 1 FROM dual;\nDROP x;;\n"_s);
     const TextFunction id = [](const QString &text) { return planQueryId(text).value_or(u"-"_s); };
     const QString query = planQuery(u"O''NEIL1"_s);
     const QString otherCase =

@@ -26,10 +26,6 @@ QStringList sandboxServerOptions(const QString &dataPath);
 /// What the server is told besides when it is to serve.
 QStringList sandboxServingOptions();
 
-/// The statements of a file of the sandbox's SQL, each brought to one line: the server reads its
-/// start-up statements line by line.
-QByteArray sandboxStatements(const QByteArray &sql);
-
 /// Makes the data directory: accounts, dictionary, packages, sample schema. It takes its place
 /// only when it is complete, so one whose making was broken off is never used.
 /// @param lock  the one on server.lock, which whoever works on the data has: what is started here

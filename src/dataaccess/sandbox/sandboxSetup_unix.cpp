@@ -83,6 +83,24 @@ void runStep(const SandboxFolder &folder, const QString &program, const QStringL
             : u"The sandbox's database could not be made. %1"_s.arg(words));
 }
 
+/// The statements of a file of the sandbox's SQL, each brought to one line: the server reads its
+/// start-up statements line by line.
+QByteArray sandboxStatements(const QByteArray &sql)
+{
+    QByteArray statements;
+    QByteArray statement;
+    for (const QByteArray &line : sql.split('\n')) {
+        const QByteArray part = line.trimmed();
+        if (part == "/") {
+            statements += statement + ";\n";
+            statement.clear();
+        } else if (!part.isEmpty() && !part.startsWith("--")) {
+            statement += (statement.isEmpty() ? "" : " ") + part;
+        }
+    }
+    return statements;
+}
+
 } // namespace
 
 QString sandboxErrorLines(const QByteArray &log)
@@ -148,22 +166,6 @@ QStringList sandboxServingOptions()
         u"--interactive-timeout=2147483"_s,
         u"--net-write-timeout=86400"_s,
     };
-}
-
-QByteArray sandboxStatements(const QByteArray &sql)
-{
-    QByteArray statements;
-    QByteArray statement;
-    for (const QByteArray &line : sql.split('\n')) {
-        const QByteArray part = line.trimmed();
-        if (part == "/") {
-            statements += statement + ";\n";
-            statement.clear();
-        } else if (!part.isEmpty() && !part.startsWith("--")) {
-            statement += (statement.isEmpty() ? "" : " ") + part;
-        }
-    }
-    return statements;
 }
 
 void createSandboxData(const SandboxFolder &folder, const FileLock &lock)
