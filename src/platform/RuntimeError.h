@@ -55,6 +55,8 @@ struct RuntimeError : std::exception
     QString sqlState;
     /// The data source's own error code of that record; 0 for other failures.
     int nativeError = 0;
+    /// Whether the user had asked for an end before it happened.
+    bool isCancelled = false;
 
     /// The description in UTF-8, for logs and test output.
     const char *what() const noexcept override { return m_what.constData(); }

@@ -16,13 +16,6 @@ QString counted(qint64 count, const QString &thing)
     return QString::number(count) + u' ' + thing + (count == 1 ? u""_s : u"s"_s);
 }
 
-bool wasCancelled(const RuntimeError &error)
-{
-    constexpr int oracleCancel = 1013;
-    return error.sqlState == "HY008"_L1 || error.sqlState == "57014"_L1 ||
-           error.sqlState == "70100"_L1 || error.nativeError == oracleCancel;
-}
-
 /// The number that @p pattern captures in @p text; 0 when it is not there.
 int numberIn(const QString &text, const QString &pattern)
 {
@@ -89,7 +82,7 @@ QString outputText(int lines)
 
 QString failureText(const RuntimeError &error)
 {
-    if (wasCancelled(error))
+    if (error.isCancelled)
         return u"Cancelled"_s;
     return u"Failed: "_s + error.description.section(u'\n', 0, 0).trimmed();
 }

@@ -26,8 +26,9 @@ public:
     DriverThread &operator=(const DriverThread &) = delete;
 
     /// Runs @p work and returns what it returns; on the thread itself, at once.
-    /// @throws whatever it throws; RuntimeError 3219 while other work is being waited for, and one
-    ///         of state 08S01 when it was, or had been, given up
+    /// @throws whatever it throws, a RuntimeError with a note of whether it was cancelled;
+    ///         RuntimeError 3219 while other work is being waited for, and one of state 08S01 when
+    ///         it was, or had been, given up
     template <typename Work>
     std::invoke_result_t<Work &> call(Work work)
     {
@@ -46,6 +47,9 @@ public:
                     work();
                 else
                     outcome->result.emplace(work());
+            } catch (RuntimeError &error) {
+                error.isCancelled = isCancelWanted();
+                outcome->failure = std::current_exception();
             } catch (...) {
                 outcome->failure = std::current_exception();
             }
