@@ -27,6 +27,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QThread>
+#include <QVBoxLayout>
 #include <QWindow>
 
 #include <chrono>
@@ -42,6 +43,9 @@ const QString editorRegistryKey = u"Software\\BCDLL\\CurrentVersion"_s;
 /// Decimal text of the registry handle of the local machine's hive, as the editor control's area
 /// holds it.
 const QString localMachineHandle = u"-2147483646"_s;
+
+const QString practiceConnectionString =
+    u"Provider=OrbekSandbox;Data Source=SANDBOX;User ID=scott;Password=tiger;"_s;
 
 /// The editor window that @p window holds; null when it holds something else or is none.
 frmQuerna *editorIn(const QMdiSubWindow *window)
@@ -111,6 +115,7 @@ MDIFormQuerna::MDIFormQuerna(QWidget *parent)
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setCentralWidget(m_area);
+    offerPractice();
     m_recovery = new RecoveryBar(this);
     addToolBar(m_recovery);
     m_commands->addMenus(*menuBar());
@@ -122,6 +127,27 @@ MDIFormQuerna::MDIFormQuerna(QWidget *parent)
 }
 
 MDIFormQuerna::~MDIFormQuerna() = default;
+
+/// Shows in the empty frame the way to a database for who has none.
+void MDIFormQuerna::offerPractice()
+{
+    auto *area = new QVBoxLayout(m_area->viewport());
+    m_practice = new QLabel(tr("No database at hand? <a href='#'>Open the practice database</a>"));
+    m_practice->setObjectName(u"lblPractice"_s);
+    m_practice->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    m_practice->setAutoFillBackground(true);
+    m_practice->setMargin(12);
+    area->addWidget(m_practice, 0, Qt::AlignCenter);
+    connect(m_practice, &QLabel::linkActivated, this, [this] {
+        reportErrors([this] {
+            openCommandLine(practiceConnectionString);
+            readLoginNames(gConnectString, gUserName, gTnsName);
+            if (m_login)
+                m_login->close();
+            showEditorWindow();
+        });
+    });
+}
 
 void MDIFormQuerna::Form_Load(const QString &commandLine)
 {
@@ -173,6 +199,8 @@ frmQuerna *MDIFormQuerna::editorWindow()
 {
     if (!m_editor) {
         m_editor = new frmQuerna;
+        m_practice->hide();
+        connect(m_editor, &QObject::destroyed, m_practice, &QWidget::show);
         addChildWindow(*m_editor);
         m_view->follow(*m_editor->txtSQL());
         connect(m_editor->txtSQL(), &EditorControl::fileDropped, m_editor,

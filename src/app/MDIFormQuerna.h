@@ -8,6 +8,7 @@
 class EditorControl;
 class FrameCommands;
 class FrameView;
+class QLabel;
 class QMdiArea;
 class RecoveryBar;
 class frmQuerna;
@@ -38,6 +39,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void offerPractice();
     frmQuerna *editorWindow();
     void addChildWindow(frmQuerna &editor);
     void showEditorWindow();
@@ -46,6 +48,7 @@ private:
 
     QMdiArea *m_area;
     RecoveryBar *m_recovery;
+    QLabel *m_practice;
     std::unique_ptr<FrameCommands> m_commands;
     std::unique_ptr<FrameView> m_view;
     QPointer<frmQuerna> m_editor;

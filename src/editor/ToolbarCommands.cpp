@@ -13,6 +13,7 @@
 #include "history/frmSQLHistory.h"
 #include "platform/errorTraps.h"
 #include "platform/textForms.h"
+#include "sqltext/ResultPaging.h"
 #include "sqltext/outcomeTexts.h"
 #include "sqltext/selectionEdits.h"
 
@@ -171,6 +172,7 @@ void ToolbarCommands::exportData()
 {
     auto *dialog = new frmExport(&m_window);
     dialog->setRs(m_window.rsResult());
+    dialog->setHasMore(m_paging.hasMore());
     showModal(dialog);
 }
 

@@ -117,7 +117,8 @@ ResultTab WindowControls::visibleTab() const
 void WindowControls::showInformation(const QString &text) const
 {
     const bool hasOpenWork = gConnection && gConnection->hasOpenWork();
-    sbSql->setPanelText(InformationPanel, hasOpenWork ? u"● "_s + text : text);
+    const QString marked = u"● "_s + (text.isEmpty() ? u"Not committed"_s : text);
+    sbSql->setPanelText(InformationPanel, hasOpenWork ? marked : text);
     sbSql->repaint();
 }
 

@@ -12,6 +12,7 @@
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -87,6 +88,8 @@ frmExport::frmExport(QWidget *parent)
     setWindowTitle(u"Save/Export Data"_s);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(buildOptions());
+    m_lblRows = named(new QLabel(this), u"lblRows"_s);
+    layout->addWidget(m_lblRows);
     layout->addWidget(buildButtons());
     optExport[Comma]->setChecked(true);
 }
@@ -123,6 +126,21 @@ QWidget *frmExport::buildButtons()
     connect(buttons.ok, &QPushButton::clicked, this, &frmExport::cmdExpOK_Click);
     connect(buttons.cancel, &QPushButton::clicked, this, &frmExport::cmdExpCancel_Click);
     return buttons.box;
+}
+
+void frmExport::setRs(const std::shared_ptr<Recordset> &rs)
+{
+    m_recordset = rs;
+    setHasMore(false);
+}
+
+void frmExport::setHasMore(bool hasMore)
+{
+    const bool isOpen = m_recordset && m_recordset->State() == adStateOpen;
+    const qint64 rows = isOpen && !m_recordset->Eof() ? m_recordset->RecordCount() : 0;
+    const QString written = rows == 1 ? tr("1 row") : tr("%1 rows").arg(rows);
+    m_lblRows->setText(hasMore ? tr("%1 will be written; more wait on the server").arg(written)
+                               : tr("%1 will be written").arg(written));
 }
 
 void frmExport::optExport_Click(int)

@@ -9,6 +9,7 @@
 #include <array>
 #include <memory>
 
+class QLabel;
 class QLineEdit;
 class QRadioButton;
 struct TextExport;
@@ -22,7 +23,9 @@ public:
     explicit frmExport(QWidget *parent = nullptr);
 
     /// The recordset to export. One that stands at its end is not exported.
-    void setRs(const std::shared_ptr<Recordset> &rs) { m_recordset = rs; }
+    void setRs(const std::shared_ptr<Recordset> &rs);
+    /// Whether rows that are not in the recordset wait on the server; the dialog says so.
+    void setHasMore(bool hasMore);
     /// The table that insert statements name; none at first.
     void setTable(const QString &tbname) { m_tableName = tbname; }
 
@@ -40,6 +43,7 @@ private:
 
     std::array<QRadioButton *, 5> optExport{};
     QLineEdit *txtDelimiter = nullptr;
+    QLabel *m_lblRows = nullptr;
     CommonDialog CD1{this};
 
     std::shared_ptr<Recordset> m_recordset;

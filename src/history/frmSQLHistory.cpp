@@ -1,5 +1,6 @@
 #include "history/frmSQLHistory.h"
 
+#include "controls/editor/editorFont.h"
 #include "controls/forms/fittingFont.h"
 #include "controls/forms/named.h"
 #include "controls/forms/twips.h"
@@ -10,6 +11,8 @@
 #include "platform/errorTraps.h"
 
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QStyle>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
@@ -71,16 +74,36 @@ int widthOfAllColumns(const FlexGrid &grid)
 
 frmSQLHistory::frmSQLHistory(QWidget *parent)
     : FormDialog(u"frmSQLHistory"_s, u"SQL History"_s, parent)
+    , txtFilter(named(new QLineEdit(this), u"txtFilter"_s))
     , msfgSQL(named(new FlexGrid(this), u"msfgSQL"_s))
+    , txtStatement(named(new QPlainTextEdit(this), u"txtStatement"_s))
 {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
     msfgSQL->setItemDelegateForColumn(timeColumn - 1, new FittingDelegate(msfgSQL));
+    txtFilter->setPlaceholderText(tr("Filter"));
+    txtFilter->setAccessibleName(tr("Filter"));
+    txtFilter->setClearButtonEnabled(true);
+    txtStatement->setAccessibleName(tr("Whole statement"));
+    txtStatement->setReadOnly(true);
+    txtStatement->setTabChangesFocus(true);
+    txtStatement->setLineWrapMode(QPlainTextEdit::NoWrap);
+    txtStatement->setFont(QFont(fixedWidthFamily(), defaultPoints()));
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(msfgSQL);
+    layout->addWidget(txtFilter);
+    layout->addWidget(msfgSQL, 3);
+    layout->addWidget(txtStatement, 1);
     const QMargins margins = layout->contentsMargins();
     resize(widthOfAllColumns(*msfgSQL) + margins.left() + margins.right(), initialHeight);
     connect(msfgSQL, &FlexGrid::rowPicked, this, &frmSQLHistory::msfgSQL_DblClick);
+    connect(msfgSQL, &FlexGrid::typed, this, [this](const QString &text) {
+        txtFilter->setFocus();
+        txtFilter->insert(text);
+    });
+    connect(msfgSQL->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &frmSQLHistory::showStatement);
+    connect(txtFilter, &QLineEdit::textChanged, this, &frmSQLHistory::showRecords);
+    connect(txtFilter, &QLineEdit::returnPressed, msfgSQL, qOverload<>(&QWidget::setFocus));
 }
 
 void frmSQLHistory::setTxt(EditorControl *ctl, QWidget *frm)
@@ -92,10 +115,22 @@ void frmSQLHistory::setTxt(EditorControl *ctl, QWidget *frm)
 bool frmSQLHistory::Form_Load()
 {
     msfgSQL->setRecordset(nullptr);
+    m_history = std::make_shared<Recordset>();
+    const QSignalBlocker silent(txtFilter);
+    txtFilter->clear();
+    msfgSQL->setFocus();
     reportErrors([this] {
-        const auto history = std::make_shared<Recordset>();
-        loadHistory(historyFileName(), u"App.path"_s, *history);
-        fillGrid(*msfgSQL, history);
+        loadHistory(historyFileName(), u"App.path"_s, *m_history);
+        showRecords();
+    });
+    showStatement();
+    return true;
+}
+
+void frmSQLHistory::showRecords()
+{
+    reportErrors([this] {
+        fillGrid(*msfgSQL, historyWith(m_history, txtFilter->text()));
         const int columns = std::min(msfgSQL->Cols(), static_cast<int>(columnWidths.size()));
         for (int column = 0; column < columns; ++column)
             msfgSQL->setColWidth(column, columnWidths[column]);
@@ -103,7 +138,13 @@ bool frmSQLHistory::Form_Load()
             fitHeader(*msfgSQL);
         msfgSQL->selectRow(0); // Enter takes the newest one at once
     });
-    return true;
+    showStatement();
+}
+
+void frmSQLHistory::showStatement()
+{
+    const int row = msfgSQL->RowSel();
+    txtStatement->setPlainText(row > 0 ? msfgSQL->TextMatrix(row, 1) : QString());
 }
 
 void frmSQLHistory::fillGrid(FlexGrid &grid, const std::shared_ptr<Recordset> &recordset)

@@ -7,9 +7,12 @@
 #include <memory>
 
 class FlexGrid;
+class QLineEdit;
+class QPlainTextEdit;
 
 /// Lists the statements that were run, newest first, and writes picked ones into the editor that
 /// setTxt() has named. A pick, a double click or Enter on a row, leaves the dialog open.
+/// Typing filters the list, and the statement that is selected shows whole below it.
 class frmSQLHistory : public FormDialog
 {
     Q_OBJECT
@@ -29,6 +32,12 @@ private slots:
     void msfgSQL_DblClick();
 
 private:
+    void showRecords();
+    void showStatement();
+
+    QLineEdit *txtFilter;
     FlexGrid *msfgSQL;
+    QPlainTextEdit *txtStatement;
+    std::shared_ptr<Recordset> m_history;
     EditorTarget m_target;
 };

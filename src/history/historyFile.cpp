@@ -147,3 +147,22 @@ void loadHistory(const QString &fileName, const QString & /*path*/, Recordset &r
         loader.takeLine(*line);
     recordset.sort(1, true);
 }
+
+std::shared_ptr<Recordset> historyWith(const std::shared_ptr<Recordset> &history,
+                                       const QString &text)
+{
+    if (text.isEmpty() || history->RecordCount() == 0)
+        return history;
+    auto found = std::make_shared<Recordset>();
+    for (int field = 0; field < history->fieldCount(); ++field)
+        found->appendField(history->fieldName(field), adVariant);
+    found->Open();
+    for (history->MoveFirst(); !history->Eof(); history->MoveNext()) {
+        if (history->value(0).toText().contains(text, Qt::CaseInsensitive))
+            found->addNewFrom(*history);
+    }
+    history->MoveFirst();
+    if (found->RecordCount() > 0)
+        found->MoveFirst();
+    return found;
+}

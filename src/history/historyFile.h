@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <memory>
+
 class Recordset;
 
 /// The history of statements: a text file in the application folder that only grows, in the
@@ -26,3 +28,8 @@ void appendToHistory(const QString &statement);
 ///         for more than 32767 lines without a marker, those of fileErrors.h. The rows that were
 ///         there before stay, in the order of the file.
 void loadHistory(const QString &fileName, const QString &path, Recordset &recordset);
+
+/// The records of a loaded history whose statement holds @p text in any letter case, in their
+/// order; all of them, that is @p history itself, for an empty text.
+std::shared_ptr<Recordset> historyWith(const std::shared_ptr<Recordset> &history,
+                                       const QString &text);

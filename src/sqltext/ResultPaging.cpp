@@ -118,7 +118,7 @@ QString ResultPaging::retrievedText() const
 
 QString ResultPaging::rowsText() const
 {
-    return isQuery() ? ::rowsText(m_recordsFetched, !m_source->Eof()) : QString();
+    return isQuery() ? ::rowsText(m_recordsFetched, hasMore()) : QString();
 }
 
 void ResultPaging::showCount() const

@@ -57,6 +57,8 @@ public:
 
     /// Whether what was opened last gives rows, even if none.
     bool isQuery() const { return m_source && m_source->State() == adStateOpen; }
+    /// Whether rows of the query wait on the server.
+    bool hasMore() const { return isQuery() && !m_source->Eof(); }
     /// How many rows there are and whether more wait, in words; an empty text while no query is
     /// open.
     QString rowsText() const;

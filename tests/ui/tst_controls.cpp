@@ -21,7 +21,7 @@ private slots:
 void tst_controls::panelsHoldTheLatestText()
 {
     StatusPanels panels(u"sbSql"_s);
-    panels.resize(800, 28);
+    panels.resize(1000, 28);
     panels.show();
     QVERIFY(QTest::qWaitForWindowExposed(&panels));
     for (int i = 0; i <= 6; ++i) // there is none before the first and behind the fifth

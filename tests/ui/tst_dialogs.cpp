@@ -141,7 +141,7 @@ void tst_dialogs::keysAndNames_data()
         u"cmdFindFirst"_s);
     row("frmRecords", plain<frmRecords>, u"txtRecords cmdOK cmdCancel"_s, u"cmdOK"_s);
     row("frmExport", plain<frmExport>, u"optExport_0 cmdExpOK cmdExpCancel"_s, u"cmdExpOK"_s);
-    row("frmSQLHistory", plain<frmSQLHistory>, u"msfgSQL"_s, {});
+    row("frmSQLHistory", plain<frmSQLHistory>, u"msfgSQL txtStatement txtFilter"_s, {});
     row("frmObject", onSandbox<frmObject>, u"lstObject cmbSchema"_s, {});
     row("frmObjectColumn", onSandbox<frmObjectColumn>, u"cmbTable lstObject cmbSchema"_s, {});
 }

@@ -86,6 +86,10 @@ void tst_exportdialog::optionsAndButtons()
     QCOMPARE(bench.dialog.windowTitle(), u"Save/Export Data"_s);
     QVERIFY(bench.dialog.findChild<QRadioButton *>(u"optExport_0"_s)->isChecked());
     QVERIFY(!bench.delimiter()->isEnabled());
+    const auto *rows = bench.dialog.findChild<QLabel *>(u"lblRows"_s);
+    QCOMPARE(rows->text(), u"2 rows will be written"_s);
+    bench.dialog.setHasMore(true);
+    QCOMPARE(rows->text(), u"2 rows will be written; more wait on the server"_s);
     for (const int index : {OtherDelimiter, Tab, OtherDelimiter, Insert, Comma, Worksheet}) {
         bench.choose(index);
         QCOMPARE(bench.delimiter()->isEnabled(), index == OtherDelimiter);

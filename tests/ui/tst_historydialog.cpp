@@ -112,6 +112,19 @@ void tst_historydialog::picksGoIntoTheEditor()
         const QString first = u"-- begin\r\nselect 1\r\nfrom dual\r\n-- end"_s;
         QCOMPARE(bench.editor->Text(), first);
         QVERIFY(bench.dialog.isVisible());
+        // Typing filters; what is left can be taken.
+        auto *filter = bench.dialog.findChild<QLineEdit *>(u"txtFilter"_s);
+        const auto *whole = bench.dialog.findChild<QPlainTextEdit *>(u"txtStatement"_s);
+        QCOMPARE(whole->toPlainText(), u"select 1\nfrom dual\n"_s);
+        QTest::keyClick(bench.grid, 'T');
+        QTest::keyClicks(filter, u" 2"_s);
+        QCOMPARE(filter->text(), u"T 2"_s);
+        QCOMPARE(bench.grid->TextMatrix(bench.grid->Rows() - 1, 1), u"select 2\r\n"_s);
+        QCOMPARE(whole->toPlainText(), u"select 2\n"_s);
+        filter->setText(u"no such"_s);
+        QCOMPARE(std::pair(bench.grid->Rows(), whole->toPlainText()), std::pair(1, QString()));
+        filter->clear();
+        QCOMPARE(bench.grid->columnWidth(0), 467);
         bench.click(2);
         QCOMPARE(bench.editor->Text(), first);
         bench.doubleClick(2);

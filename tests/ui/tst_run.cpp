@@ -204,7 +204,7 @@ void TestRun::dmlStaysInTheTransaction()
     program.run(u"select * from no_such_table"_s);
     QVERIFY2(program.panel(2).startsWith(u"● Failed: "_s), qPrintable(program.panel(2)));
     program.press(u"tbrQuerna"_s, 8);
-    QCOMPARE(program.panel(2), u"● "_s);
+    QCOMPARE(program.panel(2), u"● Not committed"_s);
     program.press(u"tbrQuerna"_s, 6);
     QCOMPARE(program.panel(2), u"Committed"_s);
     QCOMPARE(seenByOthers(u"dname"_s), u"IT'S -- so"_s);

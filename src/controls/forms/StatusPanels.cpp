@@ -19,10 +19,12 @@ struct Panel
     const char *usualText; ///< the longest one, which the panel is as wide as
 };
 
-/// The second panel, whose text comes and goes, takes what the others leave.
+/// The second panel, whose texts differ in length, takes what the others leave as well.
+constexpr std::size_t growingPanel = 1;
+
 constexpr std::array<Panel, StatusPanels::panelCount> panels = {
     {{QT_TRANSLATE_NOOP("StatusPanels", "Caret position"), " Line: 100000 Col: 1000"},
-     {QT_TRANSLATE_NOOP("StatusPanels", "Information"), nullptr},
+     {QT_TRANSLATE_NOOP("StatusPanels", "Information"), "14 rows changed, not committed"},
      {QT_TRANSLATE_NOOP("StatusPanels", "Elapsed time"), "1000.123 msec"},
      {QT_TRANSLATE_NOOP("StatusPanels", "Records"), "Records Retrieved: 10000000"},
      {QT_TRANSLATE_NOOP("StatusPanels", "Time of execution"),
@@ -53,17 +55,15 @@ StatusPanels::StatusPanels(const QString &objectName, QWidget *parent)
     setWidths();
 }
 
-/// In a window that is too narrow it gives way first, then all of them alike.
+/// In a window that is too narrow all of them give way alike.
 void StatusPanels::setWidths()
 {
     auto *row = static_cast<QHBoxLayout *>(layout());
     for (std::size_t i = 0; i < panelCount; ++i) {
-        int width = 1;
-        if (panels[i].usualText != nullptr) {
-            const QLatin1StringView text(panels[i].usualText);
-            width = fontMetrics().horizontalAdvance(text) + 2 * textMargin;
+        const QLatin1StringView text(panels[i].usualText);
+        const int width = fontMetrics().horizontalAdvance(text) + 2 * textMargin;
+        if (i != growingPanel)
             m_labels[i]->setMaximumWidth(width);
-        }
         row->setStretch(static_cast<int>(i), width);
     }
 }

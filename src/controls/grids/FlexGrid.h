@@ -38,8 +38,11 @@ public:
 signals:
     /// A double click or Enter has picked the selection's last row.
     void rowPicked(int row);
+    /// Characters were typed, which the grid itself has no use for.
+    void typed(const QString &text);
 
 protected:
+    void keyboardSearch(const QString &text) override { emit typed(text); }
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
