@@ -225,6 +225,8 @@ void Recordset::MoveNext()
         return;
     if (!m_reader->failure && !m_reader->hasAllRows()) {
         m_session->call([reader = m_reader] { reader->takePortion(); });
+        if (!m_reader->hasAllRows())
+            m_session->postAhead([reader = m_reader] { reader->readAhead(); });
         m_position = 0;
     }
     if (m_reader->failure && isPastRows())

@@ -51,6 +51,13 @@ public:
             work();
     }
 
+    /// Runs @p work on the session's own thread, if it has one, in between.
+    void postAhead(std::function<void()> work)
+    {
+        if (m_thread)
+            m_thread->post(std::move(work));
+    }
+
     // For the session's thread.
 
     /// @throws RuntimeError -2147168237 within a transaction, otherwise the driver's

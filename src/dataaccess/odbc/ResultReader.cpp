@@ -3,6 +3,8 @@
 #include "dataaccess/odbc/OdbcCursor.h"
 #include "dataaccess/odbc/OdbcSession.h"
 
+#include <utility>
+
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
@@ -24,7 +26,8 @@ std::shared_ptr<ResultReader> ResultReader::open(const std::shared_ptr<OdbcSessi
     const std::shared_ptr<ResultReader> reader(
         new ResultReader(session, std::move(cursor)),
         [session](ResultReader *ended) { session->post([ended] { delete ended; }); });
-    reader->takeRows(isWhole ? Clock::time_point::max() : Clock::time_point::min());
+    reader->read(isWhole ? Clock::time_point::max() : Clock::time_point::min());
+    reader->takeRead();
     if (isWhole && reader->failure)
         std::rethrow_exception(reader->failure);
     return reader;
@@ -36,6 +39,7 @@ ResultReader::ResultReader(const std::shared_ptr<OdbcSession> &session,
     , rows(static_cast<int>(fields.size()))
     , m_session(session)
     , m_cursor(std::move(cursor))
+    , m_read(static_cast<int>(fields.size()))
 {
     m_session->addClient(this);
 }
@@ -47,38 +51,54 @@ ResultReader::~ResultReader()
 
 void ResultReader::takePortion()
 {
-    rows = MemoryTable(static_cast<int>(fields.size()));
-    takeRows(Clock::now() + portionTime);
+    readAhead();
+    takeRead();
 }
 
-void ResultReader::takeRows(Clock::time_point end)
+void ResultReader::readAhead()
+{
+    if (m_read.rowCount() == 0 && !m_isReadToEnd)
+        read(Clock::now() + portionTime);
+}
+
+void ResultReader::takeRead()
+{
+    rows = std::exchange(m_read, MemoryTable(static_cast<int>(fields.size())));
+    failure = m_readFailure;
+    m_hasAllRows = m_isReadToEnd;
+}
+
+void ResultReader::read(Clock::time_point end)
 {
     try {
-        if (m_isRowTaken)
+        if (m_isRowRead)
             m_cursor->next();
         for (; !m_cursor->atEnd(); m_cursor->next()) {
             m_writer.clear();
             m_cursor->pack(m_writer, NullForm::Null);
-            rows.addRow(m_writer);
-            m_isRowTaken = true;
+            m_read.addRow(m_writer);
+            m_isRowRead = true;
             if (m_cursor->isLastOfBlock() && Clock::now() >= end)
                 return;
         }
+    } catch (RuntimeError &error) {
+        error.isCancelled = DriverThread::isCancelWanted();
+        m_readFailure = std::current_exception();
     } catch (...) { // memory may run out as well
-        failure = std::current_exception();
+        m_readFailure = std::current_exception();
     }
-    m_hasAllRows = true;
+    m_isReadToEnd = true;
 }
 
 void ResultReader::sessionClosing()
 {
-    m_hasAllRows = true;
+    m_isReadToEnd = true;
     m_cursor.reset();
 }
 
 void ResultReader::releaseResult()
 {
-    if (!m_hasAllRows)
-        takeRows(Clock::time_point::max());
+    if (!m_isReadToEnd)
+        read(Clock::time_point::max());
     m_cursor.reset();
 }

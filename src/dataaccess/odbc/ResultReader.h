@@ -13,8 +13,9 @@ class OdbcSession;
 
 /// Reads a result forward, a portion of rows at a time, which come into memory.
 ///
-/// Portions are taken on the session's thread; in between, whoever holds the reader may look at the
-/// rows, unless the session is not open any more. Wherever it is let go, it ends on that thread.
+/// Portions are taken on the session's thread, which may read one ahead meanwhile; in between,
+/// whoever holds the reader may look at the rows, unless the session is not open any more. Wherever
+/// it is let go, it ends on that thread.
 class ResultReader final : private SessionClient
 {
 public:
@@ -29,6 +30,8 @@ public:
     /// Takes the next portion in place of the present one: as many blocks as come in a moment, one
     /// at least. Without any rows this is the end.
     void takePortion();
+    /// Reads the portion that takePortion() is to take next.
+    void readAhead();
 
     bool hasAllRows() const { return m_hasAllRows; }
 
@@ -44,13 +47,18 @@ private:
     void sessionClosing() override;
     bool hasOpenResult() const override { return m_cursor != nullptr; }
     void releaseResult() override;
-    void takeRows(std::chrono::steady_clock::time_point end);
+    void read(std::chrono::steady_clock::time_point end);
+    void takeRead();
 
     std::shared_ptr<OdbcSession> m_session;
     /// Kept behind the last row as well: drivers take their time to free a large result, which
     /// nobody waits for when the reader ends.
     std::unique_ptr<OdbcCursor> m_cursor;
     bool m_hasAllRows = false;
-    bool m_isRowTaken = false; ///< that of the cursor
+    // What has been read and not taken yet.
+    MemoryTable m_read;
+    std::exception_ptr m_readFailure;
+    bool m_isReadToEnd = false;
+    bool m_isRowRead = false; ///< that of the cursor
     RowWriter m_writer;
 };

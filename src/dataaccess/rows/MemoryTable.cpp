@@ -83,14 +83,17 @@ const char *MemoryTable::cell(qint64 position, int field) const
 void MemoryTable::pack(qint64 position, RowWriter &copy, NullForm nulls) const
 {
     const char *at = row(position);
+    const char *uncopied = at;
     for (int field = 0; field < m_fieldCount; ++field) {
         const char *const end = packedCellEnd(at);
-        if (isPackedNull(at))
+        if (isPackedNull(at)) {
+            copy.addPacked(uncopied, at);
             copy.addNull(nulls);
-        else
-            copy.addPacked(at, end);
+            uncopied = end;
+        }
         at = end;
     }
+    copy.addPacked(uncopied, at);
 }
 
 qint64 MemoryTable::bytes() const

@@ -220,7 +220,7 @@ void RowWriter::addValue(const Value &value)
     std::visit(Adder{*this}, value.variant());
 }
 
-void RowWriter::addPacked(const char *cell, const char *end)
+void RowWriter::addPacked(const char *cells, const char *end)
 {
-    m_bytes.append(QByteArrayView(cell, end));
+    m_bytes.append(QByteArrayView(cells, end));
 }

@@ -32,8 +32,8 @@ public:
     void addUtf8(QByteArrayView text);
     void addBinary(const char *bytes, size_t length);
     void addValue(const Value &value);
-    /// A cell that is packed already, up to @p end.
-    void addPacked(const char *cell, const char *end);
+    /// Cells that are packed already, up to @p end.
+    void addPacked(const char *cells, const char *end);
 
 private:
     /// Room for @p bytes more, until endCell() says where what is used of it ends.
