@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QEventLoop>
 #include <QLabel>
 #include <QTabWidget>
@@ -13,6 +14,25 @@
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The dialog that comes up. That it is the active window cannot be counted on: it takes a window
+/// manager.
+QDialog *shownDialog()
+{
+    for (int tries = 0; tries < 50; ++tries) {
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            auto *dialog = qobject_cast<QDialog *>(window);
+            if (dialog != nullptr && dialog->isVisible())
+                return dialog;
+        }
+        settle();
+    }
+    qFatal("No dialog comes up.");
+}
+
+} // namespace
 
 void settle(int milliseconds)
 {
@@ -41,9 +61,7 @@ void Tour::dialog(const QString &name, const std::function<void()> &start,
 {
     text().setFocus(); // some dialogs are the editor's alone
     QTimer::singleShot(200, &frame, [&] {
-        QWidget *const window = QApplication::activeModalWidget() != nullptr
-                                    ? QApplication::activeModalWidget()
-                                    : QApplication::activeWindow();
+        QDialog *const window = shownDialog();
         if (use)
             use(window);
         picture(name, window);
@@ -55,7 +73,7 @@ void Tour::dialog(const QString &name, const std::function<void()> &start,
     });
     start();
     settle(500);
-    frame.activateWindow(); // no window manager does it on a bare screen
+    QApplication::setActiveWindow(&frame); // no window manager does it on a bare screen
     settle();
 }
 

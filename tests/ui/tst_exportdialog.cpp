@@ -140,7 +140,8 @@ void tst_exportdialog::formats()
     makeFile(there, QByteArray(1000, 'x'));
     for (const auto &[path, told] :
          {std::pair(there, said(successTitle, u"Export File %1\r\nsuccessfully created.\r\n"
-                                              "2 records written to disk.\r\n"_s.arg(there))),
+                                              "2 records written to disk.\r\n"_s.arg(
+                                                  QDir::toNativeSeparators(there)))),
           std::pair(QString(), said(cancelTitle, u"the export operation was canceled.\r\n"_s)),
           std::pair(there + u"/x"_s, said(errorTitle, u"76 Path not found"_s))}) {
         ExportBench bench(people());
