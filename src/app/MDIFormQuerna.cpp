@@ -137,7 +137,7 @@ void MDIFormQuerna::offerPractice()
     m_practice->setTextInteractionFlags(Qt::TextBrowserInteraction);
     m_practice->setAutoFillBackground(true);
     m_practice->setMargin(12);
-    area->addWidget(m_practice, 0, Qt::AlignCenter);
+    area->addWidget(m_practice, 0, Qt::AlignHCenter | Qt::AlignBottom); // beside the login dialog
     connect(m_practice, &QLabel::linkActivated, this, [this] {
         reportErrors([this] {
             openCommandLine(practiceConnectionString);
