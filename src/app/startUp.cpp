@@ -2,6 +2,7 @@
 
 #include "app/MDIFormQuerna.h"
 #include "controls/editor/editorKeys.h"
+#include "controls/forms/ColourTheme.h"
 #include "controls/forms/WaitingLoop.h"
 #include "controls/forms/icons.h"
 #include "controls/forms/messageBox.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QByteArray>
+#include <QPalette>
 #include <QStringList>
 
 #include <algorithm>
@@ -52,6 +54,9 @@ void prepareApplication()
 {
     QApplication::setDesktopFileName(u"querna"_s);
     QApplication::setWindowIcon(themedIcon(u"querna"_s));
+    QPalette hints; // some desktops' palettes leave it black on any ground
+    hints.setColor(QPalette::PlaceholderText, ColourTheme(QApplication::palette()).lineNumber());
+    QApplication::setPalette(hints);
     showMessagesInWindows();
     WaitingLoop::install();
     stopAltCharacters();
