@@ -15,30 +15,25 @@ namespace {
 
 using Tokens = std::span<const SqlToken>;
 
-bool isOneOf(const SqlToken &token, QLatin1StringView words)
-{
-    return token.kind == SqlToken::Word && ::isOneOf(token.text, words);
-}
-
 /// Words that a table's name follows.
 bool leadsToTable(const SqlToken &token)
 {
-    return isOneOf(token, "FROM JOIN UPDATE INTO DELETE USING"_L1);
+    return token.isOneOf("FROM JOIN UPDATE INTO DELETE USING"_L1);
 }
 
 /// Words that a list of tables ends at.
 bool endsTables(const SqlToken &token)
 {
-    return isOneOf(token, "SELECT WHERE GROUP HAVING ORDER SET UNION CONNECT MINUS EXCEPT "
-                          "INTERSECT START VALUES FOR OFFSET FETCH RETURNING LIMIT"_L1);
+    return token.isOneOf("SELECT WHERE GROUP HAVING ORDER SET UNION CONNECT MINUS EXCEPT "
+                         "INTERSECT START VALUES FOR OFFSET FETCH RETURNING LIMIT"_L1);
 }
 
 /// Words that cannot be the name of a table or its alias.
 bool isReserved(const SqlToken &token)
 {
     return leadsToTable(token) || endsTables(token) ||
-           isOneOf(token, "ON AS LEFT RIGHT FULL INNER OUTER CROSS WHEN PIVOT LOOP NATURAL "
-                          "PARTITION"_L1);
+           token.isOneOf("ON AS LEFT RIGHT FULL INNER OUTER CROSS WHEN PIVOT LOOP NATURAL "
+                         "PARTITION"_L1);
 }
 
 QString dictionaryName(const SqlToken &token)

@@ -5,20 +5,13 @@
 
 #include <QScopeGuard>
 
-#include <algorithm>
-#include <initializer_list>
+using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isOneOf(const SqlToken &token, std::initializer_list<const char16_t *> words)
-{
-    return std::any_of(words.begin(), words.end(),
-                       [&](const char16_t *word) { return token.isWord(word); });
-}
-
 bool isRowChange(const SqlToken &token)
 {
-    return isOneOf(token, {u"insert", u"update", u"delete", u"merge", u"replace"});
+    return token.isOneOf("insert update delete merge replace"_L1);
 }
 
 template <typename Test>
@@ -41,8 +34,7 @@ StatementKind statementKind(QStringView statement)
         return StatementKind::RowChange;
     if (first.isWord(u"with"))
         return hasToken(tokens, isRowChange) ? StatementKind::Other : StatementKind::Query;
-    if (isOneOf(first, {u"create", u"alter", u"drop", u"truncate", u"rename", u"comment", u"grant",
-                        u"revoke"})) {
+    if (first.isOneOf("create alter drop truncate rename comment grant revoke"_L1)) {
         // Some servers leave the transaction alone for a temporary table.
         const auto isTemporary = [](const SqlToken &token) { return token.isWord(u"temporary"); };
         return hasToken(tokens, isTemporary) ? StatementKind::Other : StatementKind::Definition;
@@ -53,9 +45,9 @@ StatementKind statementKind(QStringView statement)
         const auto isTo = [](const SqlToken &token) { return token.isWord(u"to"); };
         return hasToken(tokens, isTo) ? StatementKind::Query : StatementKind::Rollback;
     }
-    const bool changesNothing = first.kind == SqlToken::End || first.isSign(u'(') ||
-                                isOneOf(first, {u"select", u"values", u"show", u"describe", u"desc",
-                                                u"explain", u"set", u"use", u"lock", u"savepoint"});
+    const bool changesNothing =
+        first.kind == SqlToken::End || first.isSign(u'(') ||
+        first.isOneOf("select values show describe desc explain set use lock savepoint"_L1);
     return changesNothing ? StatementKind::Query : StatementKind::Other;
 }
 

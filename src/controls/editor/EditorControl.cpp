@@ -127,16 +127,6 @@ void EditorControl::exchange(int begin, int end, const QString &text)
     exchangeBytes(*this, {m_positions.toBytes(begin), m_positions.toBytes(end)}, editorUtf8(text));
 }
 
-void EditorControl::setColorBetween(int begin, int end, const QColor &color)
-{
-    m_formats.setColor({m_positions.toBytes(begin), m_positions.toBytes(end)}, color);
-}
-
-int EditorControl::caretPosition() const
-{
-    return m_positions.toUnits(SendScintilla(SCI_GETCURRENTPOS));
-}
-
 QString EditorControl::textBetween(int begin, int end) const
 {
     const long from = m_positions.toBytes(begin);

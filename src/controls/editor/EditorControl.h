@@ -71,7 +71,10 @@ public:
     void setSelUnderline(bool on) { m_formats.setUnderline(on); }
     void setSelStrikeThru(bool on) { m_formats.setStrikeThru(on); }
     /// Gives a range the colour that setSelColor() would give it, and selects nothing.
-    void setColorBetween(int begin, int end, const QColor &color);
+    void setColorBetween(int begin, int end, const QColor &color)
+    {
+        m_formats.setColor({m_positions.toBytes(begin), m_positions.toBytes(end)}, color);
+    }
 
     /// The font family of the whole text.
     void setFontName(const QString &family) { m_look->setFontName(family); }
@@ -122,7 +125,7 @@ public:
     int lineIndex(int line) const;
 
     // For screen readers
-    int caretPosition() const;
+    int caretPosition() const { return m_positions.toUnits(SendScintilla(SCI_GETCURRENTPOS)); }
     QString textBetween(int begin, int end) const;
     /// The place of a character on the screen.
     QRect characterRectangle(int position) const;

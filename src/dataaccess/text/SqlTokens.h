@@ -18,6 +18,8 @@ struct SqlToken
     QStringView text; ///< as written, quotes included
 
     bool isWord(QStringView word) const;
+    /// As the function isOneOf().
+    bool isOneOf(QLatin1StringView words) const { return kind == Word && ::isOneOf(text, words); }
     bool isSign(QChar sign) const { return kind == Sign && text.front() == sign; }
     bool isName() const { return kind == Word || kind == QuotedName; }
 

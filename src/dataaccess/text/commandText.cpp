@@ -40,7 +40,7 @@ bool beginsEscape(SqlTokens tokens)
     SqlToken token = tokens.next();
     if (token.isSign(u'?') && tokens.next().isSign(u'='))
         token = tokens.next();
-    return token.kind == SqlToken::Word && isOneOf(token.text, escapeWords);
+    return token.isOneOf(escapeWords);
 }
 
 QStringView withoutSurroundings(QStringView text)
