@@ -5,6 +5,7 @@
 #include "controls/editor/editorFont.h"
 #include "controls/forms/OutputPane.h"
 #include "controls/forms/StatusPanels.h"
+#include "controls/forms/WaitingLoop.h"
 #include "controls/forms/named.h"
 #include "controls/forms/twips.h"
 #include "controls/grids/ColumnTree.h"
@@ -34,6 +35,14 @@ QToolBar *makeToolBar(const QString &name, const QString &title, QWidget *parent
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonIconOnly);
     return bar;
+}
+
+QString textOf(const WaitProgress &wait)
+{
+    if (wait.mayGiveUp)
+        return u"The server does not answer: Esc gives the connection up"_s;
+    return (wait.isCancelled ? u"Cancelling… %1 s"_s : u"Running… %1 s, Esc cancels"_s)
+        .arg(wait.seconds);
 }
 
 } // namespace
@@ -114,7 +123,19 @@ ResultTab WindowControls::visibleTab() const
     return static_cast<ResultTab>(tbSql->currentIndex());
 }
 
-void WindowControls::showInformation(const QString &text) const
+void WindowControls::showInformation(const QString &text)
+{
+    information = text;
+    showText(text);
+}
+
+void WindowControls::showProgress(const WaitProgress *wait)
+{
+    showText(wait != nullptr ? textOf(*wait) : information);
+    isCancelWanted |= wait != nullptr && wait->isCancelled;
+}
+
+void WindowControls::showText(const QString &text) const
 {
     const bool hasOpenWork = gConnection && gConnection->hasOpenWork();
     const QString marked = u"● "_s + (text.isEmpty() ? u"Not committed"_s : text);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class ColumnTree;
 class DataGrid;
 class EditorControl;
@@ -8,10 +10,10 @@ class QLineEdit;
 class QPlainTextEdit;
 class QTabWidget;
 class QToolBar;
-class QString;
 class QWidget;
 class StatusPanels;
 struct PaneLayout;
+struct WaitProgress;
 
 /// The tabs of `tbSql`, which decide what Run does.
 enum class ResultTab { Data = 0, ExplainPlan = 1, DbmsOutput = 2 };
@@ -39,6 +41,9 @@ struct WindowControls
     QLineEdit *txtBufferSize = nullptr;
     QPlainTextEdit *rtbdbms = nullptr;
     StatusPanels *sbSql = nullptr;
+    QString information; ///< the text that showInformation() has had last
+    /// Whether the user has asked for the end of what a command waits for, since it cleared this.
+    bool isCancelWanted = false;
 
     /// Makes the controls as children of @p window.
     void create(QWidget *window);
@@ -47,7 +52,9 @@ struct WindowControls
 
     /// Shows in the information panel what happens or has happened, at once, for the server may be
     /// asked next. Work that is not committed shows beside it; an empty text leaves that alone.
-    void showInformation(const QString &text) const;
+    void showInformation(const QString &text);
+    /// The same during a wait; null when it is over, and the text before it shows again.
+    void showProgress(const WaitProgress *wait);
 
     /// Shows the present time as that of a statement's execution.
     void showExecutionTime() const;
@@ -61,6 +68,7 @@ struct WindowControls
     void addPaneKeys(QWidget *window) const;
 
 private:
+    void showText(const QString &text) const;
     void createDataTab();
     void createPlanTab();
     void createOutputTab();

@@ -8,6 +8,9 @@
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
+
+#include <mutex>
 
 using namespace Qt::StringLiterals;
 
@@ -15,12 +18,13 @@ namespace {
 
 constexpr int longestLine = 255;
 
-/// What was written, and the failure that ended it, if one did.
+/// What was written, to be looked at while lines may be coming: the user may give up the call that
+/// brings them.
 struct Output
 {
+    std::mutex mutex;
     QString text;
     int lines = 0;
-    std::exception_ptr failure;
 };
 
 void fetchLines(const std::shared_ptr<Connection> &connection, Output &output)
@@ -35,6 +39,7 @@ void fetchLines(const std::shared_ptr<Connection> &connection, Output &output)
         const Value &line = getLine.parameter(u"lines"_s);
         if (line.isNull())
             continue;
+        const std::lock_guard lock(output.mutex);
         output.text += u"  "_s + line.toText() + u"\r\n"_s;
         ++output.lines;
     }
@@ -46,16 +51,11 @@ void fetchLines(const std::shared_ptr<Connection> &connection, Output &output)
 int showLines(const std::shared_ptr<Connection> &connection, QPlainTextEdit *pane)
 {
     const auto output = std::make_shared<Output>();
-    connection->inOneGo([output, connection] {
-        try {
-            fetchLines(connection, *output);
-        } catch (...) {
-            output->failure = std::current_exception();
-        }
+    const auto show = qScopeGuard([&] {
+        const std::lock_guard lock(output->mutex);
+        pane->setPlainText(output->text);
     });
-    pane->setPlainText(output->text);
-    if (output->failure)
-        std::rethrow_exception(output->failure);
+    connection->inOneGo([output, connection] { fetchLines(connection, *output); });
     return output->lines;
 }
 

@@ -13,6 +13,7 @@
 #include "editor/caption.h"
 #include "editor/explainPlan.h"
 #include "editor/paneLayout.h"
+#include "platform/RuntimeError.h"
 #include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
 #include "platform/eventYield.h"
@@ -25,6 +26,8 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QToolBar>
+
+#include <atomic>
 
 using namespace Qt::StringLiterals;
 
@@ -41,31 +44,37 @@ QList<ToolBarButton> pagingButtons()
             {"Stop retrieval of all records"_L1, "stop"_L1, {Qt::CTRL | Qt::Key_F7}}};
 }
 
-QString textOf(const WaitProgress &wait)
+struct ScriptOutcome
 {
-    if (wait.mayGiveUp)
-        return u"The server does not answer: Esc gives the connection up"_s;
-    return (wait.isCancelled ? u"Cancelling… %1 s"_s : u"Running… %1 s, Esc cancels"_s)
-        .arg(wait.seconds);
-}
+    QString errors;
+    ScriptReport report;
+    std::atomic<int> sent = 0; ///< statements, for whoever does not wait for the rest
+};
 
-/// Runs a script on @p connection in one go. @returns its errors and the report
-std::pair<QString, ScriptReport> outcomeOf(const QString &script,
-                                           const std::shared_ptr<Connection> &connection)
+/// Runs a script on @p connection in one go.
+std::shared_ptr<ScriptOutcome> outcomeOf(const QString &script,
+                                         const std::shared_ptr<Connection> &connection)
 {
-    const auto outcome = std::make_shared<std::pair<QString, ScriptReport>>();
+    auto outcome = std::make_shared<ScriptOutcome>();
     const auto run = [outcome, script, connection] {
         const auto execute = [&](const QString &command, QStringView statement) {
             requireConnection(connection);
+            ++outcome->sent;
             sendNoting(connection, statement, [&] { connection->Execute(command); });
         };
-        outcome->second = runScript(script, outcome->first, execute, Connection::isCancelWanted);
+        outcome->report = runScript(script, outcome->errors, execute, Connection::isCancelWanted);
     };
-    if (connection && connection->State() == adStateOpen)
-        connection->inOneGo(run);
-    else
-        run();
-    return std::move(*outcome);
+    try {
+        if (connection && connection->State() == adStateOpen)
+            connection->inOneGo(run);
+        else
+            run();
+    } catch (RuntimeError &error) {
+        if (outcome->sent > 0)
+            error.description += u" The script was at its statement %1."_s.arg(outcome->sent);
+        throw;
+    }
+    return outcome;
 }
 
 } // namespace
@@ -110,9 +119,7 @@ void frmQuerna::connectEvents()
         m_controls.SqlDataGrid->rowsAdded();
     });
     m_paging->setYield(yieldToEvents);
-    WaitingLoop::setProgress([this](const WaitProgress *wait) {
-        showInformation(wait != nullptr ? textOf(*wait) : QString());
-    });
+    WaitingLoop::setProgress([this](const WaitProgress *wait) { m_controls.showProgress(wait); });
 }
 
 void frmQuerna::Form_Load()
@@ -181,8 +188,9 @@ void frmQuerna::execScript(QString &errstr)
     EditorControl &editor = *m_controls.txtSQL;
     editor.clearMarks();
     m_controls.showInformation(QString::fromUtf16(runningText));
-    const auto [errors, report] = outcomeOf(editor.Text(), gConnection);
-    errstr += errors;
+    const std::shared_ptr<ScriptOutcome> outcome = outcomeOf(editor.Text(), gConnection);
+    const ScriptReport &report = outcome->report;
+    errstr += outcome->errors;
     for (const ScriptFailure &failure : report.failures)
         editor.markLines(failure.firstLine - 1, failure.lastLine - 1, failure.description);
     m_controls.showInformation(

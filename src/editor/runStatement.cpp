@@ -95,8 +95,11 @@ void runStatement(WindowControls &controls, ResultPaging &paging)
     appendToHistory(original);
     const QString statement = trimBlanks(stripComments(original));
     controls.showInformation(QString::fromUtf16(runningText));
+    controls.isCancelWanted = false;
     try {
         run(controls, paging, original, statement);
+        if (controls.isCancelWanted)
+            controls.showInformation(u"Cancelled, may be incomplete. "_s + controls.information);
     } catch (...) {
         const bool isWrapped =
             controls.visibleTab() == ResultTab::Data && isDmlStatement(statement);

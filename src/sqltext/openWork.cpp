@@ -2,6 +2,7 @@
 
 #include "dataaccess/Connection.h"
 #include "dataaccess/text/SqlTokens.h"
+#include "platform/RuntimeError.h"
 
 #include <QScopeGuard>
 
@@ -79,8 +80,14 @@ qint64 sendNoting(const std::shared_ptr<Connection> &connection, QStringView sta
         sent.definitionsCommit = connection->definitionsCommit();
         connection->noteOpenWork(hasOpenWorkAfter(connection->hasOpenWork(), sent));
     });
-    send();
-    sent.succeeded = true;
+    try {
+        send();
+        sent.succeeded = true;
+    } catch (const RuntimeError &error) {
+        // What was cancelled may have changed rows all the same.
+        sent.succeeded = sent.kind == StatementKind::RowChange && error.sqlState == "HY008"_L1;
+        throw;
+    }
     if (connection)
         sent.rowsChanged = connection->rowsAffected();
     return sent.rowsChanged;

@@ -1,3 +1,5 @@
+#include "controls/forms/WaitingLoop.h"
+#include "dataaccess/odbc/DriverThread.h"
 #include "platform/longWait.h"
 #include "uisupport/ProgramFixture.h"
 
@@ -7,6 +9,7 @@ using Command = std::function<void(ProgramFixture &)>;
 
 const QString fake = u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s;
 const QString fakeInTheBox = u"fake"_s;
+const QString threePieces = u"x; is slow now; y;"_s;
 const QString givenUp = u"The server did not answer"_s;
 /// A server that hangs does so for as long; whoever waits for it notices.
 constexpr int hanging = 8000;
@@ -98,7 +101,8 @@ private slots:
     void logOnIsEnded();
     void serversEndWhatRuns_data();
     void serversEndWhatRuns();
-    void scriptStops();
+    void endWithoutFailure();
+    void workAheadTakesNoCancel();
     void typingWaits();
 
 private:
@@ -138,7 +142,7 @@ void TestWaiting::commandsAreEnded_data()
         {"plan", run("rows 1 integer", 1), "set statement_id", true},
         {"output", run("slow", 2), "slow", true},
         {"lines", run("rows 1", 2), "get_line", true},
-        {"script", [](ProgramFixture &p) { runScript(p, u"x; is slow now; y;"_s); }, "slow", true},
+        {"script", [](ProgramFixture &p) { runScript(p, threePieces); }, "slow", true},
         {"picker", button("tbrQuerna", 16), "ALL_USERS", true},
         {"commit", button("tbrQuerna", 6), "(commit)", false},
         {"rollback", button("tbrQuerna", 7), "(rollback)", false},
@@ -199,6 +203,8 @@ void TestWaiting::commandsAreEnded()
                              : end == "late"_L1 ? u"anceled"_s
                                                 : u"canceled on request"_s;
     QVERIFY2(messages.texts.first().contains(expected), qPrintable(messages.texts.first()));
+    if (isGivenUp && program.text()->Text() == threePieces)
+        QVERIFY(messages.texts.first().endsWith(u"statement 2."_s));
     QVERIFY(isGivenUp == (gConnection->State() == adStateClosed));
     messages.texts.clear();
     if (isGivenUp) {
@@ -271,16 +277,49 @@ void TestWaiting::serversEndWhatRuns()
     QCOMPARE(table.sum(), u"2"_s);
 }
 
-// The server may end a statement without a failure.
-void TestWaiting::scriptStops()
+// A server may end a statement without one.
+void TestWaiting::endWithoutFailure()
 {
     ProgramFixture program(SandboxFixture::connectionString());
     const TableOfTwo table;
     MessageAnswers messages;
     const InTheWait wait([&] { press(program, Qt::Key_Escape); });
     runScript(program, u"update waited set n = 3; do sleep(8); update waited set n = 4;"_s);
-    QCOMPARE(messages.texts, QStringList({u" The script was canceled.\r\n"_s}));
+    QCOMPARE(messages.take(), QStringList({u" The script was canceled.\r\n"_s}));
     QCOMPARE(table.sum(), u"3"_s);
+    const InTheWait another([&] { press(program, Qt::Key_Escape); });
+    program.run(u"do sleep(8)"_s);
+    QCOMPARE(messages.texts, QStringList());
+    QVERIFY2(program.panel(2).contains(u"Cancelled, may be"_s), qPrintable(program.panel(2)));
+}
+
+// Rows may still be read ahead for a result before.
+void TestWaiting::workAheadTakesNoCancel()
+{
+    setWaitPresenter([](LongWait &wait) {
+        wait.cancel();
+        while (!wait.isOver())
+            QThread::msleep(1);
+    });
+    const auto reset = qScopeGuard(WaitingLoop::install);
+    const auto thread = DriverThread::start();
+    const auto callDriver = [](unsigned long milliseconds) {
+        DriverThread::beginCall(nullptr);
+        QThread::msleep(milliseconds);
+        DriverThread::endCall();
+    };
+    bool isSent = false;
+    thread->post([&] {
+        callDriver(150);
+        callDriver(1);
+    });
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, thread->call([&] {
+        callDriver(1);
+        isSent = true;
+    }));
+    QVERIFY(!isSent);
+    thread->call([&] { callDriver(150); });
+    thread->call([&] { callDriver(1); }); // the cancel before came too late
 }
 
 void TestWaiting::typingWaits()

@@ -45,6 +45,7 @@ class DriverThread::Shared final : public LongWait, public std::enable_shared_fr
 public:
     void serve();
     quint64 post(std::function<void()> work);
+    bool isAwaitedRunning() const { return doneWorks + 1 == awaited; }
 
     bool isOver() const override;
     void cancel() override;
@@ -66,7 +67,7 @@ public:
     bool isInCall = false;
     bool isCancelling = false;
     bool hasCancelledBusy = false;
-    bool isCancelDue = false; ///< wished for while there was nothing to cancel
+    bool isCancelDue = false; ///< for the awaited work, in which there was nothing to cancel yet
     std::atomic<bool> isCancelWanted = false;
 
     // Of the callers' thread alone.
@@ -90,7 +91,8 @@ void DriverThread::Shared::serve()
         work();
         work = nullptr; // what it owns has its end on this thread
         lock.lock();
-        ++doneWorks;
+        if (++doneWorks == awaited)
+            isCancelWanted = isCancelDue = false;
         done.notify_all();
         if (isShown && QAbstractEventDispatcher::instance(callers) != nullptr)
             QAbstractEventDispatcher::instance(callers)->wakeUp();
@@ -113,12 +115,15 @@ bool DriverThread::Shared::isOver() const
 void DriverThread::Shared::cancel()
 {
     const std::lock_guard lock(mutex);
+    if (doneWorks >= awaited)
+        return;
     isCancelWanted = true;
     const SQLHSTMT statement = idle != nullptr ? idle : busy;
-    if (!isInCall || statement == nullptr) {
-        isCancelDue = true;
+    const bool canCancel = isInCall && statement != nullptr;
+    // What runs may be other work still, which the awaited is behind: both are to end.
+    isCancelDue = !canCancel || !isAwaitedRunning();
+    if (!canCancel)
         return;
-    }
     // A second one on the same statement would meet the end of the call that the first has brought.
     if (isCancelling || hasCancelledBusy)
         return;
@@ -176,7 +181,6 @@ void DriverThread::runAndWait(std::function<void()> work)
     std::unique_lock lock(m->mutex);
     if (m->isGivenUp)
         throw givenUpError();
-    m->isCancelWanted = m->isCancelDue = false;
     m->awaited = m->post(std::move(work));
     if (begin - m->lastEnd > pauseBetweenStretches)
         m->stretchBegin = begin;
@@ -244,7 +248,7 @@ void DriverThread::beginCall(SQLHSTMT statement)
     const std::lock_guard lock(shared->mutex);
     if (shared->isGivenUp)
         throw givenUpError();
-    if (std::exchange(shared->isCancelDue, false))
+    if (shared->isAwaitedRunning() && std::exchange(shared->isCancelDue, false))
         throw cancelledError();
     shared->busy = statement;
     shared->hasCancelledBusy = false;
