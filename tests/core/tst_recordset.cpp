@@ -234,8 +234,9 @@ void tst_recordset::ordersRows()
         ascending.append(text);
     ascending += {QByteArray("\x7F"), QByteArray("\x80")};
     const auto count = static_cast<int>(ascending.size());
+    constexpr int copies = 100;
     QList<QList<Value>> rows;
-    for (int i = 0; i < 2 * count; ++i)
+    for (int i = 0; i < copies * count; ++i)
         rows.append({i, ascending[i * 7 % count]});
     rows.insert(3, {-1, NullValue{}});
     rows.insert(9, {-1, u""_s});
@@ -247,11 +248,12 @@ void tst_recordset::ordersRows()
         const QList<int> order(ordered.begin(), ordered.end());
         for (int i = 0; i < count; ++i) {
             const Value &expected = ascending[descending ? count - 1 - i : i];
-            QCOMPARE(table->valueAt(order[2 * i], 1).toText(), expected.toText());
-            QCOMPARE(table->valueAt(order[2 * i + 1], 1), expected);
-            QVERIFY(order[2 * i] < order[2 * i + 1]);
+            const QList<int> equals = order.mid(copies * i, copies);
+            for (const int row : equals)
+                QCOMPARE(table->valueAt(row, 1), expected);
+            QVERIFY(std::is_sorted(equals.begin(), equals.end()));
         }
-        QCOMPARE(order.mid(2 * count), QList<int>({3, 9}));
+        QCOMPARE(order.mid(copies * count), QList<int>({3, 9}));
         sorted->sort(1, descending);
         for (size_t row = 0; row < ordered.size(); ++row)
             QCOMPARE(sorted->textAt(static_cast<qint64>(row), 0), table->textAt(ordered[row], 0));
