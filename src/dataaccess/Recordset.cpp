@@ -16,7 +16,7 @@ namespace {
 Value asFieldValue(const FieldInfo &field, const Value &value)
 {
     const bool isText = isCharacterType(field.type) && !value.isNull() && !value.isEmpty();
-    const Value stored = isText ? Value(value.toText()) : value;
+    Value stored = isText ? Value(value.toText()) : value;
     const auto *text = std::get_if<QString>(&stored.variant());
     if (field.definedSize > 0 && text != nullptr && text->size() > field.definedSize)
         throw RuntimeError(ErrorNumber::MultipleStepErrors);

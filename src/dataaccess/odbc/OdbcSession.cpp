@@ -142,7 +142,7 @@ OdbcSession::OdbcSession(ProviderSession provider)
 
 std::shared_ptr<OdbcSession> OdbcSession::open(ProviderSession provider)
 {
-    const std::shared_ptr<OdbcSession> session(new OdbcSession(std::move(provider)));
+    std::shared_ptr<OdbcSession> session(new OdbcSession(std::move(provider)));
     session->call([session] {
         try {
             session->logOn();

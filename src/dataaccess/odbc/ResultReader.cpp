@@ -23,7 +23,7 @@ std::shared_ptr<ResultReader> ResultReader::open(const std::shared_ptr<OdbcSessi
     if (!cursor)
         return nullptr;
     isWhole = isWhole || cursor->mayFailLater();
-    const std::shared_ptr<ResultReader> reader(
+    std::shared_ptr<ResultReader> reader(
         new ResultReader(session, std::move(cursor)),
         [session](ResultReader *ended) { session->post([ended] { delete ended; }); });
     reader->read(isWhole ? Clock::time_point::max() : Clock::time_point::min());

@@ -25,7 +25,7 @@ QString serverDriver()
         for (const QString &part : QDir(library).entryList({u"*-linux-*"_s}, QDir::Dirs))
             folders.append(library + u'/' + part + u"/odbc"_s);
         for (const QString &folder : std::as_const(folders)) {
-            const QString file = folder + u"/libmaodbc.so"_s;
+            QString file = folder + u"/libmaodbc.so"_s;
             if (QFile::exists(file))
                 return file;
         }
