@@ -3,7 +3,7 @@
 
 #include "controls/editor/EditorControl.h"
 #include "controls/editor/SyntaxColouring.h"
-#include "controls/editor/editorFont.h"
+#include "controls/forms/fonts.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
 #include "support/sampleTable.h"

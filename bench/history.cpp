@@ -4,7 +4,7 @@
 #include "dataaccess/Recordset.h"
 #include "history/frmSQLHistory.h"
 #include "history/historyFile.h"
-#include "platform/applicationFolder.h"
+#include "platform/process.h"
 #include "platform/textForms.h"
 #include "support/figures.h"
 #include "support/inTurn.h"

@@ -6,7 +6,7 @@
 #include "dataaccess/text/SqlTokens.h"
 #include "dataaccess/text/commandText.h"
 #include "platform/RuntimeError.h"
-#include "sqltext/explainStatements.h"
+#include "sqltext/serverStatements.h"
 #include "support/fuzzInput.h"
 #include "support/require.h"
 

@@ -3,9 +3,9 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/textForms.h"
-#include "sqltext/dynamicStatements.h"
 #include "sqltext/scriptRunner.h"
 #include "sqltext/selectionEdits.h"
+#include "sqltext/serverStatements.h"
 #include "sqltext/sqlFilters.h"
 #include "support/fuzzInput.h"
 #include "support/literallyStripped.h"

@@ -5,7 +5,7 @@
 
 #include "app/startUp.h"
 #include "controls/editor/EditorControl.h"
-#include "platform/applicationFolder.h"
+#include "platform/process.h"
 
 #include <QAbstractButton>
 #include <QApplication>

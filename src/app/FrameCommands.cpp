@@ -9,7 +9,6 @@
 #include "controls/forms/selText.h"
 #include "controls/grids/selectionText.h"
 #include "editor/frmQuerna.h"
-#include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
 #include "platform/process.h"
 #include "platform/replaceFile.h"

@@ -12,7 +12,6 @@
 #include "dataaccess/providers/providers.h"
 #include "editor/caption.h"
 #include "editor/frmQuerna.h"
-#include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
 #include "platform/process.h"
 #include "platform/registry.h"

@@ -1,9 +1,7 @@
 #include "dialogs/ObjectPicker.h"
 
-#include "controls/forms/accessKey.h"
-#include "controls/forms/enterKey.h"
+#include "controls/forms/formControls.h"
 #include "controls/forms/mousePointer.h"
-#include "controls/forms/named.h"
 #include "platform/errorTraps.h"
 #include "sqltext/dictionary.h"
 

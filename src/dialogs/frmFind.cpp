@@ -1,7 +1,6 @@
 #include "dialogs/frmFind.h"
 
-#include "controls/forms/accessKey.h"
-#include "controls/forms/named.h"
+#include "controls/forms/formControls.h"
 #include "platform/errorTraps.h"
 
 #include <QCheckBox>

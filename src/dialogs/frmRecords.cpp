@@ -2,10 +2,9 @@
 
 #include "connection/session.h"
 #include "controls/forms/OkCancelButtons.h"
-#include "controls/forms/accessKey.h"
-#include "controls/forms/named.h"
+#include "controls/forms/formControls.h"
 #include "platform/errorTraps.h"
-#include "platform/eventYield.h"
+#include "platform/longWait.h"
 #include "platform/numberForms.h"
 #include "platform/textForms.h"
 

@@ -2,11 +2,11 @@
 
 #include "connection/session.h"
 #include "controls/editor/EditorControl.h"
-#include "controls/editor/editorFont.h"
 #include "controls/forms/OutputPane.h"
 #include "controls/forms/StatusPanels.h"
 #include "controls/forms/WaitingLoop.h"
-#include "controls/forms/named.h"
+#include "controls/forms/fonts.h"
+#include "controls/forms/formControls.h"
 #include "controls/forms/twips.h"
 #include "controls/grids/ColumnTree.h"
 #include "controls/grids/DataGrid.h"

@@ -6,8 +6,8 @@
 #include "editor/WindowControls.h"
 #include "platform/RuntimeError.h"
 #include "platform/systemClock.h"
-#include "sqltext/explainStatements.h"
 #include "sqltext/outcomeTexts.h"
+#include "sqltext/serverStatements.h"
 
 #include <QScopeGuard>
 

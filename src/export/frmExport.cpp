@@ -1,13 +1,12 @@
 #include "export/frmExport.h"
 
 #include "controls/forms/OkCancelButtons.h"
-#include "controls/forms/accessKey.h"
+#include "controls/forms/formControls.h"
 #include "controls/forms/messageBox.h"
 #include "controls/forms/mousePointer.h"
-#include "controls/forms/named.h"
 #include "export/exportFormats.h"
-#include "platform/applicationFolder.h"
 #include "platform/errorTraps.h"
+#include "platform/process.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>

@@ -1,14 +1,14 @@
 #include "history/frmSQLHistory.h"
 
-#include "controls/editor/editorFont.h"
-#include "controls/forms/fittingFont.h"
-#include "controls/forms/named.h"
+#include "controls/forms/fonts.h"
+#include "controls/forms/formControls.h"
 #include "controls/forms/twips.h"
 #include "controls/grids/FlexGrid.h"
 #include "controls/grids/OneLineDelegate.h"
 #include "history/historyFile.h"
 #include "platform/checkedArithmetic.h"
 #include "platform/errorTraps.h"
+#include "platform/numberForms.h"
 
 #include <QHeaderView>
 #include <QLineEdit>

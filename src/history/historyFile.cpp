@@ -4,10 +4,10 @@
 #include "platform/ByteBuffer.h"
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
-#include "platform/applicationFolder.h"
 #include "platform/checkedArithmetic.h"
-#include "platform/fileErrors.h"
-#include "platform/ownerOnly.h"
+#include "platform/fileAccess.h"
+#include "platform/numberForms.h"
+#include "platform/process.h"
 #include "platform/systemClock.h"
 #include "platform/textForms.h"
 

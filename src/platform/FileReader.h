@@ -13,7 +13,7 @@
 class FileReader
 {
 public:
-    /// @throws RuntimeError of fileErrors.h, as do the others
+    /// @throws RuntimeError of fileAccess.h, as do the others
     explicit FileReader(const QString &path);
 
     /// Everything, also of a file that does not know its size.

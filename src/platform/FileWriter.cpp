@@ -1,6 +1,6 @@
 #include "platform/FileWriter.h"
 
-#include "platform/fileErrors.h"
+#include "platform/fileAccess.h"
 
 #include <cerrno>
 

@@ -12,7 +12,7 @@ public:
     enum class Mode { Replace, Append };
 
     /// Opens the file, creating it if it is missing, with @p ofNew as its permissions if given.
-    /// @throws RuntimeError of fileErrors.h, as do the others
+    /// @throws RuntimeError of fileAccess.h, as do the others
     FileWriter(const QString &path, Mode mode, QFile::Permissions ofNew = {});
 
     void write(QByteArrayView bytes);

@@ -1,7 +1,7 @@
 #include "platform/RecoveryFile.h"
 
 #include "platform/RuntimeError.h"
-#include "platform/ownerOnly.h"
+#include "platform/fileAccess.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,5 +1,6 @@
 #include "platform/longWait.h"
 
+#include <QCoreApplication>
 #include <QScopeGuard>
 
 #include <utility>
@@ -9,6 +10,11 @@ namespace {
 WaitPresenter presenter;
 bool isShown = false;
 std::chrono::steady_clock::time_point turn;
+
+void noteTurn()
+{
+    turn = std::chrono::steady_clock::now();
+}
 
 } // namespace
 
@@ -42,7 +48,11 @@ std::chrono::steady_clock::time_point lastTurn()
     return turn;
 }
 
-void noteTurn()
+void yieldToEvents()
 {
-    turn = std::chrono::steady_clock::now();
+    QCoreApplication::sendPostedEvents();
+    if (std::chrono::steady_clock::now() - turn < std::chrono::milliseconds(1))
+        return;
+    QCoreApplication::processEvents();
+    noteTurn();
 }

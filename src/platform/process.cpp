@@ -2,6 +2,8 @@
 
 #include "platform/RuntimeError.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 
@@ -12,6 +14,7 @@ namespace {
 
 std::function<void(int)> replacedEnd;
 std::function<void()> lastWork;
+QString replacedFolder;
 
 /// In the environment, because everything behind the program's name is its own business.
 constexpr char startWindowVariable[] = "QUERNA_START_WINDOW";
@@ -58,4 +61,20 @@ void setLastWork(std::function<void()> work)
 void setProgramEnd(std::function<void(int)> end)
 {
     replacedEnd = std::move(end);
+}
+
+QString applicationFolder()
+{
+    return QDir::toNativeSeparators(
+        replacedFolder.isEmpty() ? QCoreApplication::applicationDirPath() : replacedFolder);
+}
+
+QString applicationFile(const QString &fileName)
+{
+    return applicationFolder() + QDir::separator() + fileName;
+}
+
+void setApplicationFolder(const QString &folder)
+{
+    replacedFolder = folder;
 }

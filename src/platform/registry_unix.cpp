@@ -1,7 +1,7 @@
 #include "platform/registry.h"
 
 #include "platform/RuntimeError.h"
-#include "platform/privateSettings.h"
+#include "platform/settings.h"
 
 #include <QSettings>
 

@@ -1,8 +1,7 @@
 #include "platform/replaceFile.h"
 
 #include "platform/FileWriter.h"
-#include "platform/fileErrors.h"
-#include "platform/flushToDisk.h"
+#include "platform/fileAccess.h"
 
 #include <QFileInfo>
 #include <QSaveFile>

@@ -1,6 +1,6 @@
 #include "platform/settings.h"
 
-#include "platform/privateSettings.h"
+#include "platform/settings.h"
 
 #include <QSettings>
 

@@ -2,6 +2,10 @@
 
 #include <QString>
 
+#include <functional>
+
+class QSettings;
+
 /// Per-user settings: values named by application, section and key. The store is a file that only
 /// its owner can read (mode 0600), on Windows the user's own part of the registry.
 
@@ -13,3 +17,19 @@ QString getSetting(const QString &application, const QString &section, const QSt
 /// @throws RuntimeError 75 when the store cannot be written
 void saveSetting(const QString &application, const QString &section, const QString &key,
                  const QString &value);
+
+/// The program's own settings files: INI files in the user's configuration folder, in a folder
+/// that only the owner can open (0700), each readable by the owner alone (0600). A device or a pipe
+/// in the place of one is refused. On Windows each is a key of the user's part of the registry.
+
+/// The path of the settings file with base name @p name, or of its key. Nothing is created.
+QString privateSettingsPath(const QString &name);
+
+/// Runs @p read on the file's settings; without a file nothing need be run.
+/// @throws RuntimeError 75 when the file is there and cannot be read
+void readPrivateSettings(const QString &name, const std::function<void(QSettings &)> &read);
+
+/// Runs @p change on the file's settings, creating the file if need be, and has them on disk
+/// when it returns. The owner alone can read the file at every moment.
+/// @throws RuntimeError 75 when the file cannot be created or written
+void changePrivateSettings(const QString &name, const std::function<void(QSettings &)> &change);

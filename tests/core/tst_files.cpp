@@ -1,6 +1,6 @@
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
-#include "platform/fileErrors.h"
+#include "platform/fileAccess.h"
 #include "platform/replaceFile.h"
 #include "platform/textFile.h"
 #include "support/coreTest.h"

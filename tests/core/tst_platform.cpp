@@ -2,8 +2,6 @@
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
 #include "platform/RecoveryFile.h"
-#include "platform/privateSettings.h"
-#include "platform/process.h"
 #include "platform/registry.h"
 #include "platform/replaceFile.h"
 #include "support/LooseEnd.h"

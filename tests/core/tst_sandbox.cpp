@@ -1,5 +1,5 @@
 #include "dataaccess/Command.h"
-#include "sqltext/explainStatements.h"
+#include "sqltext/serverStatements.h"
 #include "support/coreTest.h"
 
 using SandboxFixture::scalar;

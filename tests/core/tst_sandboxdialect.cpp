@@ -1,7 +1,7 @@
 #include "dataaccess/sandbox/planSteps.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "dataaccess/text/SqlTokens.h"
-#include "sqltext/explainStatements.h"
+#include "sqltext/serverStatements.h"
 #include "support/coreTest.h"
 
 namespace {

@@ -1,7 +1,7 @@
-#include "sqltext/dynamicStatements.h"
 #include "sqltext/openWork.h"
 #include "sqltext/outcomeTexts.h"
 #include "sqltext/scriptRunner.h"
+#include "sqltext/serverStatements.h"
 #include "support/coreTest.h"
 
 namespace {

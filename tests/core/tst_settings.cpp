@@ -1,4 +1,3 @@
-#include "platform/privateSettings.h"
 #include "platform/registry.h"
 #include "support/coreTest.h"
 #include "support/settingsPlace.h"

@@ -1,5 +1,5 @@
-#include "sqltext/explainStatements.h"
 #include "sqltext/selectionEdits.h"
+#include "sqltext/serverStatements.h"
 #include "sqltext/sqlFilters.h"
 #include "sqltext/wordAtCaret.h"
 #include "support/coreTest.h"

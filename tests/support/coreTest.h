@@ -3,7 +3,7 @@
 /// What every test of the core includes.
 
 #include "dataaccess/Connection.h"
-#include "platform/applicationFolder.h"
+#include "platform/process.h"
 #include "platform/settings.h"
 #include "platform/systemClock.h"
 #include "support/DataRows.h"

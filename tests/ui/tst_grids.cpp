@@ -4,7 +4,7 @@
 #include "controls/grids/FlexGrid.h"
 #include "controls/grids/GridOrder.h"
 #include "controls/grids/GridSearch.h"
-#include "platform/eventYield.h"
+#include "platform/longWait.h"
 #include "uisupport/uiTest.h"
 
 namespace {

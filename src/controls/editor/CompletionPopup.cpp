@@ -1,8 +1,7 @@
 #include "controls/editor/CompletionPopup.h"
 
 #include "controls/editor/EditorControl.h"
-#include "controls/forms/enterKey.h"
-#include "controls/forms/named.h"
+#include "controls/forms/formControls.h"
 #include "dataaccess/text/SqlTokens.h"
 
 #include <QCompleter>

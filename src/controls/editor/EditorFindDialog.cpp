@@ -1,7 +1,7 @@
 #include "controls/editor/EditorFindDialog.h"
 
 #include "controls/editor/EditorControl.h"
-#include "controls/forms/named.h"
+#include "controls/forms/formControls.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

@@ -2,7 +2,7 @@
 
 #include "controls/editor/EditorFormats.h"
 #include "controls/editor/SyntaxColouring.h"
-#include "controls/editor/editorFont.h"
+#include "controls/forms/fonts.h"
 
 #include <Qsci/qsciscintilla.h>
 

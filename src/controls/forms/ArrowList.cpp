@@ -1,6 +1,6 @@
 #include "controls/forms/ArrowList.h"
 
-#include "controls/forms/named.h"
+#include "controls/forms/formControls.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

@@ -1,6 +1,6 @@
 #include "controls/forms/CommonDialog.h"
 
-#include "controls/forms/accessKey.h"
+#include "controls/forms/formControls.h"
 #include "platform/RuntimeError.h"
 
 #include <QAbstractItemView>

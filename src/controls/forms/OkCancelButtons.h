@@ -1,7 +1,6 @@
 #pragma once
 
-#include "controls/forms/accessKey.h"
-#include "controls/forms/named.h"
+#include "controls/forms/formControls.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>

@@ -1,6 +1,6 @@
 #include "controls/forms/icons.h"
 
-#include "controls/forms/iconImage.h"
+#include "controls/forms/icons.h"
 
 #include <QGuiApplication>
 #include <QIconEngine>

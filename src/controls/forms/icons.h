@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QColor>
 #include <QIcon>
+#include <QImage>
 #include <QString>
 
 /// One of the program's pictures, by the name of its file below resources/icons without ".svg".
@@ -8,3 +10,14 @@
 /// told apart on light and dark backgrounds, and it is drawn for the resolution asked for.
 /// An unknown name gives a null icon.
 QIcon themedIcon(const QString &name);
+
+// What they are made of. One kind of build draws the images from SVG when they are wanted, another
+// has had them drawn while it was built and needs no SVG library.
+
+/// Whether there is an icon of that name.
+bool hasIcon(const QString &name);
+
+/// The icon @p name.
+/// @param size    in pixels of the device
+/// @param colour  what `currentColor` in the icon is
+QImage iconImage(const QString &name, const QSize &size, const QColor &colour);

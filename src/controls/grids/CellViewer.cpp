@@ -1,7 +1,7 @@
 #include "controls/grids/CellViewer.h"
 
-#include "controls/editor/editorFont.h"
-#include "controls/forms/named.h"
+#include "controls/forms/fonts.h"
+#include "controls/forms/formControls.h"
 #include "controls/grids/selectionText.h"
 #include "platform/errorTraps.h"
 

@@ -1,6 +1,6 @@
 #include "controls/grids/ColumnTree.h"
 
-#include "controls/forms/fittingFont.h"
+#include "controls/forms/fonts.h"
 #include "controls/grids/ColumnHeader.h"
 #include "controls/grids/OneLineDelegate.h"
 #include "controls/grids/gridLook.h"

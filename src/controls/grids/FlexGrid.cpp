@@ -1,6 +1,6 @@
 #include "controls/grids/FlexGrid.h"
 
-#include "controls/forms/enterKey.h"
+#include "controls/forms/formControls.h"
 #include "controls/forms/twips.h"
 #include "controls/grids/ColumnHeader.h"
 #include "controls/grids/RecordsetModel.h"

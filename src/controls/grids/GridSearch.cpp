@@ -1,7 +1,6 @@
 #include "controls/grids/GridSearch.h"
 
-#include "controls/forms/enterKey.h"
-#include "controls/forms/named.h"
+#include "controls/forms/formControls.h"
 #include "controls/grids/DataGrid.h"
 #include "controls/grids/RecordsetModel.h"
 #include "platform/errorTraps.h"

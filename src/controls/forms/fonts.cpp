@@ -1,7 +1,9 @@
-#include "controls/editor/editorFont.h"
+#include "controls/forms/fonts.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QFontMetrics>
+#include <QStringList>
 
 #include <algorithm>
 
@@ -14,6 +16,16 @@ constexpr bool choosesOldest = true;
 #else
 constexpr bool choosesOldest = false;
 #endif
+
+constexpr int smallestPixelSize = 9;
+
+int longestWord(const QFontMetrics &metrics, const QString &text)
+{
+    int longest = 0;
+    for (const QString &word : text.split(u' '))
+        longest = std::max(longest, metrics.horizontalAdvance(word));
+    return longest;
+}
 
 } // namespace
 
@@ -38,4 +50,15 @@ int defaultPoints()
     constexpr int smallest = 10;
     const QFontInfo chosen(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     return std::max(chosen.pointSize(), smallest);
+}
+
+QFont fittingFont(const QFont &font, const QString &text, int room)
+{
+    const int needed = longestWord(QFontMetrics(font), text);
+    if (needed == 0 || needed <= room) // there may be less than no room
+        return font;
+    const int usual = QFontInfo(font).pixelSize();
+    QFont smaller = font;
+    smaller.setPixelSize(std::max(usual * room / needed, std::min(usual, smallestPixelSize)));
+    return smaller;
 }

@@ -1,6 +1,4 @@
-#include "platform/flushToDisk.h"
-
-#include <QFile>
+#include "platform/fileAccess.h"
 
 #include <io.h>
 

@@ -1,5 +1,6 @@
-#include "platform/fileErrors.h"
+#include "platform/fileAccess.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -75,4 +76,19 @@ void requireOrdinaryFile(const QString &path)
     if (info.exists() && !info.isFile() && !info.isDir())
         throw RuntimeError(ErrorNumber::PathFileAccessError,
                            path + u" is a device or a pipe and not an ordinary file."_s);
+}
+
+bool shutToOthers(const QString &path)
+{
+    constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                          QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    const QFile::Permissions now = QFile::permissions(path);
+    return !(now & others) || QFile::setPermissions(path, now & ~others);
+}
+
+bool makeOwnerFolder(const QString &path)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QDir().mkdir(path, ownerFile | QFile::ExeOwner);
+    return QFileInfo(path).isDir() && shutToOthers(path);
 }

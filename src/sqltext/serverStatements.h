@@ -3,7 +3,18 @@
 #include <QDateTime>
 #include <QString>
 
-/// The texts that ask a server for an execution plan and read it back from PLAN_TABLE.
+/// The texts that this program makes of a statement and sends in its stead.
+
+// Anonymous blocks that run a statement as dynamic SQL. The statement is a literal there: its
+// quotes are doubled and its line ends reduced to line feeds.
+
+/// The block that Run sends for a data-changing or definition statement.
+QString dmlBlock(const QString &statement);
+
+/// The block that a script sends for each of its statements.
+QString scriptBlock(const QString &statement);
+
+// Texts that ask a server for an execution plan and read it back from PLAN_TABLE.
 
 /// Names one plan: the first 9 characters of the user name, then the date and time.
 QString explainStatementId(const QString &userName, const QDateTime &time);

@@ -1,7 +1,6 @@
-#include "platform/privateSettings.h"
+#include "platform/settings.h"
 
-#include "platform/fileErrors.h"
-#include "platform/ownerOnly.h"
+#include "platform/fileAccess.h"
 
 #include <QFileInfo>
 #include <QSettings>

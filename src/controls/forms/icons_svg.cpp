@@ -1,4 +1,4 @@
-#include "controls/forms/iconImage.h"
+#include "controls/forms/icons.h"
 
 #include <QFile>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "platform/privateSettings.h"
+#include "platform/settings.h"
 
 #include "platform/RuntimeError.h"
 
