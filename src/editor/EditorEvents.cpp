@@ -1,7 +1,7 @@
 #include "editor/EditorEvents.h"
 
 #include "controls/editor/EditorControl.h"
-#include "editor/caretPosition.h"
+#include "platform/numberForms.h"
 
 using namespace Qt::StringLiterals;
 
@@ -98,4 +98,23 @@ int EditorEvents::colourWordAtCaret()
     const int group = keywordGroup(found.word, m_classes.keywordTable);
     colourRange(found.start, found.length, group);
     return group;
+}
+
+qint32 CurrentLine(const EditorControl &txt)
+{
+    return txt.lineFromCharacter(txt.SelStart()) + 1;
+}
+
+qint32 CurrentColumn(const EditorControl &txt)
+{
+    const int start = txt.SelStart();
+    return start + 1 - txt.lineIndex(txt.lineFromCharacter(start));
+}
+
+qint32 caretLineColumn(const EditorControl &txt)
+{
+    constexpr int caretLine = -1;
+    const auto line = checkedCast<qint16>(txt.lineFromCharacter(caretLine) + 1);
+    const auto column = checkedCast<qint16>(txt.SelStart() - txt.lineIndex(caretLine) + 1);
+    return (qint32{line} << 16) | column;
 }

@@ -4,8 +4,8 @@
 #include "dataaccess/RowCells.h"
 #include "platform/ByteBuffer.h"
 #include "platform/FileWriter.h"
-#include "platform/checkedArithmetic.h"
 #include "platform/errorTraps.h"
+#include "platform/numberForms.h"
 #include "platform/textForms.h"
 
 #include <QScopeGuard>
@@ -45,7 +45,7 @@ void appendInsertedValue(RowCells &cells, bool isDate, ByteBuffer &line)
         return;
     }
     cells.skip();
-    line.append(dayMonthYearForm(timestamp->clockTime()).view());
+    appendDayMonthYear(*timestamp, line);
 }
 
 /// Appends insert statements.
@@ -71,6 +71,7 @@ auto insertStatement(const Recordset &recordset, const QString &tableName)
 }
 
 /// Writes a line for every record. @returns how many there were
+/// @throws RuntimeError 6 for one more than a Count can be
 template <typename Count, typename Line>
 Count writeLines(Recordset &recordset, const QString &path, const Line &appendLine)
 {
@@ -80,9 +81,9 @@ Count writeLines(Recordset &recordset, const QString &path, const Line &appendLi
     FileWriter file(path, FileWriter::Mode::Replace);
     RowCells cells;
     ByteBuffer text;
-    Count count{};
+    Count count = 0;
     for (; !recordset.Eof(); recordset.MoveNext()) {
-        ++count;
+        count = checkedCast<Count>(count + 1);
         text.clear();
         cells.takeRow(recordset);
         appendLine(cells, text);
@@ -107,10 +108,10 @@ void writeCommaDelimited(Recordset &recordset, const QString &path)
 
 qint16 writeDelimited(Recordset &recordset, const QString &path, const QString &separator)
 {
-    return writeLines<Int16>(recordset, path, delimitedLine(recordset, separator, u"\t"_s)).value();
+    return writeLines<qint16>(recordset, path, delimitedLine(recordset, separator, u"\t"_s));
 }
 
 qint16 writeInsertStatements(Recordset &recordset, const QString &path, const QString &tableName)
 {
-    return writeLines<Int16>(recordset, path, insertStatement(recordset, tableName)).value();
+    return writeLines<qint16>(recordset, path, insertStatement(recordset, tableName));
 }

@@ -13,7 +13,7 @@ class Recordset;
 /// what was written.
 ///
 /// All raise RuntimeErrors: 3704 for a closed recordset, 3021 for an empty one, those of
-/// fileErrors.h, and 6 for the 32768th record where records are counted in 16 bits.
+/// fileAccess.h, and 6 for the 32768th record where records are counted in 16 bits.
 
 /// Values without their outer blanks, separated by commas; nothing is quoted. A null is a comma
 /// alone, so one in the last field leaves an additional comma at the end of the line. Records are

@@ -6,7 +6,6 @@
 #include "controls/grids/FlexGrid.h"
 #include "controls/grids/OneLineDelegate.h"
 #include "history/historyFile.h"
-#include "platform/checkedArithmetic.h"
 #include "platform/errorTraps.h"
 #include "platform/numberForms.h"
 

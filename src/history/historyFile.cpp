@@ -4,7 +4,6 @@
 #include "platform/ByteBuffer.h"
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
-#include "platform/checkedArithmetic.h"
 #include "platform/fileAccess.h"
 #include "platform/numberForms.h"
 #include "platform/process.h"
@@ -47,74 +46,67 @@ public:
 
     /// Takes the next line, without its line end.
     /// @throws RuntimeError see loadHistory()
-    void takeLine(QByteArrayView line);
+    void takeLine(QByteArrayView line)
+    {
+        const QByteArrayView key = withoutBlanks(line);
+        if (isMarker(key, "SQLTIME"))
+            addRecord();
+        else if (isMarker(key, "SQLEND"))
+            setTime();
+        else
+            addContent(line);
+    }
 
 private:
-    void addContent(QByteArrayView line);
-    void addRecord();
-    void setTime();
-    void clear();
+    void addContent(QByteArrayView line)
+    {
+        m_lineCount = checkedCast<qint16>(m_lineCount + 1);
+        m_lastLine.clear();
+        m_lastLine.append(line);
+        // What no field can hold need not be kept, however large the file is.
+        m_contentTooLong =
+            m_contentTooLong || m_content.size() + line.size() > fieldSize * mostBytesPerUnit;
+        if (m_contentTooLong)
+            return;
+        m_content.append(line);
+        m_content.append("\r\n");
+    }
+
+    void addRecord()
+    {
+        const QString statement = QString::fromLocal8Bit(m_content.view());
+        m_recordSkipped = m_contentTooLong || statement.size() > fieldSize;
+        if (!m_recordSkipped) {
+            m_recordset.AddNew();
+            m_recordset.setValue(0, statement);
+        }
+        clear();
+    }
+
+    void setTime()
+    {
+        if (!m_recordSkipped) {
+            const Timestamp time = textToTimestamp(QString::fromLocal8Bit(m_lastLine.view()));
+            m_recordset.setValue(1, timestampToText(time));
+        }
+        m_lastLine.clear();
+        clear();
+    }
+
+    void clear()
+    {
+        m_content.clear();
+        m_contentTooLong = false;
+        m_lineCount = 0;
+    }
 
     Recordset &m_recordset;
     ByteBuffer m_content; ///< lines since the last marker, each with its line end
     bool m_contentTooLong = false;
     ByteBuffer m_lastLine;
-    Int16 m_lineCount;
+    qint16 m_lineCount = 0;
     bool m_recordSkipped = false;
 };
-
-void HistoryLoader::takeLine(QByteArrayView line)
-{
-    const QByteArrayView key = withoutBlanks(line);
-    if (isMarker(key, "SQLTIME"))
-        addRecord();
-    else if (isMarker(key, "SQLEND"))
-        setTime();
-    else
-        addContent(line);
-}
-
-void HistoryLoader::addContent(QByteArrayView line)
-{
-    ++m_lineCount;
-    m_lastLine.clear();
-    m_lastLine.append(line);
-    // What no field can hold need not be kept, however large the file is.
-    m_contentTooLong =
-        m_contentTooLong || m_content.size() + line.size() > fieldSize * mostBytesPerUnit;
-    if (m_contentTooLong)
-        return;
-    m_content.append(line);
-    m_content.append("\r\n");
-}
-
-void HistoryLoader::addRecord()
-{
-    const QString statement = QString::fromLocal8Bit(m_content.view());
-    m_recordSkipped = m_contentTooLong || statement.size() > fieldSize;
-    if (!m_recordSkipped) {
-        m_recordset.AddNew();
-        m_recordset.setValue(0, statement);
-    }
-    clear();
-}
-
-void HistoryLoader::setTime()
-{
-    if (!m_recordSkipped) {
-        const ClockTime time = textToClockTime(QString::fromLocal8Bit(m_lastLine.view()));
-        m_recordset.setValue(1, dateTimeForm(time).toString());
-    }
-    m_lastLine.clear();
-    clear();
-}
-
-void HistoryLoader::clear()
-{
-    m_content.clear();
-    m_contentTooLong = false;
-    m_lineCount = 0;
-}
 
 } // namespace
 

@@ -1,6 +1,5 @@
 #include "platform/numberForms.h"
 
-#include "platform/RuntimeError.h"
 #include "platform/characterClasses.h"
 
 #include <QLocale>
@@ -9,7 +8,6 @@
 #include <charconv>
 #include <cmath>
 #include <iterator>
-#include <limits>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -61,8 +59,9 @@ private:
     int m_exponent = 0;
 };
 
-void appendDigits(const ScientificDigits &number, ShortText &text)
+void appendDigits(const ScientificDigits &number, ByteBuffer &text)
 {
+    constexpr QByteArrayView zeros = "00000000000000"; // as many as can be needed
     const QByteArrayView digits = number.digits();
     const int exponent = number.exponent();
     const qsizetype decimals = digits.size() - 1 - exponent;
@@ -71,11 +70,11 @@ void appendDigits(const ScientificDigits &number, ShortText &text)
     const qsizetype whole = scientific ? 1 : exponent + 1;
     if (whole <= 0) {
         text.append("0.");
-        text.append(-whole, '0');
+        text.append(zeros.first(-whole));
         text.append(digits);
     } else if (whole >= digits.size()) {
         text.append(digits);
-        text.append(whole - digits.size(), '0');
+        text.append(zeros.first(whole - digits.size()));
     } else {
         text.append(digits.first(whole));
         text.append('.');
@@ -85,9 +84,9 @@ void appendDigits(const ScientificDigits &number, ShortText &text)
         return;
     text.append(exponent < 0 ? "E-" : "E+");
     if (qAbs(exponent) < 100)
-        text.appendTwoDigits(qAbs(exponent));
+        appendTwoDigits(qAbs(exponent), text);
     else
-        text.appendNumber(qAbs(exponent));
+        appendInteger(qAbs(exponent), text);
 }
 
 /// A plain decimal number in its parts, without the zeros that end its fraction.
@@ -121,12 +120,13 @@ std::optional<PlainNumber> plainNumber(QByteArrayView digits)
 
 QString doubleToText(double value)
 {
-    return doubleForm(value).toString();
+    ByteBuffer text;
+    appendDouble(value, text);
+    return QString::fromLatin1(text.view());
 }
 
-ShortText doubleForm(double value)
+void appendDouble(double value, ByteBuffer &text)
 {
-    ShortText text;
     if (value < 0)
         text.append('-');
     if (value == 0)
@@ -135,7 +135,19 @@ ShortText doubleForm(double value)
         appendDigits(ScientificDigits(std::fabs(value)), text);
     else
         text.append(std::isnan(value) ? "NaN" : "Inf");
-    return text;
+}
+
+void appendInteger(std::int64_t number, ByteBuffer &text)
+{
+    constexpr qsizetype mostDigits = 24;
+    char *const begin = text.room(mostDigits);
+    text.added(std::to_chars(begin, begin + mostDigits, number).ptr - begin);
+}
+
+void appendTwoDigits(int number, ByteBuffer &text)
+{
+    text.append(static_cast<char>('0' + number / 10));
+    text.append(static_cast<char>('0' + number % 10));
 }
 
 void appendExactNumber(QByteArrayView digits, ByteBuffer &text)

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/characterClasses.h"
+#include "platform/numberForms.h"
 
 #include <algorithm>
 #include <iterator>
@@ -19,18 +20,16 @@ public:
 
     bool atEnd() const { return m_rest.isEmpty(); }
 
-    /// A number of @p fewest to @p most digits.
-    int number(qsizetype fewest, qsizetype most)
+    /// Reads a number of @p fewest to @p most digits.
+    template <typename Number>
+    void read(Number &number, qsizetype fewest, qsizetype most)
     {
         const auto end = std::find_if_not(m_rest.begin(), m_rest.end(), isDigit);
         const qsizetype length = std::distance(m_rest.begin(), end);
         if (length < fewest || length > most)
             throw RuntimeError(ErrorNumber::TypeMismatch);
-        int value = 0;
-        for (const QChar digit : m_rest.first(length))
-            value = value * 10 + (digit.unicode() - u'0');
+        number = static_cast<Number>(m_rest.first(length).toInt());
         m_rest = m_rest.sliced(length);
-        return value;
     }
 
     void separator(char16_t expected)
@@ -44,29 +43,38 @@ private:
     QStringView m_rest;
 };
 
-void appendYear(int year, ShortText &text)
+void appendYear(int year, ByteBuffer &text)
 {
     if (year < 0)
         text.append('-');
     const int century = qAbs(year) / 100;
     if (century < 100)
-        text.appendTwoDigits(century);
+        appendTwoDigits(century, text);
     else
-        text.appendNumber(century);
-    text.appendTwoDigits(qAbs(year) % 100);
+        appendInteger(century, text);
+    appendTwoDigits(qAbs(year) % 100, text);
 }
 
-void appendTimeOfDay(const ClockTime &clockTime, ShortText &text)
+void appendDate(const Timestamp &date, ByteBuffer &text)
 {
-    text.appendTwoDigits(clockTime.hour);
+    appendInteger(date.month, text);
+    text.append('/');
+    appendInteger(date.day, text);
+    text.append('/');
+    appendYear(date.year, text);
+}
+
+void appendTimeOfDay(const Timestamp &time, ByteBuffer &text)
+{
+    appendTwoDigits(time.hour, text);
     text.append(':');
-    text.appendTwoDigits(clockTime.minute);
+    appendTwoDigits(time.minute, text);
     text.append(':');
-    text.appendTwoDigits(clockTime.second);
-    int fraction = clockTime.nanosecond;
+    appendTwoDigits(time.second, text);
+    quint32 fraction = time.nanosecond;
     if (fraction != 0)
         text.append('.');
-    for (int place = 100'000'000; fraction != 0; fraction %= place, place /= 10)
+    for (quint32 place = 100'000'000; fraction != 0; fraction %= place, place /= 10)
         text.append(static_cast<char>('0' + fraction / place));
 }
 
@@ -79,59 +87,48 @@ QString trimBlanks(QStringView text)
 
 QString dateTimeToText(const QDateTime &dateTime)
 {
-    if (!dateTime.isValid())
-        return {};
-    const QDate date = dateTime.date();
     const QTime time = dateTime.time();
-    return dateTimeForm({.year = date.year(),
-                         .month = date.month(),
-                         .day = date.day(),
-                         .hour = time.hour(),
-                         .minute = time.minute(),
-                         .second = time.second()})
-        .toString();
+    const bool isMidnight = time.hour() == 0 && time.minute() == 0 && time.second() == 0;
+    return dateTime.toString(isMidnight ? u"M/d/yyyy" : u"M/d/yyyy HH:mm:ss");
 }
 
-ShortText dateTimeForm(const ClockTime &clockTime)
+QString timestampToText(const Timestamp &timestamp)
 {
-    ShortText text;
-    text.appendNumber(clockTime.month);
-    text.append('/');
-    text.appendNumber(clockTime.day);
-    text.append('/');
-    appendYear(clockTime.year, text);
-    if (clockTime.hour != 0 || clockTime.minute != 0 || clockTime.second != 0 ||
-        clockTime.nanosecond != 0) {
+    ByteBuffer text;
+    appendTimestamp(timestamp, text);
+    return QString::fromLatin1(text.view());
+}
+
+void appendTimestamp(const Timestamp &timestamp, ByteBuffer &text)
+{
+    const bool hasDate = timestamp.year != 0 || timestamp.month != 0 || timestamp.day != 0;
+    const bool hasTime = timestamp.hour != 0 || timestamp.minute != 0 || timestamp.second != 0 ||
+                         timestamp.nanosecond != 0;
+    if (hasDate)
+        appendDate(timestamp, text);
+    if (hasDate && hasTime)
         text.append(' ');
-        appendTimeOfDay(clockTime, text);
-    }
-    return text;
+    if (hasTime || !hasDate)
+        appendTimeOfDay(timestamp, text);
 }
 
-ShortText timeOfDayForm(const ClockTime &clockTime)
-{
-    ShortText text;
-    appendTimeOfDay(clockTime, text);
-    return text;
-}
-
-ClockTime textToClockTime(QStringView text)
+Timestamp textToTimestamp(QStringView text)
 {
     FieldReader fields(withoutBlanks(text));
-    ClockTime result;
-    result.month = fields.number(1, 2);
+    Timestamp result;
+    fields.read(result.month, 1, 2);
     fields.separator(u'/');
-    result.day = fields.number(1, 2);
+    fields.read(result.day, 1, 2);
     fields.separator(u'/');
-    result.year = fields.number(4, 4);
+    fields.read(result.year, 4, 4);
     if (!fields.atEnd()) {
         fields.separator(u' ');
-        result.hour = fields.number(1, 2);
+        fields.read(result.hour, 1, 2);
         fields.separator(u':');
-        result.minute = fields.number(2, 2);
+        fields.read(result.minute, 2, 2);
         if (!fields.atEnd()) {
             fields.separator(u':');
-            result.second = fields.number(2, 2);
+            fields.read(result.second, 2, 2);
         }
     }
     if (!fields.atEnd() || !QDate::isValid(result.year, result.month, result.day) ||
@@ -140,28 +137,15 @@ ClockTime textToClockTime(QStringView text)
     return result;
 }
 
-ShortText dayMonthYearForm(const ClockTime &date)
+void appendDayMonthYear(const Timestamp &date, ByteBuffer &text)
 {
     static constexpr QByteArrayView months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                 "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    ShortText text;
     if (date.month < 1 || date.month > 12)
-        return text;
-    text.appendTwoDigits(date.day);
+        return;
+    appendTwoDigits(date.day, text);
     text.append('-');
     text.append(months[date.month - 1]);
     text.append('-');
     appendYear(date.year, text);
-    return text;
-}
-
-QString properCase(QStringView text)
-{
-    QString result = text.toString();
-    bool wordStart = true;
-    for (QChar &c : result) {
-        c = wordStart ? c.toUpper() : c.toLower();
-        wordStart = c.isNull() || isWhiteSpace(c);
-    }
-    return result;
 }

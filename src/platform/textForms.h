@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ShortText.h"
+#include "platform/ByteBuffer.h"
 
 #include <QDateTime>
 #include <QString>
@@ -27,32 +27,29 @@ QString trimBlanks(QStringView text);
 /// Fractions of a second are not shown: they are no part of the time of a clock on the wall.
 QString dateTimeToText(const QDateTime &dateTime);
 
-/// A date and a time of day on the clock of whoever reads it. Unlike QDateTime it knows no time
-/// zone: it holds the hours that a change to summer time leaves out, and is cheap where there are
-/// thousands.
-struct ClockTime
+/// A date and a time of day on the clock of whoever reads it, as a data source holds it: no time
+/// zone, so that there are the hours that a change to summer time leaves out. 24:00 does not occur.
+struct Timestamp
 {
-    int year = 0; ///< -32768 to 32767, negative before the common era
-    int month = 0;
-    int day = 0;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    int nanosecond = 0; ///< 0 to 999,999,999
+    qint16 year =
+        0; ///< negative before the common era; 0 with month and day 0: a time of day alone
+    quint8 month = 0;
+    quint8 day = 0;
+    quint8 hour = 0;
+    quint8 minute = 0;
+    quint8 second = 0;
+    quint32 nanosecond = 0; ///< 0 to 999,999,999
+
+    friend bool operator==(const Timestamp &, const Timestamp &) = default;
 };
 /// As dateTimeToText(), but a fraction of a second follows behind a point, without the zeros at its
-/// end.
-ShortText dateTimeForm(const ClockTime &clockTime);
-/// `HH:mm:ss`, with a fraction of a second in the same way.
-ShortText timeOfDayForm(const ClockTime &clockTime);
+/// end. Where there is no date it is the time alone: `HH:mm:ss` and such a fraction.
+QString timestampToText(const Timestamp &timestamp);
+void appendTimestamp(const Timestamp &timestamp, ByteBuffer &text);
 /// Reads what dateTimeToText() writes, blanks around it allowed; seconds may be left out.
 /// @throws RuntimeError 13 (type mismatch) for anything else, impossible days included
-ClockTime textToClockTime(QStringView text);
+Timestamp textToTimestamp(QStringView text);
 
-/// The date as `05-Mar-2024`: two-digit day, English three-letter month, four-digit year. An empty
-/// text where there is no date.
-ShortText dayMonthYearForm(const ClockTime &date);
-
-/// The letter after a character 0, 9 to 13 or 32, and the first one, in upper case; every other
-/// letter in lower case.
-QString properCase(QStringView text);
+/// Appends the date as `05-Mar-2024`: two-digit day, English three-letter month, four-digit year.
+/// Nothing where there is no date.
+void appendDayMonthYear(const Timestamp &date, ByteBuffer &text);

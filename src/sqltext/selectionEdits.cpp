@@ -1,5 +1,6 @@
 #include "sqltext/selectionEdits.h"
 
+#include "platform/characterClasses.h"
 #include "sqltext/Occurrences.h"
 
 #include <algorithm>
@@ -35,6 +36,17 @@ QString upperCase(const QString &text)
 QString lowerCase(const QString &text)
 {
     return piecewise(text, [](const QString &piece) { return piece.toLower(); });
+}
+
+QString properCase(const QString &text)
+{
+    QString result = text;
+    bool wordStart = true;
+    for (QChar &c : result) {
+        c = wordStart ? c.toUpper() : c.toLower();
+        wordStart = c.isNull() || isWhiteSpace(c);
+    }
+    return result;
 }
 
 QString commentLines(const QString &text)

@@ -1,6 +1,7 @@
 #include "dataaccess/rows/NumberKey.h"
 
 #include "dataaccess/rows/packedCells.h"
+#include "platform/characterClasses.h"
 
 #include <algorithm>
 #include <charconv>
@@ -9,11 +10,6 @@
 namespace {
 
 constexpr int largestExponent = 0x3FFE;
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 } // namespace
 

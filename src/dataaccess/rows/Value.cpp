@@ -2,31 +2,9 @@
 
 #include "dataaccess/rows/RowWriter.h"
 #include "dataaccess/rows/packedCells.h"
-#include "platform/RuntimeError.h"
-#include "platform/checkedArithmetic.h"
 #include "platform/numberForms.h"
-#include "platform/textForms.h"
 
 #include <QStringDecoder>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-template <typename... Alternatives>
-struct Overloaded : Alternatives...
-{
-    using Alternatives::operator()...;
-};
-template <typename... Alternatives>
-Overloaded(Alternatives...) -> Overloaded<Alternatives...>;
-
-[[noreturn]] qint32 typeMismatch()
-{
-    throw RuntimeError(ErrorNumber::TypeMismatch);
-}
-
-} // namespace
 
 bool Value::isNumber() const
 {
@@ -47,26 +25,15 @@ QString Value::toText() const
 
 qint32 Value::toInteger() const
 {
-    return std::visit(
-        Overloaded{
-            [](EmptyValue) { return 0; },
-            [](NullValue) -> qint32 { throw RuntimeError(ErrorNumber::InvalidUseOfNull); },
-            [](bool value) { return value ? -1 : 0; },
-            [](std::int64_t value) { return checkedCast<qint32>(value); },
-            [](double value) { return roundedInteger(value); },
-            [](const ExactNumber &value) { return textToInteger(value.digits); },
-            [](const QString &value) { return textToInteger(value); },
-            [](const Timestamp &) { return typeMismatch(); },
-            [](const QByteArray &) { return typeMismatch(); },
-        },
-        m_value);
-}
-
-ShortText timestampForm(const Timestamp &timestamp)
-{
-    const bool hasDate = timestamp.year != 0 || timestamp.month != 0 || timestamp.day != 0;
-    const ClockTime clockTime = timestamp.clockTime();
-    return hasDate ? dateTimeForm(clockTime) : timeOfDayForm(clockTime);
+    if (isNull())
+        throw RuntimeError(ErrorNumber::InvalidUseOfNull);
+    if (std::holds_alternative<QByteArray>(m_value))
+        throw RuntimeError(ErrorNumber::TypeMismatch);
+    if (const auto *truth = std::get_if<bool>(&m_value))
+        return *truth ? -1 : 0;
+    if (const auto *number = std::get_if<double>(&m_value))
+        return roundedInteger(*number);
+    return isEmpty() ? 0 : textToInteger(toText());
 }
 
 QString textFromUtf8(QByteArrayView text)

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 #include <variant>
 
@@ -28,25 +29,12 @@ struct ExactNumber
     friend bool operator==(const ExactNumber &, const ExactNumber &) = default;
 };
 
-/// A point in time as a data source holds it: no time zone, nanoseconds kept.
-/// 24:00 does not occur.
-struct Timestamp
-{
-    qint16 year =
-        0; ///< negative before the common era; 0 with month 0 and day 0: a time of day alone
-    quint8 month = 0;
-    quint8 day = 0;
-    quint8 hour = 0;
-    quint8 minute = 0;
-    quint8 second = 0;
-    quint32 nanosecond = 0; ///< 0 to 999,999,999
-
-    ClockTime clockTime() const
-    {
-        return {year, month, day, hour, minute, second, static_cast<int>(nanosecond)};
-    }
-    friend bool operator==(const Timestamp &, const Timestamp &) = default;
-};
+/// Whether a variant has an alternative of just that type.
+template <typename Type, typename Variant>
+inline constexpr bool isAlternative = false;
+template <typename Type, typename... Alternatives>
+inline constexpr bool isAlternative<Type, std::variant<Alternatives...>> =
+    (std::is_same_v<Type, Alternatives> || ...);
 
 /// One value of a recordset's field or a command's parameter.
 class Value
@@ -56,44 +44,16 @@ public:
                                  Timestamp, QString, QByteArray>;
 
     Value() = default;
-    Value(EmptyValue) {}
-    Value(NullValue null)
-        : m_value(null)
-    {
-    }
-    Value(bool value)
-        : m_value(value)
+    /// A value of exactly one of those types: no pointer is to become a truth value.
+    template <typename Type>
+    requires isAlternative<Type, Variant> Value(Type value)
+        : m_value(std::move(value))
     {
     }
     Value(int value)
         : m_value(std::int64_t{value})
     {
     }
-    Value(std::int64_t value)
-        : m_value(value)
-    {
-    }
-    Value(double value)
-        : m_value(value)
-    {
-    }
-    Value(ExactNumber value)
-        : m_value(std::move(value))
-    {
-    }
-    Value(Timestamp value)
-        : m_value(value)
-    {
-    }
-    Value(QString value)
-        : m_value(std::move(value))
-    {
-    }
-    Value(QByteArray value)
-        : m_value(std::move(value))
-    {
-    }
-    Value(const void *) = delete; // no pointer is to become a truth value
 
     bool isEmpty() const { return std::holds_alternative<EmptyValue>(m_value); }
     bool isNull() const { return std::holds_alternative<NullValue>(m_value); }
@@ -113,10 +73,6 @@ public:
 private:
     Variant m_value;
 };
-
-/// The text form of a point in time: that of dateTimeForm(), or of timeOfDayForm() where there is
-/// no date.
-ShortText timestampForm(const Timestamp &timestamp);
 
 /// A data source's text in UTF-8, whole: a byte order mark or a zero in it is a character of it.
 QString textFromUtf8(QByteArrayView text);

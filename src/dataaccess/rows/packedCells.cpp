@@ -3,7 +3,6 @@
 #include "platform/numberForms.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstring>
 #include <iterator>
 
@@ -155,14 +154,12 @@ void appendForm(const char *cell, ByteBuffer &text)
     if (tag >= CellShortDigits || tag == CellDigits) {
         appendExactNumber(DigitCharacters(cell).view(), text);
     } else if (tag >= CellInteger && tag <= CellInteger + 8) {
-        constexpr qsizetype mostDigits = 24;
-        char *const begin = text.room(mostDigits);
-        text.added(std::to_chars(begin, begin + mostDigits, readInteger(cell)).ptr - begin);
+        appendInteger(readInteger(cell), text);
     } else if (tag >= CellDate && tag <= CellTimestamp) {
-        text.append(timestampForm(readTimestamp(cell)).view());
+        appendTimestamp(readTimestamp(cell), text);
     } else if (tag == CellDouble) {
         const char *at = cell + 1;
-        text.append(doubleForm(readNumber<double>(at)).view());
+        appendDouble(readNumber<double>(at), text);
     } else if (tag == CellTrue || tag == CellFalse) {
         text.append(tag == CellTrue ? QByteArrayView("True") : QByteArrayView("False"));
     }
