@@ -4,22 +4,13 @@
 #include "platform/errorTraps.h"
 #include "platform/textForms.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Letter by letter, so that positions stay what they are.
-QString inUpperCase(QString text)
-{
-    std::transform(text.cbegin(), text.cend(), text.begin(), [](QChar c) { return c.toUpper(); });
-    return text;
-}
-
 void readItem(const QString &commandLine, QLatin1StringView key, QString &value)
 {
-    const qsizetype found = inUpperCase(commandLine).indexOf(key);
+    const qsizetype found = commandLine.indexOf(key, 0, Qt::CaseInsensitive);
     if (found < 0)
         return;
     const qsizetype begin = found + key.size() + 1;

@@ -11,6 +11,7 @@
 #include "platform/errorTraps.h"
 #include "platform/settings.h"
 
+#include <QButtonGroup>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -94,38 +95,37 @@ void frmQuernaLogin::createEntries()
 void frmQuernaLogin::createOptions()
 {
     const auto makeGroup = [this](const QString &name, const QString &caption) {
-        auto *group = new QGroupBox(caption);
-        group->setObjectName(name);
-        new QVBoxLayout(group);
-        layout()->addWidget(group);
-        return group;
+        auto *frame = named(new QGroupBox(caption), name);
+        new QVBoxLayout(frame);
+        layout()->addWidget(frame);
+        return new QButtonGroup(frame);
     };
-    const auto addOption = [](QGroupBox *group, const QString &name, const QString &caption,
-                              Qt::Key key, const QString &toolTip) {
+    const auto addOption = [](QButtonGroup *group, int code, const QString &name,
+                              const QString &caption, Qt::Key key, const QString &toolTip) {
         auto *option = withAccessKey(named(new QRadioButton(caption), name), key);
         option->setToolTip(toolTip);
-        group->layout()->addWidget(option);
-        return option;
+        static_cast<QWidget *>(group->parent())->layout()->addWidget(option);
+        group->addButton(option, code);
     };
 
     const QString tnsAbove = u"Specify TNS Name in the Database box above"_s;
-    auto *drivers = makeGroup(u"Frame1"_s, u"Select Connection Driver"_s);
-    m_optPrefConn = {
-        addOption(drivers, u"optPrefConn_0"_s, u"Microsoft OLEDB Driver for Oracle"_s, Qt::Key_M,
-                  tnsAbove),
-        addOption(drivers, u"optPrefConn_1"_s, u"Oracle OLEDB Driver for Oracle"_s, Qt::Key_R,
-                  tnsAbove),
-        addOption(drivers, u"optPrefConn_2"_s, u"ODBC DSN Connection"_s, Qt::Key_B, {})};
+    m_optPrefConn = makeGroup(u"Frame1"_s, u"Select Connection Driver"_s);
+    addOption(m_optPrefConn, LoginDriver::MicrosoftOleDb, u"optPrefConn_0"_s,
+              u"Microsoft OLEDB Driver for Oracle"_s, Qt::Key_M, tnsAbove);
+    addOption(m_optPrefConn, LoginDriver::OracleOleDb, u"optPrefConn_1"_s,
+              u"Oracle OLEDB Driver for Oracle"_s, Qt::Key_R, tnsAbove);
+    addOption(m_optPrefConn, LoginDriver::OdbcDataSource, u"optPrefConn_2"_s,
+              u"ODBC DSN Connection"_s, Qt::Key_B, {});
 
     const QString dsnAbove = u"Specify ODBC DSN in Database box above"_s;
-    auto *privileges = makeGroup(u"Frame2"_s, u"SYS Privileges"_s);
-    m_optSYS = {
-        addOption(privileges, u"optSYS_0"_s, u"Normal (No SYS Privileges)"_s, Qt::Key_N, {}),
-        addOption(privileges, u"optSYS_1"_s, u"Connect as SYSDBA"_s, Qt::Key_S, dsnAbove),
-        addOption(privileges, u"optSYS_2"_s, u"Connect as SYSOPER"_s, Qt::Key_Y, dsnAbove)};
-    for (int i = 0; i < 3; ++i)
-        connect(m_optSYS[static_cast<size_t>(i)], &QRadioButton::clicked, this,
-                [this, i] { optSYS_Click(i); });
+    m_optSYS = makeGroup(u"Frame2"_s, u"SYS Privileges"_s);
+    addOption(m_optSYS, LoginPrivilege::Normal, u"optSYS_0"_s, u"Normal (No SYS Privileges)"_s,
+              Qt::Key_N, {});
+    addOption(m_optSYS, LoginPrivilege::Sysdba, u"optSYS_1"_s, u"Connect as SYSDBA"_s, Qt::Key_S,
+              dsnAbove);
+    addOption(m_optSYS, LoginPrivilege::Sysoper, u"optSYS_2"_s, u"Connect as SYSOPER"_s, Qt::Key_Y,
+              dsnAbove);
+    connect(m_optSYS, &QButtonGroup::idClicked, this, &frmQuernaLogin::optSYS_Click);
 }
 
 /// What the chosen driver may find by name.
@@ -133,7 +133,7 @@ QStringList frmQuernaLogin::databases() const
 {
     QStringList names;
     ignoreErrors([&] {
-        const bool isDsn = checkedIndex(m_optPrefConn) == LoginDriver::OdbcDataSource;
+        const bool isDsn = m_optPrefConn->checkedId() == LoginDriver::OdbcDataSource;
         names = isDsn ? dataSources() : tnsAliases();
     });
     names.sort(Qt::CaseInsensitive);
@@ -153,20 +153,10 @@ bool frmQuernaLogin::Form_Load()
     loadEntry(*m_txtUserName, u"Login"_s, u"system"_s);
     loadEntry(*m_txtPassword, u"Password"_s, u"lantern"_s);
     loadEntry(*m_txtDb, u"Database"_s, u"dwh"_s);
-    m_optSYS[0]->setChecked(true);
-    optSYS_Click(0);
+    m_optSYS->button(LoginPrivilege::Normal)->setChecked(true);
+    optSYS_Click(LoginPrivilege::Normal);
     m_txtUserName->setFocus();
     return true;
-}
-
-qint16 frmQuernaLogin::checkedIndex(const std::array<QRadioButton *, 3> &options)
-{
-    qint16 checked = 0;
-    for (size_t i = 0; i < options.size(); ++i) {
-        if (options[i]->isChecked())
-            checked = static_cast<qint16>(i);
-    }
-    return checked;
 }
 
 void frmQuernaLogin::takeNames()
@@ -175,12 +165,13 @@ void frmQuernaLogin::takeNames()
     gTnsName = m_txtDb->text();
 }
 
-void frmQuernaLogin::optSYS_Click(int index)
+void frmQuernaLogin::optSYS_Click(int privilege)
 {
-    const bool privileged = index != 0;
-    m_optPrefConn[0]->setDisabled(privileged);
-    m_optPrefConn[1]->setDisabled(privileged);
-    m_optPrefConn[privileged ? 2 : 0]->setChecked(true);
+    const bool privileged = privilege != LoginPrivilege::Normal;
+    for (const int driver : {LoginDriver::MicrosoftOleDb, LoginDriver::OracleOleDb})
+        m_optPrefConn->button(driver)->setDisabled(privileged);
+    m_optPrefConn->button(privileged ? LoginDriver::OdbcDataSource : LoginDriver::MicrosoftOleDb)
+        ->setChecked(true);
 }
 
 void frmQuernaLogin::cmdOK_Click()
@@ -197,8 +188,8 @@ void frmQuernaLogin::cmdOK_Click()
         bool connected = false;
         QString connectionString;
         connectDb(m_txtUserName->text(), m_txtPassword->text(), m_txtDb->text(), connected,
-                  gConnection, checkedIndex(m_optPrefConn), checkedIndex(m_optSYS),
-                  connectionString);
+                  gConnection, static_cast<qint16>(m_optPrefConn->checkedId()),
+                  static_cast<qint16>(m_optSYS->checkedId()), connectionString);
     });
     // The entries are kept even when the log-on failed, so that they can be mended next time.
     keepSetting(u"Login"_s, m_txtUserName->text());

@@ -2,10 +2,8 @@
 
 #include "controls/forms/FormDialog.h"
 
-#include <array>
-
+class QButtonGroup;
 class QLineEdit;
-class QRadioButton;
 
 /// Asks for user name, password, database, driver and SYS privilege, and (re)opens the process's
 /// one connection with them. The entries are kept in the per-user settings.
@@ -23,7 +21,7 @@ signals:
     void loggedOn();
 
 public slots:
-    void optSYS_Click(int index);
+    void optSYS_Click(int privilege);
     void cmdOK_Click();
     void cmdCancel_Click();
 
@@ -37,11 +35,10 @@ private:
     QStringList databases() const;
     /// The entries become the session's names.
     void takeNames();
-    static qint16 checkedIndex(const std::array<QRadioButton *, 3> &options);
 
     QLineEdit *m_txtUserName = nullptr;
     QLineEdit *m_txtPassword = nullptr;
     QLineEdit *m_txtDb = nullptr;
-    std::array<QRadioButton *, 3> m_optPrefConn{};
-    std::array<QRadioButton *, 3> m_optSYS{};
+    QButtonGroup *m_optPrefConn = nullptr; ///< by the driver's code
+    QButtonGroup *m_optSYS = nullptr;      ///< by the privilege's
 };

@@ -181,11 +181,6 @@ ObjectStateEnum Recordset::State() const
     return isOpen() ? adStateOpen : adStateClosed;
 }
 
-bool Recordset::Bof() const
-{
-    return Eof() && (isForwardOnly() ? !m_hasMoved : m_position == 0);
-}
-
 bool Recordset::Eof() const
 {
     requireOpen();
@@ -281,12 +276,6 @@ void Recordset::setValue(int field, const Value &value)
     if (!rows.isEdited(m_position))
         throw RuntimeError(ErrorNumber::FeatureNotAvailable);
     rows.setValue(field, asFieldValue(info, value));
-}
-
-void Recordset::setValue(const QString &name, const Value &value)
-{
-    requireOpen();
-    setValue(fieldIndex(name), value);
 }
 
 void Recordset::AddNew()

@@ -59,8 +59,6 @@ public:
     void Close();
     ObjectStateEnum State() const;
 
-    /// True for a set without rows alone: nothing here moves before the first row.
-    bool Bof() const;
     bool Eof() const;
     /// Rows of a client-side table; -1 for a forward-only reader.
     qint64 RecordCount() const;
@@ -85,7 +83,6 @@ public:
     /// @throws RuntimeError 3251 for any other row, 3021, 3265, -2147217887 when a text is longer
     ///         than the field's defined size; the field then keeps its value
     void setValue(int field, const Value &value);
-    void setValue(const QString &name, const Value &value);
 
     /// Adds a row of empty values and makes it current. The next move or addition keeps it.
     /// @throws RuntimeError 3251 unless the table was built in memory

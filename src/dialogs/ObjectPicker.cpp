@@ -100,10 +100,10 @@ void ObjectPicker::setExtUnameTns(QString &extUname, QString &extTns) const
     extTns = m_tnsName;
 }
 
-void ObjectPicker::setUserPwd(const QString &usr, const QString &passwd, const QString &tnsname)
+void ObjectPicker::setUserPwd(const QString &usr, const QString & /*passwd*/,
+                              const QString &tnsname)
 {
     m_userName = usr;
-    m_password = passwd;
     m_tnsName = tnsname;
 }
 

@@ -71,7 +71,6 @@ private:
     QFormLayout *m_combos;
     std::shared_ptr<Connection> m_connection;
     QString m_userName;
-    QString m_password;
     QString m_tnsName;
     EditorTarget m_target;
 };

@@ -121,15 +121,15 @@ void ToolbarCommands::dispatch(int index)
     case 5:
         return chooseBackground();
     case 6:
-        return commit();
+        return endTransaction(&Connection::CommitTrans, u"Committed"_s);
     case 7:
-        return rollback();
+        return endTransaction(&Connection::RollbackTrans, u"Rolled back"_s);
     case 8:
         return changeSelection(editor, upperCase);
     case 9:
         return changeSelection(editor, lowerCase);
     case 10:
-        return changeSelection(editor, [](const QString &text) { return properCase(text); });
+        return changeSelection(editor, properCase);
     case 11:
         return changeSelection(editor, commentLines);
     case 12:
@@ -188,20 +188,12 @@ void ToolbarCommands::chooseBackground()
     });
 }
 
-void ToolbarCommands::commit()
+void ToolbarCommands::endTransaction(void (Connection::*end)(), const QString &information)
 {
     const std::shared_ptr<Connection> connection = requireConnection();
-    connection->CommitTrans();
+    (*connection.*end)();
     connection->BeginTrans();
-    m_controls.showInformation(u"Committed"_s);
-}
-
-void ToolbarCommands::rollback()
-{
-    const std::shared_ptr<Connection> connection = requireConnection();
-    connection->RollbackTrans();
-    connection->BeginTrans();
-    m_controls.showInformation(u"Rolled back"_s);
+    m_controls.showInformation(information);
 }
 
 template <typename Picker>

@@ -2,6 +2,7 @@
 
 #include "controls/forms/toolBarButtons.h"
 
+class Connection;
 class ResultPaging;
 class frmQuerna;
 struct WindowControls;
@@ -31,8 +32,7 @@ private:
     void runScript();
     void exportData();
     void chooseBackground();
-    void commit();
-    void rollback();
+    void endTransaction(void (Connection::*end)(), const QString &information);
     template <typename Picker>
     void pickObject();
     void recallHistory();

@@ -154,25 +154,24 @@ void WindowControls::place(const PaneLayout &panes, int width, int height)
     const int margin = pixelsFromTwips(pageMarginTwips);
     const int barHeight = tbrQuerna->sizeHint().height();
     tbrQuerna->setGeometry(0, 0, width, barHeight);
-    txtSQL->setGeometry(left, barHeight, pixelsFromTwips(panes.editorWidth),
+    txtSQL->setGeometry(left, barHeight, pixelsFromTwips(panes.width),
                         pixelsFromTwips(panes.editorHeight));
-    tbSql->setGeometry(left, pixelsFromTwips(panes.tabTop), pixelsFromTwips(panes.tabWidth),
+    tbSql->setGeometry(left, pixelsFromTwips(panes.tabTop), pixelsFromTwips(panes.width),
                        pixelsFromTwips(panes.tabHeight));
 
+    const int pageWidth = pixelsFromTwips(panes.pageWidth);
     const int pagingHeight = Toolbar1->sizeHint().height();
-    Toolbar1->setGeometry(0, 0, pixelsFromTwips(panes.gridWidth), pagingHeight);
-    SqlDataGrid->setGeometry(margin, pagingHeight, pixelsFromTwips(panes.gridWidth) - margin,
+    Toolbar1->setGeometry(0, 0, pageWidth, pagingHeight);
+    SqlDataGrid->setGeometry(margin, pagingHeight, pageWidth - margin,
                              pixelsFromTwips(panes.gridHeight));
 
-    tvwColumns->setGeometry(margin, margin, pixelsFromTwips(panes.planWidth) - margin,
-                            pixelsFromTwips(panes.planHeight));
+    tvwColumns->setGeometry(margin, margin, pageWidth - margin, pixelsFromTwips(panes.planHeight));
 
     const int boxHeight = txtBufferSize->sizeHint().height();
     const int labelWidth = lblBufferSize->sizeHint().width();
     lblBufferSize->setGeometry(2 * margin, margin, labelWidth, boxHeight);
     txtBufferSize->setGeometry(labelWidth + 4 * margin, margin, 100, boxHeight);
-    rtbdbms->setGeometry(margin, boxHeight + 2 * margin,
-                         pixelsFromTwips(panes.outputWidth) - margin,
+    rtbdbms->setGeometry(margin, boxHeight + 2 * margin, pageWidth - margin,
                          pixelsFromTwips(panes.outputHeight));
 
     const int statusHeight = pixelsFromTwips(statusHeightTwips);

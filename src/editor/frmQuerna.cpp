@@ -276,12 +276,10 @@ void frmQuerna::resizeEvent(QResizeEvent *event)
 void frmQuerna::layoutPanes()
 {
     m_splitRatio = boundedSplitRatio(m_splitRatio);
-    const int toolbarHeight = twipsFromPixels(m_controls.tbrQuerna->sizeHint().height());
     WindowMeasures window;
     window.innerWidth = twipsFromPixels(width());
     window.innerHeight = twipsFromPixels(height());
-    window.editorTop = toolbarHeight;
-    window.toolbarHeight = toolbarHeight;
+    window.toolbarHeight = twipsFromPixels(m_controls.tbrQuerna->sizeHint().height());
     m_controls.place(::layoutPanes(m_splitRatio, window), width(), height());
 }
 

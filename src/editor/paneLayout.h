@@ -3,17 +3,14 @@
 /// Sizes of an editor window's panes, all in twips.
 struct PaneLayout
 {
+    int width = 0; ///< of the editor and the tabs
     int editorHeight = 0;
-    int editorWidth = 0;
     int tabTop = 0;
     int tabHeight = 0;
-    int tabWidth = 0;
+    int pageWidth = 0; ///< of what the tabs show
     int gridHeight = 0;
-    int gridWidth = 0;
     int planHeight = 0;
-    int planWidth = 0;
     int outputHeight = 0;
-    int outputWidth = 0;
 };
 
 /// What the panes are laid out in, in twips.
@@ -21,8 +18,7 @@ struct WindowMeasures
 {
     int innerWidth = 0;
     int innerHeight = 0;
-    int editorTop = 0;
-    int toolbarHeight = 0;
+    int toolbarHeight = 0; ///< above the editor
 };
 
 /// A window smaller than this, either way, keeps the layout that it has. In twips.

@@ -50,12 +50,6 @@ char upper(char byte)
     return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - ('a' - 'A')) : byte;
 }
 
-template <typename Test>
-const char *skipWhile(const char *at, const char *end, Test test)
-{
-    return std::find_if_not(at, end, test);
-}
-
 /// Whether the text at @p at is @p mark, whose letters stand for both cases.
 bool startsWith(const char *at, const char *end, const QByteArray &mark)
 {
@@ -137,7 +131,7 @@ ColourTokenizer::Token ColourTokenizer::next(const char *at, const char *end, St
     switch (classOf(*at)) {
     case ByteClass::Blank:
     case ByteClass::LineEnd:
-        return token(TextKind::Blank, at, skipWhile(at, end, [](char byte) {
+        return token(TextKind::Blank, at, std::find_if_not(at, end, [](char byte) {
                          return classOf(byte) == ByteClass::Blank ||
                                 classOf(byte) == ByteClass::LineEnd;
                      }));
@@ -168,7 +162,7 @@ ColourTokenizer::Token ColourTokenizer::inside(const Delimiter &delimiter, State
 
 ColourTokenizer::Token ColourTokenizer::word(const char *at, const char *end) const
 {
-    const char *past = skipWhile(at, end, isWordByte);
+    const char *past = std::find_if_not(at, end, isWordByte);
     if (past - at > longestWord)
         return token(TextKind::Name, at, past);
     std::array<char, longestWord> letters;
@@ -190,15 +184,15 @@ ColourTokenizer::Token ColourTokenizer::word(const char *at, const char *end) co
 ColourTokenizer::Token ColourTokenizer::number(const char *at, const char *end) const
 {
     const auto isDigit = [](char byte) { return classOf(byte) == ByteClass::Digit; };
-    const char *past = skipWhile(at, end, isDigit);
+    const char *past = std::find_if_not(at, end, isDigit);
     if (past != end && *past == '.')
-        past = skipWhile(past + 1, end, isDigit);
+        past = std::find_if_not(past + 1, end, isDigit);
     if (past != end && upper(*past) == 'E') {
         const char *exponent = past + 1;
         if (exponent != end && (*exponent == '+' || *exponent == '-'))
             ++exponent;
         if (exponent != end && isDigit(*exponent))
-            past = skipWhile(exponent, end, isDigit);
+            past = std::find_if_not(exponent, end, isDigit);
     }
     return token(TextKind::Number, at, past);
 }

@@ -30,7 +30,6 @@ public:
     }
 
     bool isEmpty() const { return m_words.isEmpty() || m_words.first().startsWith(u'#'); }
-    qsizetype number() const { return m_number; }
     QString keyword() const { return m_words.first(); }
     QStringList values() const { return m_words.mid(1); }
 
@@ -122,18 +121,13 @@ void readLook(const DefinitionLine &line, SyntaxDefinition &definition)
     definition.looks[static_cast<std::size_t>(*kind)] = look;
 }
 
-void readName(const DefinitionLine &line, SyntaxDefinition &definition)
-{
-    line.expectValues(1, 1);
-    definition.name = line.values().first();
-}
-
 void readLine(const DefinitionLine &line, SyntaxDefinition &definition)
 {
     if (definition.name.isEmpty()) {
         if (line.keyword() != u"syntax")
             line.refuse(u"the first line has to be \"syntax\" with a name"_s);
-        readName(line, definition);
+        line.expectValues(1, 1);
+        definition.name = line.values().first();
     } else if (line.keyword() == u"look") {
         readLook(line, definition);
     } else if (!readDelimiter(line, definition)) {

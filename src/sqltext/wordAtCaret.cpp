@@ -35,16 +35,13 @@ KeyClass keyClass(int keyCode, int shift)
     }
 }
 
-int caretOffset(KeyClass lastKey)
-{
-    return lastKey == KeyClass::Other ? 0 : 1;
-}
-
 WordAtCaret wordAtCaret(QStringView text, int caret, KeyClass lastKey)
 {
     // Positions count from 1 here; 0 is the place before the text.
     const auto size = static_cast<int>(text.size());
-    const int from = std::max(1, caret + 1 - caretOffset(lastKey));
+    // The kinds that are told apart have just put in or taken out the character before the caret.
+    const int offset = lastKey == KeyClass::Other ? 0 : 1;
+    const int from = std::max(1, caret + 1 - offset);
     int end = from;
     while (end <= size && !isSeparator(text[end - 1]))
         ++end;

@@ -24,10 +24,6 @@ enum class KeyClass {
 /// @param shift    1 Shift + 2 Ctrl + 4 Alt
 KeyClass keyClass(int keyCode, int shift);
 
-/// How many characters before the caret the word to colour is looked for: 1 after a key that has
-/// just put in or taken out the character before the caret, 0 otherwise.
-int caretOffset(KeyClass lastKey);
-
 /// A word of the text; @p start is 1-based. An empty word has length 0.
 struct WordAtCaret
 {

@@ -78,18 +78,17 @@ void tst_recordset::whileClosed()
 void tst_recordset::movesThroughRows()
 {
     const auto table = makeSingle();
-    QVERIFY(table->Bof() && table->Eof());
+    QVERIFY(table->Eof());
     QCOMPARE(raisedError([&] { table->MoveNext(); }), 3021);
     QCOMPARE(raisedError([&] { table->MoveFirst(); }), 3021);
     QCOMPARE(raisedError([&] { table->value(0); }), 3021);
 
     table->AddNew();
     QVERIFY(table->value(0).isEmpty());
-    table->setValue(u"v"_s, 1);
+    table->setValue(0, 1);
     add(*table, 2);
     table->MoveNext();
     QVERIFY(table->Eof());
-    QVERIFY(!table->Bof());
     QCOMPARE(raisedError([&] { table->MoveNext(); }), 3021);
     table->MoveFirst();
     QCOMPARE(raisedError([&] { table->setValue(0, 3); }), 3251); // it was left
