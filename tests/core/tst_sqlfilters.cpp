@@ -70,48 +70,11 @@ class tst_SqlFilters : public QObject
     Q_OBJECT
 
 private slots:
-    void comments_data();
-    void comments();
     void commentsOfRandomTexts();
     void texts_data();
     void texts() { compareTextRow(); }
-    void statementIdFitsThePlanTable();
     void groupEndsAtItsFirstEmptyEntry();
 };
-
-void tst_SqlFilters::comments_data()
-{
-    const DataRows<QString, QString> row("text", "stripped");
-    row("empty", u""_s, u""_s);
-    row("no comment", u"select 'a' /* b */\r\nfrom dual"_s, u"select 'a' /* b */\r\nfrom dual"_s);
-    row("to the end of the text", u"select 1 from dual -- note"_s, u"select 1 from dual "_s);
-    row("pair keeps its line feed", u"select 1\r\n-- c\r\nfrom dual"_s,
-        u"select 1\r\n\nfrom dual"_s);
-    row("lone line feed goes", u"a -- c\nb"_s, u"a b"_s);
-    row("lone carriage return goes", u"a -- c\rb"_s, u"a b"_s);
-    row("a far pair counts before a near line feed", u"a -- c\nb\nc\r\nd"_s, u"a \nd"_s);
-    row("a far return counts before a near line feed", u"a -- c\nb\rc"_s, u"a c"_s);
-    row("block comment", u"/* -- */ x"_s, u"/* -- */ x"_s);
-    row("behind a block comment", u"/* a */ x -- y"_s, u"/* a */ x "_s);
-    row("block comment without end", u"/* a -- b"_s, u"/* a "_s);
-    row("paired by index", u"*/ /* -- b */"_s, u"*/ /* "_s);
-    row("nested openings", u"/* /* -- */ -- */ -- x"_s, u"/* /* -- */ -- */ "_s);
-    row("quoted on the first line", u"select '--' from dual"_s, u"select '"_s);
-    row("quoted on a later line", u"\nx = 'a--b' y"_s, u"\nx = 'aa--b' y"_s);
-    row("between two literals", u"\n'a' -- 'b' c"_s, u"\n'a'  -- 'b' c"_s);
-    row("quotes on two lines", u"\n'a --\nb' c"_s, u"\n'a b' c"_s);
-    row("used pair ends a literal", u"\n'--' --x"_s, u"\n'--' "_s);
-    row("two literals", u"\n'--' '--'"_s, u"\n'--' '--'"_s);
-    row("odd dashes", u"a --- b"_s, u"a "_s);
-    row("text ends with a line feed", u"\n'a--b'\n"_s, u"\n'aa--b'\n"_s);
-}
-
-void tst_SqlFilters::comments()
-{
-    QFETCH(QString, text);
-    QTEST(stripComments(text), "stripped");
-    QTEST(literallyStripped(text), "stripped");
-}
 
 void tst_SqlFilters::commentsOfRandomTexts()
 {
@@ -128,6 +91,21 @@ void tst_SqlFilters::commentsOfRandomTexts()
 void tst_SqlFilters::texts_data()
 {
     addTextColumns();
+    const QString comments =
+        u"→|select 'a' /* b */\r\nfrom dual→select 'a' /* b */\r\nfrom dual|select 1 from dual -- "
+        u"note→select 1 from dual |"
+        // Line ends: a pair keeps its line feed, and counts before others that are nearer.
+        "select 1\r\n-- c\r\nfrom dual→select 1\r\n\nfrom dual|a -- c\nb|a -- c\rb→a b|"
+        "a -- c\nb\nc\r\nd→a \nd|a -- c\nb\rc→a c|"
+        // Block comments, paired by index.
+        "/* -- */ x→/* -- */ x|/* a */ x -- y→/* a */ x |/* a -- b→/* a |*/ /* -- b */→*/ /* |"
+        "/* /* -- */ -- */ -- x→/* /* -- */ -- */ |"
+        // Quotes, of which those on the first line do not count.
+        "select '--' from dual→select '|\nx = 'a--b' y→\nx = 'aa--b' y|"
+        "\n'a' -- 'b' c→\n'a'  -- 'b' c|\n'a --\nb' c→\n'a b' c|\n'--' --x→\n'--' |"
+        "\n'--' '--'→\n'--' '--'|\n'a--b'\n→\n'aa--b'\n|a --- b→a "_s;
+    addTextRows("comments", stripComments, comments);
+    addTextRows("comments, literally", literallyStripped, comments);
     addTextRows("a million lines", onAMillionLines(stripComments),
                 u"a --b\r\n→a \n|a --b\n→a |/* --b\n→/* |/*--*/→/*--*/|\n'--'→\n'--'|"
                 "'--\r\n→'\n"_s);
@@ -162,6 +140,11 @@ void tst_SqlFilters::texts_data()
                     return lineFeedsOnly(doubleQuotes(text));
                 }),
                 u"'a'\r\n→''a''\n"_s);
+    // The plan table takes 30 characters.
+    const QDateTime longest(QDate(2026, 12, 31), QTime(23, 59, 58));
+    addTextRows(
+        "statement id", [=](const QString &user) { return explainStatementId(user, longest); },
+        u"averylongusername→averylong12/31/2026 23:59:58|scott→scott12/31/2026 23:59:58"_s);
     addTextRows("key", classOfKey,
                 u"32 0|32 7→1|9 1→2|57 1→3|48 1→4|13 2→5|8 0→6|46 0→7|"
                 "57 0|57 3|48 5|56 1|0 1→0"_s);
@@ -173,16 +156,6 @@ void tst_SqlFilters::texts_data()
     // The first and the last word of each class among them.
     addTextRows("group", groupOf,
                 u"SELECT|As|sElEcT|;|java class→6|varchar2|cursor→1|emp|SELEC|→0"_s);
-}
-
-void tst_SqlFilters::statementIdFitsThePlanTable()
-{
-    const QDateTime time(QDate(2026, 12, 31), QTime(23, 59, 58));
-    const QString id = explainStatementId(u"averylongusername"_s, time);
-    QCOMPARE(id, u"averylong12/31/2026 23:59:58"_s);
-    QVERIFY(id.size() <= 30);
-    QCOMPARE(explainStatementId(u"scott"_s, QDateTime(QDate(2026, 1, 2), QTime(0, 0))),
-             u"scott1/2/2026"_s);
 }
 
 void tst_SqlFilters::groupEndsAtItsFirstEmptyEntry()

@@ -1,5 +1,12 @@
 #include "uisupport/ProgramFixture.h"
 
+namespace {
+
+/// In the place of a tab: not Run is pressed, but the buttons of script, commit and rollback.
+constexpr int otherButtons = -1;
+
+} // namespace
+
 /// What the commands of the editor window send, letter by letter, seen from the driver's side.
 class TestCommandTexts : public QObject
 {
@@ -7,7 +14,6 @@ class TestCommandTexts : public QObject
 private slots:
     void runs_data();
     void runs();
-    void buttons();
 };
 
 void TestCommandTexts::runs_data()
@@ -33,6 +39,14 @@ void TestCommandTexts::runs_data()
         u"--\n{call dbms_output.disable}\n--\n{call dbms_output.enable(no number)}\n"
         "--\nbegin null; end;\n--\n{call dbms_output.get_line(?, ?)}\n"
         "--\n{call dbms_output.disable}\n"_s);
+    row("script, commit and rollback",
+        u"drop table x;\r\n-- only a comment;\r\nrefuse 1;\r\n"
+        "insert into t values ('a');create table x (a number)"_s,
+        otherButtons,
+        u"--\nBegin \r\nexecute immediate ('drop table x');\r\nend;\n"
+        "--\nBegin \r\nexecute immediate ('\nrefuse 1');\r\nend;\n"
+        "--\nBegin \r\nexecute immediate ('\ninsert into t values (''a'')');\r\nend;\n"
+        "--\n(commit)\n--\n(rollback)\n"_s);
 }
 
 void TestCommandTexts::runs()
@@ -47,32 +61,18 @@ void TestCommandTexts::runs()
     makeFile(record, {});
     setClockSource([] { return QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5)).toUTC(); });
     program.control<QLineEdit>(u"txtBufferSize"_s)->setText(u"no number"_s);
-    program.run(statement, tab);
+    program.text()->setText(statement);
+    if (tab != otherButtons)
+        program.run(statement, tab);
+    for (const int button : tab == otherButtons ? QList{2, 6, 7} : QList<int>())
+        program.press(u"tbrQuerna"_s, button);
     setClockSource({});
     QTEST(QString::fromUtf8(contentOf(record)), "sent");
-    QCOMPARE(program.panel(5), u"Query executed at 1/2/2026 03:04:05"_s);
+    QCOMPARE(program.panel(5),
+             tab == otherButtons ? QString() : u"Query executed at 1/2/2026 03:04:05"_s);
     // This driver answers every call with the line "out" and the status 7.
     QCOMPARE(program.control<QPlainTextEdit>(u"rtbdbms"_s)->toPlainText(),
              tab == 2 ? u"  out\n"_s : QString());
-}
-
-void TestCommandTexts::buttons()
-{
-    const MessageAnswers messages;
-    ProgramFixture program;
-    const QString record =
-        fileInVariable("FAKEDRIVER_STATEMENTS", program.folder() + u"/statements"_s);
-    program.start(u"DRIVER=" QUERNA_FAKE_DRIVER ";USER ID=scott;DATA SOURCE=fake;"_s);
-    makeFile(record, {});
-    program.text()->setText(u"drop table x;\r\n-- only a comment;\r\nrefuse 1;\r\n"
-                            "insert into t values ('a');create table x (a number)"_s);
-    for (const int button : {2, 6, 7})
-        program.press(u"tbrQuerna"_s, button);
-    QCOMPARE(QString::fromUtf8(contentOf(record)),
-             u"--\nBegin \r\nexecute immediate ('drop table x');\r\nend;\n"
-             "--\nBegin \r\nexecute immediate ('\nrefuse 1');\r\nend;\n"
-             "--\nBegin \r\nexecute immediate ('\ninsert into t values (''a'')');\r\nend;\n"
-             "--\n(commit)\n--\n(rollback)\n"_s);
 }
 
 QTEST_MAIN(TestCommandTexts)

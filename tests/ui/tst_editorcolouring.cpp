@@ -77,29 +77,16 @@ class tst_EditorColouring : public QObject
 {
     Q_OBJECT
 private slots:
-    void wordsHaveTheirClassColours();
     void editsLeaveNoStaleColour_data();
     void editsLeaveNoStaleColour();
     void colouringIsNoStep();
-    void badDefinitionChangesNothing();
+    void definitionGivesTheColours();
     void pickedTextIsOrange();
     void fontsLieOverTheColours();
     void typedTextTakesWhatWasSet();
     void readableOnEveryDesktop_data();
     void readableOnEveryDesktop();
 };
-
-void tst_EditorColouring::wordsHaveTheirClassColours()
-{
-    EditorControl editor;
-    prepare(editor);
-    editor.setBackColor(Qt::white);
-    editor.setText(u"select date x -- if\n"_s);
-    QCOMPARE(wordColour(editor, 0), QColor(Qt::blue));
-    QCOMPARE(wordColour(editor, 7), QColor(Qt::red));
-    QCOMPARE(wordColour(editor, 12), QColor(Qt::black));
-    QVERIFY(wordColour(editor, 17) != QColor(Qt::blue));
-}
 
 void tst_EditorColouring::editsLeaveNoStaleColour_data()
 {
@@ -161,7 +148,8 @@ void tst_EditorColouring::colouringIsNoStep()
     QVERIFY(!editor.isUndoAvailable());
 }
 
-void tst_EditorColouring::badDefinitionChangesNothing()
+// A bad one changes nothing.
+void tst_EditorColouring::definitionGivesTheColours()
 {
     const QTemporaryDir folder;
     const QString bad = folder.filePath(u"bad.bcp"_s);
@@ -169,7 +157,12 @@ void tst_EditorColouring::badDefinitionChangesNothing()
 
     EditorControl editor;
     prepare(editor);
-    editor.setText(u"in -- x\n'in'"_s);
+    editor.setBackColor(Qt::white);
+    editor.setText(u"select date x -- if\n'in'"_s);
+    QCOMPARE(wordColour(editor, 0), QColor(Qt::blue));
+    QCOMPARE(wordColour(editor, 7), QColor(Qt::red));
+    QCOMPARE(wordColour(editor, 12), QColor(Qt::black));
+    QVERIFY(wordColour(editor, 17) != QColor(Qt::blue));
     const QByteArray before = looks(editor);
     QCOMPARE(raisedError([&] { editor.LoadSyntax(bad); }), 13);
     QCOMPARE(raisedError([&] { editor.LoadSyntax(folder.filePath(u"none"_s)); }), 53);

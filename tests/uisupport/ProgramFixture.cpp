@@ -109,6 +109,5 @@ QAction *ProgramFixture::menuItem(const QString &name) const
 
 QByteArray ProgramFixture::history() const
 {
-    QFile file(m_folder.filePath(u"OrbekSqlHistory.txt"_s));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return contentOf(m_folder.filePath(u"OrbekSqlHistory.txt"_s));
 }
