@@ -1,9 +1,8 @@
 // The comment filter gives what its second writing gives, whatever the text.
 
 #include "sqltext/sqlFilters.h"
-#include "support/fuzzInput.h"
+#include "support/fuzzing.h"
 #include "support/literallyStripped.h"
-#include "support/require.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {

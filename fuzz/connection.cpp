@@ -5,8 +5,7 @@
 #include "dataaccess/text/connectionString.h"
 #include "platform/RuntimeError.h"
 #include "platform/textForms.h"
-#include "support/fuzzInput.h"
-#include "support/require.h"
+#include "support/fuzzing.h"
 
 #include <utility>
 

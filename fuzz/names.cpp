@@ -4,8 +4,7 @@
 #include "connection/tnsNames.h"
 #include "dataaccess/text/SqlTokens.h"
 #include "sqltext/completion.h"
-#include "support/fuzzInput.h"
-#include "support/require.h"
+#include "support/fuzzing.h"
 
 #include <algorithm>
 

@@ -7,8 +7,7 @@
 #include "dataaccess/text/commandText.h"
 #include "platform/RuntimeError.h"
 #include "sqltext/serverStatements.h"
-#include "support/fuzzInput.h"
-#include "support/require.h"
+#include "support/fuzzing.h"
 
 using namespace Qt::StringLiterals;
 

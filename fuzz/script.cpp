@@ -7,9 +7,8 @@
 #include "sqltext/selectionEdits.h"
 #include "sqltext/serverStatements.h"
 #include "sqltext/sqlFilters.h"
-#include "support/fuzzInput.h"
+#include "support/fuzzing.h"
 #include "support/literallyStripped.h"
-#include "support/require.h"
 
 #include <algorithm>
 

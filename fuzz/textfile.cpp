@@ -2,8 +2,7 @@
 // editor's line ends, and what the editor holds comes back from every form that it can be saved in.
 
 #include "platform/textFile.h"
-#include "support/fuzzInput.h"
-#include "support/require.h"
+#include "support/fuzzing.h"
 
 #include <QRegularExpression>
 #include <QStringConverter>

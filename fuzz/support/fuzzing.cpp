@@ -1,4 +1,9 @@
-#include "support/fuzzInput.h"
+#include "support/fuzzing.h"
+
+#include <QDebug>
+
+#include <cstdio>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -14,4 +19,19 @@ QList<QString> textsOf(const std::uint8_t *data, std::size_t size, qsizetype cou
     }
     texts.append(rest);
     return texts;
+}
+
+void require(bool holds, const char *property)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "This does not hold: %s\n", property);
+    std::abort();
+}
+
+void requireEqual(const QString &found, const QString &expected, const char *property)
+{
+    if (found != expected)
+        qDebug() << "found   " << found << "\nexpected" << expected;
+    require(found == expected, property);
 }
