@@ -2,6 +2,7 @@
 
 #include "connection/session.h"
 #include "controls/editor/EditorControl.h"
+#include "controls/forms/FramePacer.h"
 #include "controls/forms/StatusPanels.h"
 #include "controls/forms/WaitingLoop.h"
 #include "controls/forms/mousePointer.h"
@@ -87,6 +88,7 @@ frmQuerna::frmQuerna(QWidget *parent)
     setMouseTracking(true);
     m_controls.create(this);
     m_paging = std::make_shared<ResultPaging>();
+    m_rowsPacer = new FramePacer([this] { showAddedRows(); }, this);
     m_commands = std::make_unique<ToolbarCommands>(*this, m_controls, *m_paging);
     m_events =
         std::make_unique<EditorEvents>(*m_controls.txtSQL, *this, [this](const QString &text) {
@@ -102,7 +104,7 @@ frmQuerna::~frmQuerna()
 {
     WaitingLoop::setProgress({});
     // A retrieval that is under way outlives the window by a row; it has nothing to show any more.
-    m_paging->setStatusText({});
+    m_paging->setRowsArrived({});
     Form_Terminate();
 }
 
@@ -114,10 +116,7 @@ void frmQuerna::connectEvents()
                [this](int index) { Toolbar1_ButtonClick(index); });
     m_controls.Toolbar1->actions().last()->setProperty(WaitingLoop::endsWait, true);
     m_controls.addPaneKeys(this);
-    m_paging->setStatusText([this](const QString &text) {
-        m_controls.sbSql->setPanelTextSoon(RowsPanel, text);
-        m_controls.SqlDataGrid->rowsAdded();
-    });
+    m_paging->setRowsArrived([this] { m_rowsPacer->request(); });
     m_paging->setYield(yieldToEvents);
     WaitingLoop::setProgress([this](const WaitProgress *wait) { m_controls.showProgress(wait); });
 }
@@ -248,7 +247,12 @@ void frmQuerna::Toolbar1_ButtonClick(int index)
         return;
     if (const QString text = paging->rowsText(); !text.isEmpty() && index != 3)
         m_controls.showInformation(text);
-    m_controls.sbSql->showTexts();
+    m_rowsPacer->flush();
+}
+
+void frmQuerna::showAddedRows()
+{
+    m_controls.sbSql->setPanelText(RowsPanel, m_paging->retrievedText());
     m_controls.SqlDataGrid->showAddedRows();
 }
 

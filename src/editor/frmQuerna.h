@@ -8,6 +8,7 @@
 
 class Connection;
 class EditorEvents;
+class FramePacer;
 class Recordset;
 class ResultPaging;
 class ToolbarCommands;
@@ -76,9 +77,11 @@ private:
     void Form_Terminate() noexcept;
     void connectEvents();
     void layoutPanes();
+    void showAddedRows();
 
     WindowControls m_controls;
     std::shared_ptr<ResultPaging> m_paging;
+    FramePacer *m_rowsPacer; ///< for what shows m_paging's rows
     std::unique_ptr<EditorEvents> m_events;
     std::unique_ptr<ToolbarCommands> m_commands;
 

@@ -6,12 +6,8 @@
 #include "sqltext/outcomeTexts.h"
 #include "sqltext/sqlFilters.h"
 
-#include <QByteArrayView>
 #include <QStringList>
 
-#include <algorithm>
-#include <array>
-#include <charconv>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -81,7 +77,7 @@ void ResultPaging::retrieveNext()
     if (!m_source || !m_result)
         throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
     fetchRows(*m_source, *m_result, setSize);
-    showCount();
+    tellRows();
 }
 
 void ResultPaging::retrieveAll()
@@ -95,25 +91,20 @@ void ResultPaging::retrieveAll()
         while (source && source == m_source && result == m_result && m_fetchingAll &&
                source->State() == adStateOpen && !source->Eof()) {
             copyRow(*source, *result);
-            showCount();
+            tellRows();
             if (m_yield)
                 m_yield();
         }
     } catch (...) {
-        showCount(); // the rows before the failure have arrived
+        tellRows(); // the rows before the failure have arrived
         throw;
     }
-    showCount();
+    tellRows();
 }
 
 QString ResultPaging::retrievedText() const
 {
-    // Written for every row that arrives.
-    constexpr QByteArrayView label = "Records Retrieved: ";
-    std::array<char, 32> text{};
-    char *const number = std::copy(label.begin(), label.end(), text.data());
-    char *const end = std::to_chars(number, text.data() + text.size(), m_recordsFetched).ptr;
-    return QString::fromLatin1(text.data(), end - text.data());
+    return u"Records Retrieved: "_s + QString::number(m_recordsFetched);
 }
 
 QString ResultPaging::rowsText() const
@@ -121,8 +112,8 @@ QString ResultPaging::rowsText() const
     return isQuery() ? ::rowsText(m_recordsFetched, hasMore()) : QString();
 }
 
-void ResultPaging::showCount() const
+void ResultPaging::tellRows() const
 {
-    if (m_statusText)
-        m_statusText(retrievedText());
+    if (m_rowsArrived)
+        m_rowsArrived();
 }

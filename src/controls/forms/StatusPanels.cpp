@@ -1,7 +1,5 @@
 #include "controls/forms/StatusPanels.h"
 
-#include "controls/forms/FramePacer.h"
-
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -34,7 +32,6 @@ constexpr std::array<Panel, StatusPanels::panelCount> panels = {
 
 StatusPanels::StatusPanels(const QString &objectName, QWidget *parent)
     : QWidget(parent)
-    , m_pacer(new FramePacer([this] { takeTexts(); }, this))
 {
     setObjectName(objectName);
     setAccessibleName(tr("Status bar"));
@@ -77,33 +74,14 @@ void StatusPanels::changeEvent(QEvent *event)
 
 void StatusPanels::setPanelText(int panel, const QString &text)
 {
-    setPanelTextSoon(panel, text);
-    showTexts();
-}
-
-void StatusPanels::setPanelTextSoon(int panel, const QString &text)
-{
     if (panel < 1 || panel > panelCount)
         return;
-    m_texts[static_cast<std::size_t>(panel - 1)] = text;
-    m_pacer->request();
-}
-
-void StatusPanels::showTexts()
-{
-    m_pacer->flush();
-}
-
-void StatusPanels::takeTexts()
-{
-    for (std::size_t i = 0; i < panelCount; ++i) {
-        if (m_labels[i]->text() == m_texts[i])
-            continue;
-        m_labels[i]->setText(m_texts[i]);
-        m_labels[i]->setAccessibleDescription(m_texts[i]);
-        // For what is cut off.
-        m_labels[i]->setToolTip(m_texts[i].isEmpty()
-                                    ? QString()
-                                    : Qt::convertFromPlainText(m_texts[i], Qt::WhiteSpaceNormal));
-    }
+    QLabel *const label = m_labels[static_cast<std::size_t>(panel - 1)];
+    if (label->text() == text)
+        return;
+    label->setText(text);
+    label->setAccessibleDescription(text);
+    // For what is cut off.
+    label->setToolTip(text.isEmpty() ? QString()
+                                     : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal));
 }

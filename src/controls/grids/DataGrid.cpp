@@ -1,6 +1,5 @@
 #include "controls/grids/DataGrid.h"
 
-#include "controls/forms/FramePacer.h"
 #include "controls/grids/CellViewer.h"
 #include "controls/grids/ColumnHeader.h"
 #include "controls/grids/GridMenu.h"
@@ -32,7 +31,6 @@ constexpr int rowMargins = 4;
 DataGrid::DataGrid(QWidget *parent)
     : QTableView(parent)
     , m_model(new RecordsetModel(this))
-    , m_pacer(new FramePacer([this] { takeAddedRows(); }, this))
 {
     setAccessibleName(tr("Result rows"));
     setHorizontalHeader(new ColumnHeader(this));
@@ -72,17 +70,7 @@ std::shared_ptr<Recordset> DataGrid::dataSource() const
     return m_model->recordset();
 }
 
-void DataGrid::rowsAdded()
-{
-    m_pacer->request();
-}
-
 void DataGrid::showAddedRows()
-{
-    m_pacer->flush();
-}
-
-void DataGrid::takeAddedRows()
 {
     const int rowsBefore = m_model->rowCount();
     // QWidget::setUpdatesEnabled() would have it painted afterwards.

@@ -9,7 +9,6 @@
 #include <vector>
 
 class CellViewer;
-class FramePacer;
 class GridMenu;
 class GridOrder;
 class GridSearch;
@@ -17,9 +16,8 @@ class RecordsetModel;
 
 /// The grid that shows a recordset's rows, bound to it as to a data source.
 ///
-/// Rows that arrive later are announced with rowsAdded(), as often as the caller likes: the view
-/// learns of them at most once a frame. Long texts are cut for showing and line ends shown as
-/// signs; what is copied is whole.
+/// Rows that arrive later are shown when showAddedRows() is called. Long texts are cut for showing
+/// and line ends shown as signs; what is copied is whole.
 class DataGrid : public QTableView
 {
     Q_OBJECT
@@ -33,9 +31,7 @@ public:
     void setDataSource(const std::shared_ptr<Recordset> &source);
     std::shared_ptr<Recordset> dataSource() const;
 
-    /// Says that the bound recordset has grown. Costs next to nothing.
-    void rowsAdded();
-    /// Shows now what rowsAdded() has announced.
+    /// Shows the rows that the bound recordset has grown by.
     void showAddedRows();
 
     RecordsetModel &recordsetModel() const { return *m_model; }
@@ -60,7 +56,6 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void takeAddedRows();
     void fitRowHeight();
     QStringList columnNames() const;
     void keepColumnWidths();
@@ -68,7 +63,6 @@ private:
     int fittingWidth(int column, int rows) const;
 
     RecordsetModel *m_model;
-    FramePacer *m_pacer;
     GridOrder *m_order;
     GridSearch *m_search;
     GridMenu *m_menu;

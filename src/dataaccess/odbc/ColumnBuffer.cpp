@@ -205,9 +205,10 @@ void ColumnBuffer::bind(const OdbcHandle &statement, SQLUSMALLINT number, char *
     m_values = memory + aligned(rows * sizeof(SQLLEN));
     // Some drivers tell the length of what they stored, not of what there was: a buffer that is
     // full to the last character may hold a cut value.
-    m_longest = m_width - m_column.terminatorBytes();
+    m_terminator = m_column.terminatorBytes();
+    m_longest = m_width - m_terminator;
     if (m_column.hasVariableSize())
-        m_longest -= std::max<size_t>(m_column.terminatorBytes(), 1);
+        m_longest -= std::max<size_t>(m_terminator, 1);
     checkOdbc(SQLBindCol(statement.get(), number, m_column.cType(), m_values,
                          static_cast<SQLLEN>(m_width), m_indicators),
               statement);

@@ -74,14 +74,14 @@ public:
 private:
     bool endsAt(const char *end) const
     {
-        const char zero[sizeof(SQLWCHAR)] = {};
-        return std::memcmp(end, zero, m_column.terminatorBytes()) == 0;
+        return std::all_of(end, end + m_terminator, [](char byte) { return byte == '\0'; });
     }
 
     OdbcColumn m_column;
     bool m_isBound = false;
     size_t m_width = 0;
-    size_t m_longest = 0; ///< a value up to this many bytes has certainly not been cut
+    size_t m_longest = 0;    ///< a value up to this many bytes has certainly not been cut
+    size_t m_terminator = 0; ///< bytes of the zero behind a value
     char *m_values = nullptr;
     SQLLEN *m_indicators = nullptr;
 };

@@ -11,7 +11,7 @@ using Clock = std::chrono::steady_clock;
 namespace {
 
 /// Long enough for the way to the other thread and back not to matter.
-constexpr auto portionTime = 1ms;
+constexpr auto portionTime = 2ms;
 
 } // namespace
 
