@@ -1,5 +1,5 @@
 # What Windows is told of a program: of every one that links the core, tests too, its manifest; of
-# Querna also its icon and version.
+# Querna also its icon and version. And what mends the compiler's way of ending threads in them all.
 enable_language(RC)
 set(manifest ${PROJECT_SOURCE_DIR}/packaging/windows/querna.manifest)
 if(NOT MSVC) # whose linker takes the manifest itself
@@ -8,6 +8,12 @@ if(NOT MSVC) # whose linker takes the manifest itself
 endif()
 target_sources(querna_core INTERFACE
     $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${manifest}>)
+if(MINGW)
+    add_library(thread_locals OBJECT ${PROJECT_SOURCE_DIR}/packaging/windows/threadLocals.cpp)
+    target_link_libraries(thread_locals PRIVATE querna_options)
+    target_sources(querna_core INTERFACE
+        $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:$<TARGET_OBJECTS:thread_locals>>)
+endif()
 
 set(icon_line "")
 if(QUERNA_DRAWN_ICONS)
