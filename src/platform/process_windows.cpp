@@ -11,11 +11,18 @@
 
 void reachConsole()
 {
-    // Streams that lead to a file or a pipe are there already.
-    if (GetStdHandle(STD_OUTPUT_HANDLE) != nullptr || !AttachConsole(ATTACH_PARENT_PROCESS))
-        return;
-    for (std::FILE *stream : {stdout, stderr})
+    AttachConsole(ATTACH_PARENT_PROCESS); // fails where there is none
+    for (std::FILE *stream : {stdout, stderr}) {
+        // A stream that leads to a file or a pipe stays as it is.
+        const DWORD name = stream == stdout ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE;
+        DWORD mode = 0;
+        if (!GetConsoleMode(GetStdHandle(name), &mode))
+            continue;
         std::ignore = std::freopen("CONOUT$", "w", stream);
+        // The shell has not waited: its prompt stands where the text would begin.
+        if (stream == stdout)
+            std::ignore = std::fputs("\n", stream) + std::fflush(stream);
+    }
 }
 
 void openPage(const QString &address)
