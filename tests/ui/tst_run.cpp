@@ -119,8 +119,11 @@ void TestRun::everyCommandWhileRetrieving()
     program.press(u"Toolbar1"_s, 2);
     qputenv("PATH", path);
     dialogs.sort();
-    QCOMPARE(dialogs.join(u' '), u"EditorPageSetupDialog dlgColor dlgOpen dlgSave frmExport "
-                                 "frmObject frmObjectColumn frmSQLHistory"_s);
+    // Windows has no page setup without a printer.
+    const bool hasPrinter = !messages.texts.removeOne(u"No printer is installed."_s);
+    QCOMPARE(dialogs.join(u' '), (hasPrinter ? u"EditorPageSetupDialog "_s : QString()) +
+                                     u"dlgColor dlgOpen dlgSave frmExport "
+                                     "frmObject frmObjectColumn frmSQLHistory"_s);
     QCOMPARE(nameless.join(u' '), QString());
     QCOMPARE(messages.texts.filter(u"File not found"_s).size(), 3);
     QCOMPARE(messages.texts.size(), 4); // and that saving was cancelled

@@ -36,6 +36,9 @@ void gather(QAccessibleInterface &control, QStringList &nameless)
 QStringList namelessControls(QWidget &window)
 {
     QStringList nameless;
+    // On Windows users get the system's file dialog, and never this one.
+    if (QSysInfo::kernelType() == "winnt"_L1 && window.inherits("QFileDialog"))
+        return nameless;
     gather(*QAccessible::queryAccessibleInterface(&window), nameless);
     return nameless;
 }

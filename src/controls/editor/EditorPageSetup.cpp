@@ -2,6 +2,7 @@
 
 #include "controls/forms/CommonDialog.h"
 #include "platform/RuntimeError.h"
+#include "platform/errorTraps.h"
 
 #include <Qsci/qsciprinter.h>
 #include <Qsci/qsciscintillabase.h>
@@ -35,6 +36,9 @@ void EditorPageSetup::exec()
             wantsPrint = true;
             dialog.accept();
         });
+    } else if (m_printer->outputFormat() != QPrinter::NativeFormat) {
+        m_printer.reset(); // the next time there may be one
+        return showMessage(u"No printer is installed."_s);
     } else {
         wantsPrint = true; // the system's own dialog has no place for a button: printing follows it
     }

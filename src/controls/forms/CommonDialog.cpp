@@ -96,14 +96,14 @@ void CommonDialog::runFileDialog(QFileDialog &dialog, const QString &objectName)
 
 void CommonDialog::ShowOpen()
 {
-    QFileDialog dialog(m_parent);
+    QFileDialog dialog(m_parent, u"Open"_s);
     dialog.setFileMode(QFileDialog::ExistingFile);
     runFileDialog(dialog, u"dlgOpen"_s);
 }
 
 void CommonDialog::ShowSave()
 {
-    QFileDialog dialog(m_parent);
+    QFileDialog dialog(m_parent, u"Save As"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
