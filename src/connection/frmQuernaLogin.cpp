@@ -178,7 +178,7 @@ void frmQuernaLogin::cmdOK_Click()
 {
     if (isWaiting())
         return;
-    setMousePointer(MousePointer::Hourglass);
+    const HourglassPointer hourglass;
     takeNames();
     ignoreErrors([] {
         if (gConnection && gConnection->State() == adStateOpen)
@@ -197,7 +197,6 @@ void frmQuernaLogin::cmdOK_Click()
     keepSetting(u"Database"_s, m_txtDb->text());
     takeNames();
     ignoreErrors([this] { emit loggedOn(); });
-    setMousePointer(MousePointer::Default);
     close();
 }
 

@@ -3,7 +3,6 @@
 #include "connection/session.h"
 #include "controls/editor/EditorControl.h"
 #include "controls/forms/CommonDialog.h"
-#include "controls/forms/mousePointer.h"
 #include "controls/forms/selText.h"
 #include "dialogs/frmObject.h"
 #include "dialogs/frmObjectColumn.h"
@@ -87,17 +86,15 @@ QList<ToolBarButton> ToolbarCommands::buttons()
 
 void ToolbarCommands::execute(int index)
 {
-    const int pointerBefore = mousePointer();
     m_controls.showInformation({});
-    if (!reportErrors([&] {
-            try {
-                dispatch(index);
-            } catch (...) {
-                showFailure();
-                throw;
-            }
-        }))
-        setMousePointer(pointerBefore);
+    reportErrors([&] {
+        try {
+            dispatch(index);
+        } catch (...) {
+            showFailure();
+            throw;
+        }
+    });
 }
 
 /// Says what the exception that is being handled means for the command.
@@ -160,10 +157,7 @@ void ToolbarCommands::run()
 void ToolbarCommands::runScript()
 {
     QString errors;
-    {
-        const HourglassPointer hourglass;
-        m_window.execScript(errors);
-    }
+    m_window.execScript(errors);
     if (!trimBlanks(errors).isEmpty())
         showMessage(errors);
 }

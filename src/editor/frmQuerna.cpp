@@ -183,7 +183,7 @@ void frmQuerna::getConnStr(const QString &str)
 
 void frmQuerna::execScript(QString &errstr)
 {
-    setMousePointer(MousePointer::Hourglass);
+    const HourglassPointer hourglass;
     EditorControl &editor = *m_controls.txtSQL;
     editor.clearMarks();
     m_controls.showInformation(QString::fromUtf16(runningText));
@@ -195,7 +195,6 @@ void frmQuerna::execScript(QString &errstr)
     m_controls.showInformation(
         scriptText(report.statements, static_cast<qsizetype>(report.failures.size()),
                    report.failures.empty() ? 0 : report.failures.front().firstLine));
-    setMousePointer(MousePointer::Default);
 }
 
 std::shared_ptr<Recordset> frmQuerna::rsResult() const

@@ -164,7 +164,6 @@ void frmExport::cmdExpOK_Click()
 void frmExport::cmdExpCancel_Click()
 {
     reject();
-    setMousePointer(MousePointer::Default);
 }
 
 void frmExport::exportText(const TextExport &format)
@@ -175,15 +174,16 @@ void frmExport::exportText(const TextExport &format)
         if (m_recordset->Eof())
             return;
         const QString path = askForFile(format);
-        setMousePointer(MousePointer::Hourglass);
-        const int records = format.write(*m_recordset, path);
-        setMousePointer(MousePointer::Default);
+        int records = 0;
+        {
+            const HourglassPointer hourglass;
+            records = format.write(*m_recordset, path);
+        }
         if (!format.successTitle.isEmpty())
             inform(u"Export File "_s + path + lineEnd + u"successfully created."_s + lineEnd +
                        QString::number(records) + u" records written to disk."_s + lineEnd,
                    format.successTitle);
     } catch (...) {
-        setMousePointer(MousePointer::Default);
         const RuntimeError error = currentRuntimeError();
         if (error.number == ErrorNumber::CancelWasSelected && !format.cancelTitle.isEmpty())
             inform(u"the export operation was canceled."_s + lineEnd, format.cancelTitle);
@@ -195,7 +195,6 @@ void frmExport::exportText(const TextExport &format)
 /// @throws RuntimeError 32755 when the user cancels
 QString frmExport::askForFile(const TextExport &format)
 {
-    setMousePointer(MousePointer::Default);
     CD1.CancelError = true;
     CD1.FileName = u"Export."_s + format.extension.toLower();
     CD1.InitDir = applicationFolder();

@@ -1,4 +1,3 @@
-#include "controls/forms/mousePointer.h"
 #include "export/frmExport.h"
 #include "uisupport/uiTest.h"
 
@@ -97,7 +96,6 @@ void tst_exportdialog::optionsAndButtons()
     bench.pressOk();
     QVERIFY(bench.answers.texts.isEmpty());
     bench.dialog.show();
-    setMousePointer(MousePointer::Hourglass);
     click(bench.dialog, u"cmdExpCancel"_s);
     QVERIFY(!bench.dialog.isVisible());
 }

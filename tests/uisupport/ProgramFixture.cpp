@@ -30,7 +30,6 @@ ProgramFixture::~ProgramFixture()
     gConnectString.clear();
     gUserName.clear();
     gTnsName.clear();
-    setMousePointer(MousePointer::Default);
     setProgramEnd({});
     setApplicationFolder({});
 }

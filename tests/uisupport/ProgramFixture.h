@@ -2,7 +2,6 @@
 
 #include "app/MDIFormQuerna.h"
 #include "connection/session.h"
-#include "controls/forms/mousePointer.h"
 #include "controls/grids/DataGrid.h"
 #include "editor/frmQuerna.h"
 #include "uisupport/uiTest.h"

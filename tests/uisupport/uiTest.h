@@ -10,3 +10,11 @@
 #include "uisupport/userActions.h"
 
 #include <QtWidgets>
+
+enum class MousePointer { Default, Hourglass };
+
+/// The shape that the pointer has now, over every window of the program.
+inline MousePointer mousePointer()
+{
+    return QGuiApplication::overrideCursor() ? MousePointer::Hourglass : MousePointer::Default;
+}
