@@ -10,6 +10,7 @@
 #include "controls/editor/EditorControl.h"
 #include "controls/forms/icons.h"
 #include "dataaccess/providers/providers.h"
+#include "dataaccess/sandbox/sandboxService.h"
 #include "editor/caption.h"
 #include "editor/frmQuerna.h"
 #include "platform/errorTraps.h"
@@ -114,7 +115,8 @@ MDIFormQuerna::MDIFormQuerna(QWidget *parent)
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setCentralWidget(m_area);
-    offerPractice();
+    if (hasSandbox())
+        offerPractice();
     m_recovery = new RecoveryBar(this);
     addToolBar(m_recovery);
     m_commands->addMenus(*menuBar());
@@ -198,8 +200,10 @@ frmQuerna *MDIFormQuerna::editorWindow()
 {
     if (!m_editor) {
         m_editor = new frmQuerna;
-        m_practice->hide();
-        connect(m_editor, &QObject::destroyed, m_practice, &QWidget::show);
+        if (m_practice != nullptr) {
+            m_practice->hide();
+            connect(m_editor, &QObject::destroyed, m_practice, &QWidget::show);
+        }
         addChildWindow(*m_editor);
         m_view->follow(*m_editor->txtSQL());
         connect(m_editor->txtSQL(), &EditorControl::fileDropped, m_editor,

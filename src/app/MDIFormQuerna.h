@@ -48,7 +48,7 @@ private:
 
     QMdiArea *m_area;
     RecoveryBar *m_recovery;
-    QLabel *m_practice;
+    QLabel *m_practice = nullptr;
     std::unique_ptr<FrameCommands> m_commands;
     std::unique_ptr<FrameView> m_view;
     QPointer<frmQuerna> m_editor;

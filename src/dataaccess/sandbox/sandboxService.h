@@ -25,3 +25,13 @@ inline QString namedSandboxSocket()
 {
     return qEnvironmentVariable("QUERNA_SANDBOX_SOCKET");
 }
+
+/// Whether there is a sandbox for this system: Windows has the one alone that is named.
+inline bool hasSandbox()
+{
+#ifdef Q_OS_WIN
+    return !namedSandboxSocket().isEmpty();
+#else
+    return true;
+#endif
+}
