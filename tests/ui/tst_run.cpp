@@ -125,8 +125,9 @@ void TestRun::everyCommandWhileRetrieving()
                                      u"dlgColor dlgOpen dlgSave frmExport "
                                      "frmObject frmObjectColumn frmSQLHistory"_s);
     QCOMPARE(nameless.join(u' '), QString());
-    QCOMPARE(messages.texts.filter(u"File not found"_s).size(), 3);
-    QCOMPARE(messages.texts.size(), 4); // and that saving was cancelled
+    const int pages = QSysInfo::kernelType() == u"winnt"_s ? 0 : 2; // that shell needs no path
+    QCOMPARE(messages.texts.filter(u"File not found"_s).size(), 1 + pages);
+    QCOMPARE(messages.texts.size(), 2 + pages); // and that saving was cancelled
     QCOMPARE(program.ends, (std::vector<int>{0, 0}));
     QCOMPARE(mousePointer(), MousePointer::Default);
     QCOMPARE(program.editor()->rsResult()->RecordCount(), 100000);
