@@ -1,8 +1,8 @@
 // What a user waits for when a statement is cancelled or a log-on given up, how alive the windows
 // are meanwhile, and what it costs a short statement that the driver has a thread of its own.
 //
-//     bench_waiting [connection string, slow statement]   another server than SQLite and the
-//     sandbox
+//     bench_waiting                                            SQLite, the sandbox and log-on
+//     bench_waiting <name> <connection string> <statement>     cancelling on another server
 //
 // It needs a display, or QT_QPA_PLATFORM=offscreen.
 
@@ -30,6 +30,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
+constexpr auto watchInterval = 5ms;
+
 void pressEscape(ProgramFixture &program)
 {
     QTest::keyClick(program.frame().windowHandle(), Qt::Key_Escape);
@@ -43,7 +45,7 @@ void printCancel(const QString &name, const QString &connectionString, const QSt
     double toMessage = -1;
     setMessagePresenter(
         [&](const QString &) { toMessage = static_cast<double>(clock.nsecsElapsed()) / 1e6; });
-    QTimer::singleShot(200ms, [&] { turns.start(); });
+    QTimer::singleShot(200ms, [&] { turns.start(watchInterval); });
     QTimer::singleShot(1500ms, [&] {
         turns.stop();
         clock.start();
@@ -124,8 +126,8 @@ int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() == 3) {
-        printCancel(u"the server"_s, arguments[1], arguments[2]);
+    if (arguments.size() == 4) {
+        printCancel(arguments[1], arguments[2], arguments[3]);
         return 0;
     }
     printCancel(u"sandbox"_s, sandboxConnectionString(), u"select sleep(30) from dual"_s);

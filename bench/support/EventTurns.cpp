@@ -4,14 +4,15 @@
 
 EventTurns::EventTurns()
 {
+    m_timer.setTimerType(Qt::PreciseTimer);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { noteTurn(); });
 }
 
-void EventTurns::start()
+void EventTurns::start(std::chrono::milliseconds interval)
 {
     m_gaps.clear();
     m_last = std::chrono::steady_clock::now();
-    m_timer.start(0);
+    m_timer.start(interval);
 }
 
 void EventTurns::stop()

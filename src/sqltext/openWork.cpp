@@ -84,8 +84,11 @@ qint64 sendNoting(const std::shared_ptr<Connection> &connection, QStringView sta
         send();
         sent.succeeded = true;
     } catch (const RuntimeError &error) {
-        // What was cancelled may have changed rows all the same.
-        sent.succeeded = sent.kind == StatementKind::RowChange && error.sqlState == "HY008"_L1;
+        // What was cancelled may have changed rows all the same, or have ended the transaction.
+        if (error.sqlState == "40000"_L1)
+            sent = {.kind = StatementKind::Rollback};
+        else if (sent.kind == StatementKind::RowChange)
+            sent.succeeded = error.sqlState == "HY008"_L1;
         throw;
     }
     if (connection)

@@ -66,6 +66,8 @@ public:
     /// not behind a call that was given up.
     void finish(std::function<void()> work) noexcept;
 
+    /// Whether the caller is on the thread.
+    bool isCurrent() const;
     bool isGivenUp() const;
     /// A statement that is never executed. Where drivers end whatever runs on the connection they
     /// are to be asked on this one: asked on the busy one they free what it is reading.
@@ -87,7 +89,6 @@ private:
     class Shared;
 
     DriverThread();
-    bool isCurrent() const;
     void runAndWait(std::function<void()> work);
 
     std::shared_ptr<Shared> m;

@@ -275,6 +275,8 @@ void OdbcSession::prepareToSend()
 {
     if (m_isLost)
         throw RuntimeError(ErrorNumber::InvalidConnection);
+    if (m_thread && !m_thread->isCurrent())
+        throw RuntimeError(ErrorNumber::IllegalOperation);
     if (!m_inTransaction)
         setAutocommit(true);
     if (m_oneResultOnly)
@@ -307,7 +309,7 @@ OdbcHandle OdbcSession::send(const QString &text)
     if (m_abilities.isMariaDb || !mayHaveFurtherResults(text))
         SQLRowCount(statement.get(), &m_rowsAffected);
     bool hasColumns = false;
-    watchMemory([&] { hasColumns = skipToColumns(statement); });
+    watchFailures([&] { hasColumns = skipToColumns(statement); });
     if (hasColumns)
         return statement;
     if (SQL_SUCCEEDED(SQLFreeStmt(statement.get(), SQL_CLOSE)))
@@ -319,24 +321,38 @@ void OdbcSession::withResultsReleased(const std::function<void()> &action)
 {
     prepareToSend();
     try {
-        watchMemory(action);
+        watchFailures(action);
         return;
     } catch (const RuntimeError &error) {
         if (!hasOpenResults() || !saysResultsAreOpen(error))
             throw;
     }
     releaseResults();
-    watchMemory(action);
+    watchFailures(action);
 }
 
-void OdbcSession::watchMemory(const std::function<void()> &action)
+void OdbcSession::watchFailures(const std::function<void()> &action)
 {
     try {
         action();
-    } catch (const RuntimeError &error) {
+    } catch (RuntimeError &error) {
         m_isLost |= saysMemoryRanOut(error, m_abilities.isMariaDb);
+        if (DriverThread::isCancelWanted() && m_inTransaction && hasLostTransaction()) {
+            error.sqlState = u"40000"_s;
+            error.description += u"\nAll that was not committed has been rolled back."_s;
+        }
         throw;
     }
+}
+
+/// SQLite ends the transaction of a change that is cancelled, but its driver does not notice: what
+/// comes next would be committed at once.
+bool OdbcSession::hasLostTransaction()
+{
+    if (m_abilities.declarationsBindValues)
+        return false;
+    const OdbcHandle statement(SQL_HANDLE_STMT, m_connection);
+    return SQL_SUCCEEDED(SQLExecDirectW(statement.get(), odbcText(u"begin"_s), SQL_NTS));
 }
 
 QString OdbcSession::adapted(const QString &text)

@@ -102,8 +102,10 @@ private:
     void readAbilities();
     void setAutocommit(bool on);
     void prepareToSend();
-    /// Runs @p action; after a failure for want of memory, nothing more is sent.
-    void watchMemory(const std::function<void()> &action);
+    /// Runs @p action. After a failure for want of memory, nothing more is sent; one that has taken
+    /// the transaction along gets state 40000, and another transaction has begun.
+    void watchFailures(const std::function<void()> &action);
+    bool hasLostTransaction();
     /// Sends a text as it stands. @returns the statement, on its first result with columns, or none
     OdbcHandle send(const QString &text);
     bool hasOpenResults() const;
