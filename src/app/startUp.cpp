@@ -31,7 +31,7 @@ A connection string is a list of items that each end with a semicolon, for examp
   "DSN=payroll;Uid=me;Pwd=secret;"
   "Provider=OraOLEDB.Oracle;Data Source=ORCL;User ID=scott;Password=tiger;"
   "Provider=OrbekSandbox;Data Source=SANDBOX;User ID=scott;Password=tiger;"
-The last one opens the practice database.
+The last one opens the practice database, which Linux alone has.
 )";
 
 /// Answers what a shell may ask where there is no display.

@@ -67,19 +67,23 @@ void nameParts(QDialog &dialog)
         nameColumns(*grid);
 }
 
-/// Runs a dialog; @returns whether it was accepted. @throws RuntimeError 32755 when it was
-/// cancelled and the control is set to raise that
+/// @returns @p accepted. @throws RuntimeError 32755 when it was not, and the control is set to
+/// raise that
+bool CommonDialog::isAccepted(bool accepted) const
+{
+    if (!accepted && CancelError)
+        throw RuntimeError(ErrorNumber::CancelWasSelected);
+    return accepted;
+}
+
+/// Runs a dialog; @returns and throws as isAccepted()
 bool CommonDialog::run(QDialog &dialog, const QString &objectName) const
 {
     dialog.setObjectName(objectName);
     if (!DialogTitle.isEmpty())
         dialog.setWindowTitle(DialogTitle);
     nameParts(dialog);
-    if (dialog.exec() == QDialog::Accepted)
-        return true;
-    if (CancelError)
-        throw RuntimeError(ErrorNumber::CancelWasSelected);
-    return false;
+    return isAccepted(dialog.exec() == QDialog::Accepted);
 }
 
 void CommonDialog::runFileDialog(QFileDialog &dialog, const QString &objectName)
@@ -113,6 +117,10 @@ void CommonDialog::ShowSave()
 
 void CommonDialog::ShowColor()
 {
+    if (const auto chosen = askSystemForColour(m_parent, Color)) {
+        isAccepted(*chosen);
+        return;
+    }
     QColorDialog dialog(m_parent);
     if (Color.isValid())
         dialog.setCurrentColor(Color);

@@ -4,6 +4,8 @@
 #include <QFont>
 #include <QString>
 
+#include <optional>
+
 class QDialog;
 class QFileDialog;
 class QWidget;
@@ -39,6 +41,7 @@ public:
 
 private:
     bool run(QDialog &dialog, const QString &objectName) const;
+    bool isAccepted(bool accepted) const;
     void runFileDialog(QFileDialog &dialog, const QString &objectName);
 
     QWidget *m_parent;
@@ -48,3 +51,7 @@ private:
 /// find nameless: the lists that combo boxes drop down, pages, and what stands below a heading.
 /// To be called before the dialog is shown.
 void nameParts(QDialog &dialog);
+
+/// Asks for a colour in a dialog that the system has and the toolkit does not use.
+/// @returns whether one was chosen, which then is @p colour; nothing when there is no such dialog
+std::optional<bool> askSystemForColour(const QWidget *parent, QColor &colour);
