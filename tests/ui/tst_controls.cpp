@@ -90,6 +90,7 @@ void tst_controls::messageAnswers()
 
 void tst_controls::fileDialogs()
 {
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QTemporaryDir folder;
     const QString existing = folder.filePath(u"there.sql"_s);
     makeFile(existing, {});
