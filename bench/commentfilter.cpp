@@ -1,7 +1,7 @@
 // The comment filter on texts of growing size, per byte against itself and against one pass that
 // counts line feeds.
 
-#include "sqltext/sqlFilters.h"
+#include "sqltext/sqlTexts.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
 

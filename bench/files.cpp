@@ -3,7 +3,7 @@
 
 #include "controls/editor/EditorControl.h"
 #include "controls/editor/SyntaxColouring.h"
-#include "controls/forms/fonts.h"
+#include "controls/forms/measures.h"
 #include "support/figures.h"
 #include "support/inTurn.h"
 #include "support/sampleTable.h"

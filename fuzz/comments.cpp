@@ -1,6 +1,6 @@
 // The comment filter gives what its second writing gives, whatever the text.
 
-#include "sqltext/sqlFilters.h"
+#include "sqltext/sqlTexts.h"
 #include "support/fuzzing.h"
 #include "support/literallyStripped.h"
 

@@ -1,6 +1,6 @@
 // Connection strings and command lines: every item is found, and what was built is read back.
 
-#include "connection/connectDb.h"
+#include "connection/login.h"
 #include "dataaccess/providers/providers.h"
 #include "dataaccess/text/connectionString.h"
 #include "platform/RuntimeError.h"

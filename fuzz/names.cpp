@@ -1,7 +1,7 @@
 // Names in texts that others have written: a network configuration, and statements that are being
 // typed.
 
-#include "connection/tnsNames.h"
+#include "connection/login.h"
 #include "dataaccess/text/SqlTokens.h"
 #include "sqltext/completion.h"
 #include "support/fuzzing.h"

@@ -1,12 +1,10 @@
 // The sandbox's translations: what is put into a statement comes out of it again, and blocks and
 // plans keep their parts, whatever their text.
 
-#include "dataaccess/sandbox/planSteps.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "dataaccess/text/SqlTokens.h"
-#include "dataaccess/text/commandText.h"
 #include "platform/RuntimeError.h"
-#include "sqltext/serverStatements.h"
+#include "sqltext/sqlTexts.h"
 #include "support/fuzzing.h"
 
 using namespace Qt::StringLiterals;

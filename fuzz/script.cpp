@@ -4,9 +4,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/textForms.h"
 #include "sqltext/scriptRunner.h"
-#include "sqltext/selectionEdits.h"
-#include "sqltext/serverStatements.h"
-#include "sqltext/sqlFilters.h"
+#include "sqltext/sqlTexts.h"
 #include "support/fuzzing.h"
 #include "support/literallyStripped.h"
 

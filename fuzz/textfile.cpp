@@ -1,7 +1,7 @@
 // SQL text in whatever form somebody saved it: every file gives the text that it holds, with the
 // editor's line ends, and what the editor holds comes back from every form that it can be saved in.
 
-#include "platform/textFile.h"
+#include "platform/files.h"
 #include "support/fuzzing.h"
 
 #include <QRegularExpression>

@@ -5,13 +5,11 @@
 #include "controls/editor/EditorControl.h"
 #include "controls/forms/CommonDialog.h"
 #include "controls/forms/icons.h"
-#include "controls/forms/messageBox.h"
 #include "controls/forms/selText.h"
-#include "controls/grids/selectionText.h"
 #include "editor/frmQuerna.h"
 #include "platform/errorTraps.h"
+#include "platform/files.h"
 #include "platform/process.h"
-#include "platform/replaceFile.h"
 #include "platform/textForms.h"
 
 #include <QAction>

@@ -4,18 +4,18 @@
 #include "app/FrameView.h"
 #include "app/RecoveryBar.h"
 #include "app/TextKeeper.h"
-#include "connection/connectDb.h"
 #include "connection/frmQuernaLogin.h"
+#include "connection/login.h"
 #include "connection/session.h"
 #include "controls/editor/EditorControl.h"
 #include "controls/forms/icons.h"
 #include "dataaccess/providers/providers.h"
-#include "dataaccess/sandbox/sandboxService.h"
-#include "editor/caption.h"
+#include "dataaccess/sandbox/Sandbox.h"
 #include "editor/frmQuerna.h"
+#include "editor/windowLook.h"
 #include "platform/errorTraps.h"
 #include "platform/process.h"
-#include "platform/registry.h"
+#include "platform/settings.h"
 
 #include <QAction>
 #include <QCloseEvent>

@@ -3,9 +3,9 @@
 #include "app/MDIFormQuerna.h"
 #include "controls/editor/editorKeys.h"
 #include "controls/forms/ColourTheme.h"
+#include "controls/forms/CommonDialog.h"
 #include "controls/forms/WaitingLoop.h"
 #include "controls/forms/icons.h"
-#include "controls/forms/messageBox.h"
 #include "platform/process.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "connection/connectDb.h"
+#include "connection/login.h"
 
 #include "connection/session.h"
 #include "platform/errorTraps.h"

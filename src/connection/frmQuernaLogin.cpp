@@ -1,13 +1,11 @@
 #include "connection/frmQuernaLogin.h"
 
-#include "connection/connectDb.h"
+#include "connection/login.h"
 #include "connection/session.h"
-#include "connection/tnsNames.h"
 #include "controls/forms/ArrowList.h"
-#include "controls/forms/OkCancelButtons.h"
+#include "controls/forms/WaitingLoop.h"
 #include "controls/forms/formControls.h"
-#include "controls/forms/mousePointer.h"
-#include "dataaccess/odbc/installedDrivers.h"
+#include "dataaccess/odbc/sessionParties.h"
 #include "platform/errorTraps.h"
 #include "platform/settings.h"
 

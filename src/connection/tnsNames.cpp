@@ -1,4 +1,4 @@
-#include "connection/tnsNames.h"
+#include "connection/login.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dataaccess/odbc/SessionClient.h"
-#include "dataaccess/rows/Parameter.h"
+#include "dataaccess/odbc/sessionParties.h"
+#include "dataaccess/rows/dataAccessTypes.h"
 
 #include <QString>
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "dataaccess/rows/MemoryTable.h"
-#include "dataaccess/rows/RowOrder.h"
 #include "dataaccess/rows/Value.h"
 #include "dataaccess/rows/dataAccessTypes.h"
 #include "dataaccess/rows/packedCells.h"

@@ -1,7 +1,7 @@
 #include "dialogs/ObjectPicker.h"
 
+#include "controls/forms/WaitingLoop.h"
 #include "controls/forms/formControls.h"
-#include "controls/forms/mousePointer.h"
 #include "platform/errorTraps.h"
 #include "sqltext/dictionary.h"
 

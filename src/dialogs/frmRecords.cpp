@@ -1,7 +1,6 @@
 #include "dialogs/frmRecords.h"
 
 #include "connection/session.h"
-#include "controls/forms/OkCancelButtons.h"
 #include "controls/forms/formControls.h"
 #include "platform/errorTraps.h"
 #include "platform/longWait.h"

@@ -2,7 +2,7 @@
 
 #include "connection/session.h"
 #include "controls/editor/EditorControl.h"
-#include "controls/forms/mousePointer.h"
+#include "controls/forms/WaitingLoop.h"
 #include "sqltext/completion.h"
 #include "sqltext/dictionary.h"
 

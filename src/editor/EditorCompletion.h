@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/editor/CompletionPopup.h"
-#include "sqltext/DictionaryNames.h"
+#include "sqltext/dictionary.h"
 
 #include <QObject>
 

@@ -5,16 +5,14 @@
 #include "controls/forms/CommonDialog.h"
 #include "controls/forms/selText.h"
 #include "dialogs/frmObject.h"
-#include "dialogs/frmObjectColumn.h"
 #include "editor/frmQuerna.h"
-#include "editor/runStatement.h"
 #include "export/frmExport.h"
 #include "history/frmSQLHistory.h"
 #include "platform/errorTraps.h"
 #include "platform/textForms.h"
 #include "sqltext/ResultPaging.h"
 #include "sqltext/outcomeTexts.h"
-#include "sqltext/selectionEdits.h"
+#include "sqltext/sqlTexts.h"
 
 #include <QPointer>
 

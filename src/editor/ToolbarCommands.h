@@ -1,7 +1,10 @@
 #pragma once
 
-#include "controls/forms/toolBarButtons.h"
+#include "controls/forms/icons.h"
 
+#include <QString>
+
+class ColumnTree;
 class Connection;
 class ResultPaging;
 class frmQuerna;
@@ -41,3 +44,21 @@ private:
     WindowControls &m_controls;
     ResultPaging &m_paging;
 };
+
+/// Runs the selected text, or the whole text when nothing is selected, having written it to the
+/// history. The visible tab decides how: its rows are shown, its plan, or what it writes to the
+/// server's output.
+/// @throws RuntimeError the history file's, the server's, 6 for a time that is too long
+void runStatement(WindowControls &controls, ResultPaging &paging);
+
+/// Makes the columns of a tree of execution plans; once.
+void setupPlanColumns(ColumnTree &tree);
+
+/// Asks the server for the plan of @p statement and fills the window's tree with it.
+/// @throws RuntimeError the server's; 9 when a plan step's id is past 500, the steps before it
+///         then stand in the tree
+void explainPlan(WindowControls &controls, const QString &statement);
+
+/// Replaces the tree's nodes by the rows of a plan query. @throws RuntimeError as explainPlan()
+/// @returns the number of rows
+int fillPlanTree(ColumnTree &tree, const QString &query);

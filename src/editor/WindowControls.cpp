@@ -2,15 +2,14 @@
 
 #include "connection/session.h"
 #include "controls/editor/EditorControl.h"
-#include "controls/forms/OutputPane.h"
 #include "controls/forms/StatusPanels.h"
 #include "controls/forms/WaitingLoop.h"
-#include "controls/forms/fonts.h"
 #include "controls/forms/formControls.h"
-#include "controls/forms/twips.h"
+#include "controls/forms/measures.h"
+#include "controls/forms/selText.h"
 #include "controls/grids/ColumnTree.h"
 #include "controls/grids/DataGrid.h"
-#include "editor/paneLayout.h"
+#include "editor/windowLook.h"
 #include "platform/systemClock.h"
 #include "platform/textForms.h"
 

@@ -1,4 +1,4 @@
-#include "editor/explainPlan.h"
+#include "editor/ToolbarCommands.h"
 
 #include "connection/session.h"
 #include "controls/grids/ColumnTree.h"
@@ -7,7 +7,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/systemClock.h"
 #include "sqltext/outcomeTexts.h"
-#include "sqltext/serverStatements.h"
+#include "sqltext/sqlTexts.h"
 
 #include <QScopeGuard>
 

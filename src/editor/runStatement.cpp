@@ -1,14 +1,13 @@
-#include "editor/runStatement.h"
+#include "editor/ToolbarCommands.h"
 
 #include "connection/session.h"
 #include "controls/editor/EditorControl.h"
 #include "controls/forms/StatusPanels.h"
-#include "controls/forms/mousePointer.h"
+#include "controls/forms/WaitingLoop.h"
 #include "controls/grids/DataGrid.h"
 #include "dataaccess/Command.h"
 #include "dataaccess/Recordset.h"
 #include "editor/WindowControls.h"
-#include "editor/explainPlan.h"
 #include "history/historyFile.h"
 #include "platform/errorTraps.h"
 #include "platform/systemClock.h"
@@ -16,8 +15,7 @@
 #include "sqltext/ResultPaging.h"
 #include "sqltext/openWork.h"
 #include "sqltext/outcomeTexts.h"
-#include "sqltext/serverStatements.h"
-#include "sqltext/sqlFilters.h"
+#include "sqltext/sqlTexts.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>

@@ -1,7 +1,6 @@
-#include "export/copyForms.h"
+#include "export/exportFormats.h"
 
 #include "dataaccess/Recordset.h"
-#include "export/exportFormats.h"
 #include "platform/numberForms.h"
 
 #include <QLocale>

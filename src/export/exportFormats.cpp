@@ -3,8 +3,8 @@
 #include "dataaccess/Recordset.h"
 #include "dataaccess/RowCells.h"
 #include "platform/ByteBuffer.h"
-#include "platform/FileWriter.h"
 #include "platform/errorTraps.h"
+#include "platform/files.h"
 #include "platform/numberForms.h"
 #include "platform/textForms.h"
 

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 class Recordset;
 
 /// The text exports of a recordset: a line for each of its records, from the first on whatever the
@@ -13,7 +15,7 @@ class Recordset;
 /// what was written.
 ///
 /// All raise RuntimeErrors: 3704 for a closed recordset, 3021 for an empty one, those of
-/// fileAccess.h, and 6 for the 32768th record where records are counted in 16 bits.
+/// files.h, and 6 for the 32768th record where records are counted in 16 bits.
 
 /// Values without their outer blanks, separated by commas; nothing is quoted. A null is a comma
 /// alone, so one in the last field leaves an additional comma at the end of the line. Records are
@@ -32,3 +34,22 @@ QString insertBeginning(const QString &tableName, const QStringList &fieldNames)
 /// their time of day (`05-Mar-2024`).
 /// @returns the number of records written
 qint16 writeInsertStatements(Recordset &recordset, const QString &path, const QString &tableName);
+
+/// Cells as SQL, for pasting into a statement: those of @p fields in each of @p rows, in the orders
+/// given. A value is written so that it is read back as the same one: numbers bare and with all
+/// their digits, texts with their quotes doubled, dates as `DATE` and `TIMESTAMP` literals, bytes
+/// as `HEXTORAW`, and what looks like nothing as NULL.
+///
+/// They raise RuntimeErrors: 3704 for a closed recordset, 3021 and 3265 for a cell that is not
+/// there.
+
+/// An insert statement for each row, lines ended by carriage return + line feed; column names that
+/// are no plain identifiers stand in double quotes.
+QString insertStatements(const Recordset &recordset, const std::vector<int> &rows,
+                         const std::vector<int> &fields, const QString &tableName);
+
+/// The distinct values in parentheses, as they stand after IN; rows of several fields are
+/// parenthesised themselves. A single NULL equals nothing and is left out. Breaks lines that grow
+/// long.
+QString valueList(const Recordset &recordset, const std::vector<int> &rows,
+                  const std::vector<int> &fields);

@@ -1,9 +1,8 @@
 #include "export/frmExport.h"
 
-#include "controls/forms/OkCancelButtons.h"
+#include "controls/forms/FormDialog.h"
+#include "controls/forms/WaitingLoop.h"
 #include "controls/forms/formControls.h"
-#include "controls/forms/messageBox.h"
-#include "controls/forms/mousePointer.h"
 #include "export/exportFormats.h"
 #include "platform/errorTraps.h"
 #include "platform/process.h"

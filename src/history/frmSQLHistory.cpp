@@ -1,10 +1,9 @@
 #include "history/frmSQLHistory.h"
 
-#include "controls/forms/fonts.h"
 #include "controls/forms/formControls.h"
-#include "controls/forms/twips.h"
+#include "controls/forms/measures.h"
 #include "controls/grids/FlexGrid.h"
-#include "controls/grids/OneLineDelegate.h"
+#include "controls/grids/gridLook.h"
 #include "history/historyFile.h"
 #include "platform/errorTraps.h"
 #include "platform/numberForms.h"

@@ -2,9 +2,7 @@
 
 #include "dataaccess/Recordset.h"
 #include "platform/ByteBuffer.h"
-#include "platform/FileReader.h"
-#include "platform/FileWriter.h"
-#include "platform/fileAccess.h"
+#include "platform/files.h"
 #include "platform/numberForms.h"
 #include "platform/process.h"
 #include "platform/systemClock.h"

@@ -15,7 +15,7 @@ class Recordset;
 QString historyFileName();
 
 /// Adds a record of @p statement, blanks at its ends taken off, and the present time.
-/// @throws RuntimeError of fileAccess.h
+/// @throws RuntimeError of files.h
 void appendToHistory(const QString &statement);
 
 /// Fills the closed @p recordset with the fields "SQL Statement" and "SQL_Time" and a row for each
@@ -25,7 +25,7 @@ void appendToHistory(const QString &statement);
 /// @param fileName  name of a file in the application folder
 /// @param path      not used
 /// @throws RuntimeError 13 for a time that is none, 3021 for a time before the first statement, 6
-///         for more than 32767 lines without a marker, those of fileAccess.h. The rows that were
+///         for more than 32767 lines without a marker, those of files.h. The rows that were
 ///         there before stay, in the order of the file.
 void loadHistory(const QString &fileName, const QString &path, Recordset &recordset);
 

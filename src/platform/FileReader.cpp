@@ -1,6 +1,4 @@
-#include "platform/FileReader.h"
-
-#include "platform/fileAccess.h"
+#include "platform/files.h"
 
 #include <cerrno>
 

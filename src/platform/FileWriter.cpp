@@ -1,6 +1,4 @@
-#include "platform/FileWriter.h"
-
-#include "platform/fileAccess.h"
+#include "platform/files.h"
 
 #include <cerrno>
 

@@ -1,4 +1,4 @@
-#include "platform/fileAccess.h"
+#include "platform/files.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "platform/numberForms.h"
 
-#include "platform/characterClasses.h"
+#include "platform/textForms.h"
 
 #include <QLocale>
 

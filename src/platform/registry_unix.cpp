@@ -1,7 +1,6 @@
-#include "platform/registry.h"
+#include "platform/settings.h"
 
 #include "platform/RuntimeError.h"
-#include "platform/settings.h"
 
 #include <QSettings>
 

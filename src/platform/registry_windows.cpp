@@ -1,4 +1,4 @@
-#include "platform/registry.h"
+#include "platform/settings.h"
 
 #ifndef NOMINMAX
 #define NOMINMAX

@@ -1,7 +1,4 @@
-#include "platform/replaceFile.h"
-
-#include "platform/FileWriter.h"
-#include "platform/fileAccess.h"
+#include "platform/files.h"
 
 #include <QFileInfo>
 #include <QSaveFile>

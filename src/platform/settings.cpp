@@ -1,7 +1,5 @@
 #include "platform/settings.h"
 
-#include "platform/settings.h"
-
 #include <QSettings>
 
 QString getSetting(const QString &application, const QString &section, const QString &key)

@@ -1,6 +1,6 @@
 #include "platform/settings.h"
 
-#include "platform/fileAccess.h"
+#include "platform/files.h"
 
 #include <QFileInfo>
 #include <QSettings>

@@ -1,4 +1,4 @@
-#include "platform/textFile.h"
+#include "platform/files.h"
 
 #include <QByteArrayView>
 #include <QStringConverter>

@@ -1,7 +1,6 @@
 #include "platform/textForms.h"
 
 #include "platform/RuntimeError.h"
-#include "platform/characterClasses.h"
 #include "platform/numberForms.h"
 
 #include <algorithm>

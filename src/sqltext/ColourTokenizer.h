@@ -1,7 +1,6 @@
 #pragma once
 
 #include "sqltext/SyntaxDefinition.h"
-#include "sqltext/wordClasses.h"
 
 #include <QByteArray>
 #include <QHash>

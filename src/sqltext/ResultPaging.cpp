@@ -4,7 +4,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/textForms.h"
 #include "sqltext/outcomeTexts.h"
-#include "sqltext/sqlFilters.h"
+#include "sqltext/sqlTexts.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #include "sqltext/SyntaxDefinition.h"
 
 #include "platform/RuntimeError.h"
-#include "platform/characterClasses.h"
+#include "platform/textForms.h"
 
 #include <QHash>
 #include <QStringList>

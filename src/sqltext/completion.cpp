@@ -1,8 +1,8 @@
 #include "sqltext/completion.h"
 
 #include "dataaccess/text/SqlTokens.h"
-#include "sqltext/DictionaryNames.h"
-#include "sqltext/wordClasses.h"
+#include "sqltext/SyntaxDefinition.h"
+#include "sqltext/dictionary.h"
 
 #include <algorithm>
 #include <span>

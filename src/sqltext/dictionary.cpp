@@ -15,6 +15,12 @@ QString textOf(const Value &value)
     return value.toText();
 }
 
+/// A quote would end the literal that the name is put into.
+bool isAskable(const QString &name)
+{
+    return !name.contains(u'\'');
+}
+
 } // namespace
 
 QString schemasQuery()
@@ -57,5 +63,35 @@ QStringList namesFromUnharmed(const QString &query, const std::shared_ptr<Connec
     } catch (const RuntimeError &) {
         ignoreErrors([&] { connection->Execute(u"ROLLBACK TO SAVEPOINT querna_names"_s); });
         throw;
+    }
+}
+
+QStringList DictionaryNames::schemas()
+{
+    return answer(schemasQuery());
+}
+
+QStringList DictionaryNames::tables(const QString &schema)
+{
+    return isAskable(schema) ? answer(tablesQuery(schema)) : QStringList();
+}
+
+QStringList DictionaryNames::columns(const QString &schema, const QString &table)
+{
+    return isAskable(schema) && isAskable(table) ? answer(columnsQuery(schema, table))
+                                                 : QStringList();
+}
+
+QStringList DictionaryNames::answer(const QString &query)
+{
+    if (const auto known = m_answers.constFind(query); known != m_answers.constEnd())
+        return *known;
+    if (m_failed)
+        return {};
+    try {
+        return *m_answers.insert(query, m_ask(query));
+    } catch (const RuntimeError &) {
+        m_failed = true;
+        return {};
     }
 }

@@ -3,8 +3,7 @@
 #include "dataaccess/text/SqlTokens.h"
 #include "platform/errorTraps.h"
 #include "platform/textForms.h"
-#include "sqltext/serverStatements.h"
-#include "sqltext/sqlFilters.h"
+#include "sqltext/sqlTexts.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "sqltext/selectionEdits.h"
+#include "sqltext/sqlTexts.h"
 
-#include "platform/characterClasses.h"
+#include "platform/textForms.h"
 #include "sqltext/Occurrences.h"
 
 #include <algorithm>

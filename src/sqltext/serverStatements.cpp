@@ -1,7 +1,6 @@
-#include "sqltext/serverStatements.h"
+#include "sqltext/sqlTexts.h"
 
 #include "platform/textForms.h"
-#include "sqltext/sqlFilters.h"
 
 #include <QStringBuilder>
 

@@ -1,4 +1,4 @@
-#include "sqltext/sqlFilters.h"
+#include "sqltext/sqlTexts.h"
 
 #include "sqltext/CommentFilter.h"
 #include "sqltext/Occurrences.h"

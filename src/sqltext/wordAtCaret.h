@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sqltext/wordClasses.h"
+#include "sqltext/SyntaxDefinition.h"
 
 #include <QString>
 #include <QStringView>

@@ -1,4 +1,4 @@
-#include "sqltext/wordClasses.h"
+#include "sqltext/SyntaxDefinition.h"
 
 #include <QStringList>
 

@@ -1,4 +1,3 @@
-#include "sqltext/DictionaryNames.h"
 #include "sqltext/completion.h"
 #include "sqltext/dictionary.h"
 #include "support/coreTest.h"

@@ -1,12 +1,11 @@
 // Connection strings, those of a login among them, and command texts that are procedure references
 // or hold escapes.
 
-#include "connection/connectDb.h"
+#include "connection/login.h"
 #include "connection/session.h"
-#include "connection/tnsNames.h"
-#include "dataaccess/odbc/installedDrivers.h"
+#include "dataaccess/odbc/sessionParties.h"
 #include "dataaccess/providers/providers.h"
-#include "dataaccess/text/commandText.h"
+#include "dataaccess/text/SqlTokens.h"
 #include "dataaccess/text/connectionString.h"
 #include "platform/errorTraps.h"
 #include "support/coreTest.h"

@@ -1,4 +1,3 @@
-#include "export/copyForms.h"
 #include "export/exportFormats.h"
 #include "support/coreTest.h"
 

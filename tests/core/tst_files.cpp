@@ -1,8 +1,4 @@
-#include "platform/FileReader.h"
-#include "platform/FileWriter.h"
-#include "platform/fileAccess.h"
-#include "platform/replaceFile.h"
-#include "platform/textFile.h"
+#include "platform/files.h"
 #include "support/coreTest.h"
 
 #include <cerrno>

@@ -1,5 +1,5 @@
 #include "dataaccess/Command.h"
-#include "sqltext/serverStatements.h"
+#include "sqltext/sqlTexts.h"
 #include "support/coreTest.h"
 
 using SandboxFixture::scalar;

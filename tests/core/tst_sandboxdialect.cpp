@@ -1,7 +1,6 @@
-#include "dataaccess/sandbox/planSteps.h"
 #include "dataaccess/sandbox/sandboxDialect.h"
 #include "dataaccess/text/SqlTokens.h"
-#include "sqltext/serverStatements.h"
+#include "sqltext/sqlTexts.h"
 #include "support/coreTest.h"
 
 namespace {

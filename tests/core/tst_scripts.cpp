@@ -1,7 +1,7 @@
 #include "sqltext/openWork.h"
 #include "sqltext/outcomeTexts.h"
 #include "sqltext/scriptRunner.h"
-#include "sqltext/serverStatements.h"
+#include "sqltext/sqlTexts.h"
 #include "support/coreTest.h"
 
 namespace {

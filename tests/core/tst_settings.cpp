@@ -1,6 +1,4 @@
-#include "platform/registry.h"
 #include "support/coreTest.h"
-#include "support/settingsPlace.h"
 
 #ifdef Q_OS_WIN
 #include <windows.h>

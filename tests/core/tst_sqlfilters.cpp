@@ -1,6 +1,4 @@
-#include "sqltext/selectionEdits.h"
-#include "sqltext/serverStatements.h"
-#include "sqltext/sqlFilters.h"
+#include "sqltext/sqlTexts.h"
 #include "sqltext/wordAtCaret.h"
 #include "support/coreTest.h"
 #include "support/literallyStripped.h"

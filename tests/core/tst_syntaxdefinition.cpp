@@ -1,8 +1,7 @@
 #include "sqltext/ColourTokenizer.h"
-#include "sqltext/SyntaxDefinition.h"
 #include "support/coreTest.h"
 
-#include "platform/FileReader.h"
+#include "platform/files.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "platform/numberForms.h"
 #include "platform/textForms.h"
-#include "sqltext/selectionEdits.h"
+#include "sqltext/sqlTexts.h"
 #include "support/coreTest.h"
 
 #include <bit>

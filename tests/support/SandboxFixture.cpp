@@ -1,9 +1,4 @@
-#include "support/SandboxFixture.h"
-
-#include "dataaccess/Connection.h"
-#include "support/tables.h"
-
-using namespace Qt::StringLiterals;
+#include "support/coreTest.h"
 
 void SandboxFixture::useSharedFolder()
 {

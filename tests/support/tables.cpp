@@ -1,6 +1,4 @@
-#include "support/tables.h"
-
-using namespace Qt::StringLiterals;
+#include "support/coreTest.h"
 
 std::shared_ptr<Recordset> makeTable(const QList<TableColumn> &columns,
                                      const QList<QList<Value>> &rows)

@@ -18,3 +18,7 @@ void makeFile(const QString &path, const QByteArray &content);
 /// Has @p variable name a file to the ODBC drivers. @returns the file: @p usual, or where drivers
 /// know no variables but those that the process began with, the one that it has named since then.
 QString fileInVariable(const char *variable, const QString &usual);
+
+/// Has this process keep its settings in @p folder, its recovered texts too, and leave the user's
+/// alone. On Windows, its registry is one of its own until the process ends.
+void keepSettingsIn(const QString &folder);

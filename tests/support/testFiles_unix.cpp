@@ -23,3 +23,9 @@ QString fileInVariable(const char *variable, const QString &usual)
     qputenv(variable, QFile::encodeName(usual));
     return usual;
 }
+
+void keepSettingsIn(const QString &folder)
+{
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder + QLatin1StringView("/settings")));
+    qputenv("XDG_STATE_HOME", QFile::encodeName(folder + QLatin1StringView("/state")));
+}

@@ -1,13 +1,4 @@
-#include "support/textRows.h"
-
-#include "platform/RuntimeError.h"
-
-#include <QStringList>
-#include <QTest>
-
-#include <utility>
-
-using namespace Qt::StringLiterals;
+#include "support/coreTest.h"
 
 void addTextColumns()
 {

@@ -1,7 +1,6 @@
-#include "controls/forms/CommonDialog.h"
 #include "controls/forms/StatusPanels.h"
+#include "controls/forms/WaitingLoop.h"
 #include "controls/forms/icons.h"
-#include "controls/forms/mousePointer.h"
 #include "platform/errorTraps.h"
 #include "uisupport/uiTest.h"
 

@@ -3,7 +3,6 @@
 #include "controls/editor/EditorFindDialog.h"
 #include "dialogs/frmFind.h"
 #include "dialogs/frmObject.h"
-#include "dialogs/frmObjectColumn.h"
 #include "dialogs/frmRecords.h"
 #include "export/frmExport.h"
 #include "history/frmSQLHistory.h"

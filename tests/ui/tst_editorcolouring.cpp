@@ -1,7 +1,7 @@
 #include "controls/editor/StyleBytes.h"
 #include "controls/editor/SyntaxColouring.h"
 #include "controls/grids/DataGrid.h"
-#include "controls/grids/RowNumberHeader.h"
+#include "controls/grids/gridLook.h"
 #include "uisupport/uiTest.h"
 
 using Sci = QsciScintillaBase;

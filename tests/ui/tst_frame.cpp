@@ -1,6 +1,6 @@
 #include "app/FrameCommands.h"
 #include "connection/frmQuernaLogin.h"
-#include "editor/paneLayout.h"
+#include "editor/windowLook.h"
 #include "uisupport/ProgramFixture.h"
 
 namespace {

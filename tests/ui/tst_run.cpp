@@ -1,5 +1,5 @@
 #include "controls/grids/ColumnTree.h"
-#include "editor/explainPlan.h"
+#include "editor/ToolbarCommands.h"
 #include "uisupport/ProgramFixture.h"
 
 namespace {

@@ -1,6 +1,5 @@
 #include "controls/forms/WaitingLoop.h"
 #include "dataaccess/odbc/DriverThread.h"
-#include "platform/longWait.h"
 #include "uisupport/ProgramFixture.h"
 
 namespace {

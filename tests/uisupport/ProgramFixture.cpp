@@ -1,8 +1,6 @@
 #include "uisupport/ProgramFixture.h"
 
 #include "app/startUp.h"
-#include "platform/process.h"
-#include "support/settingsPlace.h"
 
 ProgramFixture::ProgramFixture()
 {

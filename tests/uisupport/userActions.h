@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 class ProgramFixture;
 class QWidget;
@@ -14,3 +14,7 @@ void enter(const QWidget &window, const QString &lineEdit, const QString &text);
 
 /// Exports the rows with the option of that index to @p path; without a path no file is asked for.
 void exportRows(ProgramFixture &program, int option, const QString &path);
+
+/// The controls of @p window, itself among them, that can have the focus and that a screen reader
+/// has no name for; those on hidden pages, too.
+QStringList namelessControls(QWidget &window);

@@ -8,8 +8,7 @@
 #include "controls/editor/EditorText.h"
 #include "controls/editor/SyntaxColouring.h"
 #include "controls/editor/editorKeys.h"
-#include "platform/FileReader.h"
-#include "platform/textFile.h"
+#include "platform/files.h"
 
 #include <Qsci/qscicommandset.h>
 

@@ -3,7 +3,7 @@
 #include "controls/editor/EditorFormats.h"
 #include "controls/editor/EditorLook.h"
 #include "controls/editor/Utf16Positions.h"
-#include "sqltext/wordClasses.h"
+#include "sqltext/SyntaxDefinition.h"
 
 #include <Qsci/qsciscintilla.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/editor/EditorSelection.h"
+#include "controls/editor/EditorText.h"
 
 #include <QColor>
 

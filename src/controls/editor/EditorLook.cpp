@@ -2,7 +2,7 @@
 
 #include "controls/editor/EditorFormats.h"
 #include "controls/editor/SyntaxColouring.h"
-#include "controls/forms/fonts.h"
+#include "controls/forms/measures.h"
 
 #include <Qsci/qsciscintilla.h>
 

@@ -1,4 +1,4 @@
-#include "controls/editor/EditorSelection.h"
+#include "controls/editor/EditorText.h"
 
 #include <Qsci/qsciscintillabase.h>
 

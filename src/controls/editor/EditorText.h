@@ -1,13 +1,30 @@
 #pragma once
 
-#include "controls/editor/EditorSelection.h"
-
 #include <QByteArray>
+
+#include <vector>
 
 class EditorChanges;
 class EditorFormats;
 class QsciScintillaBase;
 class Utf16Positions;
+
+/// A stretch of an editor's text, in the widget's bytes of UTF-8.
+struct ByteRange
+{
+    long begin;
+    long end;
+
+    long length() const { return end - begin; }
+};
+
+/// What is selected, from top to bottom: one stretch, or for a rectangular selection one in every
+/// row of the block, empty where the row is too short. A rectangle of no width selects nothing:
+/// it is the empty stretch at the caret.
+std::vector<ByteRange> selectedRanges(const QsciScintillaBase &editor);
+
+QByteArray textBytes(const QsciScintillaBase &editor, const ByteRange &range);
+void exchangeBytes(QsciScintillaBase &editor, const ByteRange &range, const QByteArray &text);
 
 /// Reads and replaces an editor's text as the widget holds it, in UTF-8 with carriage return + line
 /// feed. What replaces a text takes over its formats.

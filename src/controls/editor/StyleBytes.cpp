@@ -1,6 +1,6 @@
 #include "controls/editor/StyleBytes.h"
 
-#include "platform/characterClasses.h"
+#include "platform/textForms.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 #include "controls/editor/Utf16Positions.h"
 
-#include "controls/editor/EditorSelection.h"
-#include "platform/characterClasses.h"
+#include "controls/editor/EditorText.h"
+#include "platform/textForms.h"
 
 #include <Qsci/qsciscintillabase.h>
 

@@ -2,6 +2,8 @@
 
 #include "platform/longWait.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QObject>
 #include <QPointer>
 
@@ -62,4 +64,15 @@ private:
     std::vector<QPointer<QObject>> m_closing;
     /// What was typed, and into which window.
     std::vector<std::pair<QPointer<QWidget>, std::shared_ptr<QEvent>>> m_typed;
+};
+
+/// Shows the hourglass over every window of the program for as long as it lives, then the shape
+/// that was there before, also when the work in between fails.
+class HourglassPointer
+{
+public:
+    HourglassPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~HourglassPointer() { QGuiApplication::restoreOverrideCursor(); }
+    HourglassPointer(const HourglassPointer &) = delete;
+    HourglassPointer &operator=(const HourglassPointer &) = delete;
 };

@@ -1,7 +1,5 @@
 #include "controls/forms/icons.h"
 
-#include "controls/forms/icons.h"
-
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "controls/forms/messageBox.h"
+#include "controls/forms/CommonDialog.h"
 
 #include "controls/forms/WaitingLoop.h"
 #include "platform/errorTraps.h"

@@ -4,9 +4,11 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMimeData>
 #include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
@@ -76,4 +78,19 @@ void setSelText(QWidget *control, const QString &text)
 EditorControl *focusedEditor()
 {
     return qobject_cast<EditorControl *>(QApplication::focusWidget());
+}
+
+bool OutputPane::event(QEvent *event)
+{
+    const bool claimsKey = event->type() == QEvent::ShortcutOverride;
+    if (claimsKey && static_cast<QKeyEvent *>(event)->matches(QKeySequence::SelectAll))
+        return true;
+    return QPlainTextEdit::event(event);
+}
+
+QMimeData *OutputPane::createMimeDataFromSelection() const
+{
+    auto *copied = new QMimeData;
+    copied->setText(selText(this));
+    return copied;
 }

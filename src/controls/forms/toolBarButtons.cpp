@@ -1,5 +1,3 @@
-#include "controls/forms/toolBarButtons.h"
-
 #include "controls/forms/icons.h"
 
 #include <QAction>

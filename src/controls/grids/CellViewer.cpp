@@ -1,8 +1,8 @@
 #include "controls/grids/CellViewer.h"
 
-#include "controls/forms/fonts.h"
 #include "controls/forms/formControls.h"
-#include "controls/grids/selectionText.h"
+#include "controls/forms/measures.h"
+#include "controls/forms/selText.h"
 #include "platform/errorTraps.h"
 
 #include <QCheckBox>

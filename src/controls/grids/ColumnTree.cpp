@@ -1,10 +1,8 @@
 #include "controls/grids/ColumnTree.h"
 
-#include "controls/forms/fonts.h"
-#include "controls/grids/ColumnHeader.h"
-#include "controls/grids/OneLineDelegate.h"
+#include "controls/forms/measures.h"
+#include "controls/forms/selText.h"
 #include "controls/grids/gridLook.h"
-#include "controls/grids/selectionText.h"
 #include "platform/RuntimeError.h"
 
 #include <QHeaderView>

@@ -1,15 +1,12 @@
 #include "controls/grids/DataGrid.h"
 
+#include "controls/forms/selText.h"
 #include "controls/grids/CellViewer.h"
-#include "controls/grids/ColumnHeader.h"
 #include "controls/grids/GridMenu.h"
 #include "controls/grids/GridOrder.h"
 #include "controls/grids/GridSearch.h"
-#include "controls/grids/OneLineDelegate.h"
 #include "controls/grids/RecordsetModel.h"
-#include "controls/grids/RowNumberHeader.h"
 #include "controls/grids/gridLook.h"
-#include "controls/grids/selectionText.h"
 #include "platform/errorTraps.h"
 
 #include <QContextMenuEvent>

@@ -1,11 +1,10 @@
 #include "controls/grids/FlexGrid.h"
 
 #include "controls/forms/formControls.h"
-#include "controls/forms/twips.h"
-#include "controls/grids/ColumnHeader.h"
+#include "controls/forms/measures.h"
+#include "controls/forms/selText.h"
 #include "controls/grids/RecordsetModel.h"
 #include "controls/grids/gridLook.h"
-#include "controls/grids/selectionText.h"
 #include "platform/RuntimeError.h"
 
 #include <QHeaderView>

@@ -1,12 +1,12 @@
 #include "controls/grids/GridMenu.h"
 
-#include "controls/forms/mousePointer.h"
+#include "controls/forms/WaitingLoop.h"
+#include "controls/forms/selText.h"
 #include "controls/grids/DataGrid.h"
 #include "controls/grids/GridOrder.h"
 #include "controls/grids/GridSearch.h"
 #include "controls/grids/RecordsetModel.h"
-#include "controls/grids/selectionText.h"
-#include "export/copyForms.h"
+#include "export/exportFormats.h"
 #include "platform/errorTraps.h"
 
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #include "controls/grids/GridOrder.h"
 
-#include "controls/forms/mousePointer.h"
+#include "controls/forms/WaitingLoop.h"
 #include "controls/grids/DataGrid.h"
 #include "controls/grids/RecordsetModel.h"
 #include "platform/errorTraps.h"

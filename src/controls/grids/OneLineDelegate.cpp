@@ -1,4 +1,4 @@
-#include "controls/grids/OneLineDelegate.h"
+#include "controls/grids/gridLook.h"
 
 #include <QPainter>
 

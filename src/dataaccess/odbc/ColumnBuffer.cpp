@@ -1,6 +1,6 @@
 #include "dataaccess/odbc/ColumnBuffer.h"
 
-#include "platform/characterClasses.h"
+#include "platform/textForms.h"
 
 #include <algorithm>
 #include <charconv>

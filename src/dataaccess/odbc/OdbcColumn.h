@@ -1,6 +1,5 @@
 #pragma once
 
-#include "dataaccess/odbc/OdbcAbilities.h"
 #include "dataaccess/odbc/OdbcHandle.h"
 #include "dataaccess/rows/dataAccessTypes.h"
 

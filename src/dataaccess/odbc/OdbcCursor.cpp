@@ -1,8 +1,5 @@
 #include "dataaccess/odbc/OdbcCursor.h"
 
-#include "dataaccess/odbc/diagnostics.h"
-#include "dataaccess/odbc/longValues.h"
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,5 @@
 #include "dataaccess/odbc/OdbcHandle.h"
 
-#include "dataaccess/odbc/diagnostics.h"
-
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
 
 OdbcHandle::OdbcHandle(SQLSMALLINT type, const OdbcHandle &parent)

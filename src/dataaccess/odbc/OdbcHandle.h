@@ -2,6 +2,7 @@
 
 #include "dataaccess/odbc/DriverThread.h"
 #include "dataaccess/odbc/odbcHeaders.h"
+#include "platform/RuntimeError.h"
 
 #include <QString>
 
@@ -91,3 +92,30 @@ SQLWCHAR *odbcText(const QString &text);
 /// What the driver has written into @p buffer, up to the zero that ends it: the lengths that
 /// drivers tell are not to be trusted.
 QString textInBuffer(const QString &buffer);
+
+/// The failure that @p handle reports: the texts of all its diagnostic records, joined by line
+/// ends, as the driver wrote them. Its number is the first record's native error, or -2147467259
+/// ("unspecified error") when that is 0.
+RuntimeError odbcError(const OdbcHandle &handle);
+
+/// What the ways to speak with a driver depend on.
+struct OdbcAbilities
+{
+    SQLUINTEGER getDataExtensions = 0; ///< SQL_GD_… flags
+    /// False for an engine in which a column's declared type and size limit nothing.
+    bool declarationsBindValues = true;
+    /// A statement that defines something ends the transaction.
+    bool definitionsCommit = false;
+
+    /// MariaDB's driver has ways of its own. It writes output parameters as UTF-8 text, whatever
+    /// type they are bound as. It takes a procedure's making for as many statements as it has
+    /// semicolons, sends it in one piece nevertheless, and crashes when asked for the results it
+    /// did not get: of blocks and calls alone it may be asked for more than one. A whole result it
+    /// reads at once.
+    bool isMariaDb = false;
+    /// Texts that are fetched as narrow ones come in UTF-8. Wide ones, MariaDB's driver ends at the
+    /// first zero character, and misreckons their length when it has to cut them.
+    bool givesUtf8 = false;
+
+    bool has(SQLUINTEGER flags) const { return (getDataExtensions & flags) == flags; }
+};

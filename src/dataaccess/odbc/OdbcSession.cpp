@@ -1,9 +1,7 @@
 #include "dataaccess/odbc/OdbcSession.h"
 
 #include "dataaccess/odbc/OdbcCursor.h"
-#include "dataaccess/odbc/SessionClient.h"
 #include "dataaccess/text/SqlTokens.h"
-#include "dataaccess/text/commandText.h"
 #include "platform/RuntimeError.h"
 
 #include <QRegularExpression>

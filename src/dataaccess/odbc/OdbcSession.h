@@ -1,9 +1,8 @@
 #pragma once
 
 #include "dataaccess/odbc/DriverThread.h"
-#include "dataaccess/odbc/OdbcAbilities.h"
 #include "dataaccess/odbc/OdbcHandle.h"
-#include "dataaccess/odbc/ProviderSession.h"
+#include "dataaccess/odbc/sessionParties.h"
 
 #include <QString>
 

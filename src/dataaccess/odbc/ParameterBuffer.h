@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dataaccess/odbc/OdbcHandle.h"
-#include "dataaccess/rows/Parameter.h"
+#include "dataaccess/rows/dataAccessTypes.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/odbc/SessionClient.h"
+#include "dataaccess/odbc/sessionParties.h"
 #include "dataaccess/rows/MemoryTable.h"
 #include "dataaccess/rows/dataAccessTypes.h"
 

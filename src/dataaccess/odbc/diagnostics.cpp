@@ -1,5 +1,3 @@
-#include "dataaccess/odbc/diagnostics.h"
-
 #include "dataaccess/odbc/OdbcHandle.h"
 
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "dataaccess/odbc/installedDrivers.h"
+#include "dataaccess/odbc/sessionParties.h"
 
 #include "dataaccess/odbc/OdbcHandle.h"
 

@@ -1,4 +1,4 @@
-#include "dataaccess/odbc/longValues.h"
+#include "dataaccess/odbc/ColumnBuffer.h"
 
 #include "platform/RuntimeError.h"
 

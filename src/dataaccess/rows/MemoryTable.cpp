@@ -1,6 +1,5 @@
 #include "dataaccess/rows/MemoryTable.h"
 
-#include "dataaccess/rows/RowOrder.h"
 #include "dataaccess/rows/packedCells.h"
 
 MemoryTable::MemoryTable(int fieldCount)

@@ -1,7 +1,7 @@
 #include "dataaccess/rows/NumberKey.h"
 
 #include "dataaccess/rows/packedCells.h"
-#include "platform/characterClasses.h"
+#include "platform/textForms.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,5 @@
-#include "dataaccess/rows/RowOrder.h"
-
 #include "dataaccess/rows/MemoryTable.h"
+
 #include "dataaccess/rows/NumberKey.h"
 #include "dataaccess/rows/packedCells.h"
 

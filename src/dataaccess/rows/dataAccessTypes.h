@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dataaccess/rows/Value.h"
+
 #include <QString>
 
 /// Codes of the classic data-access objects (ADO), with their names and numbers.
@@ -43,4 +45,14 @@ struct FieldInfo
     QString name;
     DataTypeEnum type = adVariant;
     int definedSize = 0; ///< longest text in UTF-16 units; 0 for no limit
+};
+
+/// One argument of a command. Output parameters are all that there are: what goes in stands in the
+/// command's text.
+struct Parameter
+{
+    QString name;
+    DataTypeEnum type = adVarChar;
+    int size = 0; ///< longest text in UTF-16 units; 0 for types of fixed size
+    Value value;  ///< what came out; empty before the first execution
 };

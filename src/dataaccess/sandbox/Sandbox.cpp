@@ -1,7 +1,6 @@
 #include "dataaccess/sandbox/Sandbox.h"
 
 #include "dataaccess/sandbox/sandboxDialect.h"
-#include "dataaccess/sandbox/sandboxService.h"
 #include "dataaccess/text/connectionString.h"
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,7 @@
 #include "dataaccess/sandbox/SandboxFolder.h"
 
 #include "platform/RuntimeError.h"
-#include "platform/fileAccess.h"
+#include "platform/files.h"
 
 #include <QDir>
 #include <QStandardPaths>

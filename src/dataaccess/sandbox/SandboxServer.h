@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dataaccess/odbc/ProviderSession.h"
+#include "dataaccess/odbc/sessionParties.h"
 #include "dataaccess/sandbox/FileLock.h"
 #include "dataaccess/sandbox/SandboxFolder.h"
 

@@ -1,7 +1,6 @@
 #include "dataaccess/sandbox/SandboxServer.h"
 
-#include "dataaccess/sandbox/sandboxSetup.h"
-#include "dataaccess/sandbox/superviseServer.h"
+#include "dataaccess/sandbox/serverProgram.h"
 #include "platform/RuntimeError.h"
 
 #include <QDeadlineTimer>

@@ -1,4 +1,4 @@
-#include "dataaccess/sandbox/planSteps.h"
+#include "dataaccess/sandbox/sandboxDialect.h"
 
 #include "dataaccess/text/SqlTokens.h"
 #include "platform/RuntimeError.h"

@@ -1,6 +1,5 @@
-#include "dataaccess/sandbox/sandboxService.h"
+#include "dataaccess/sandbox/Sandbox.h"
 
-#include "dataaccess/odbc/installedDrivers.h"
 #include "dataaccess/text/connectionString.h"
 #include "platform/RuntimeError.h"
 

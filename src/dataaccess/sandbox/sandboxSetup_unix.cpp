@@ -1,4 +1,4 @@
-#include "dataaccess/sandbox/sandboxSetup.h"
+#include "dataaccess/sandbox/serverProgram.h"
 
 #include "platform/RuntimeError.h"
 #include "platform/process.h"

@@ -1,7 +1,5 @@
-#include "dataaccess/sandbox/superviseServer.h"
+#include "dataaccess/sandbox/serverProgram.h"
 
-#include "dataaccess/sandbox/FileLock.h"
-#include "dataaccess/sandbox/SandboxFolder.h"
 #include "platform/RuntimeError.h"
 
 #include <QFile>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLatin1StringView>
+#include <QString>
 #include <QStringView>
 
 /// Whether @p character can stand in a word: a name without quotes, a keyword or a number.
@@ -46,3 +47,12 @@ private:
     QStringView m_text;
     qsizetype m_position = 0;
 };
+
+/// A command text that is nothing but a procedure reference, such as `dbms_output.disable` or
+/// `name(1, 'x')`, as `{call …}`; blanks, line ends and a semicolon around it are dropped. Any
+/// other text, single-word statements such as `commit` among them, comes back as it is.
+QString asProcedureCall(const QString &commandText);
+
+/// Whether @p text has an ODBC escape (`{call …}`, `{fn …}`, `{d '…'}` and so on) outside literals,
+/// quoted names and comments.
+bool hasOdbcEscape(const QString &text);

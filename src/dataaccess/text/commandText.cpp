@@ -1,5 +1,3 @@
-#include "dataaccess/text/commandText.h"
-
 #include "dataaccess/text/SqlTokens.h"
 
 #include <QRegularExpression>

@@ -1,5 +1,21 @@
 #pragma once
 
+#include <QString>
+
+/// How an editor window looks from without and within, found without a window: its caption, where
+/// user and database names are in capitals, and its panes.
+
+/// `SCOTT@ORCL - SQL Editor`, before there is a text to name.
+QString captionAtLoad(const QString &userName, const QString &tnsName);
+
+/// The same with the beginning of the text: its first 30 characters (UTF-16 units), blanks at its
+/// ends left out, and always an ellipsis.
+QString captionWithText(const QString &userName, const QString &tnsName, const QString &text);
+
+/// @p caption as the title of a window: what has no picture, such as a line end, is a blank, and
+/// `[*]`, which the toolkit takes as a mark of its own, is shown as it stands.
+QString titleOf(QString caption);
+
 /// Sizes of an editor window's panes, all in twips.
 struct PaneLayout
 {

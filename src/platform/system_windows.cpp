@@ -1,9 +1,10 @@
-#include "platform/process.h"
-
 #include "platform/RuntimeError.h"
+#include "platform/files.h"
+#include "platform/process.h"
 
 #include <windows.h>
 
+#include <io.h>
 #include <shellapi.h>
 
 #include <cstdio>
@@ -40,4 +41,9 @@ void openPage(const QString &address)
 void keepFilesFromPrograms()
 {
     // No program that is started has any: the toolkit opens them so that none is handed on.
+}
+
+bool flushToDisk(QFile &file)
+{
+    return ::_commit(file.handle()) == 0;
 }

@@ -1,3 +1,4 @@
+#include "platform/files.h"
 #include "platform/process.h"
 
 #include <QStandardPaths>
@@ -26,4 +27,9 @@ void keepFilesFromPrograms()
 #ifdef Q_OS_LINUX // elsewhere they stay with who opened them
     ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
 #endif
+}
+
+bool flushToDisk(QFile &file)
+{
+    return ::fsync(file.handle()) == 0;
 }

@@ -1,4 +1,4 @@
-#include "controls/grids/selectionText.h"
+#include "controls/forms/selText.h"
 
 #include "platform/errorTraps.h"
 

@@ -1,4 +1,4 @@
-#include "controls/forms/fonts.h"
+#include "controls/forms/measures.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>

@@ -3,6 +3,8 @@
 #include "dataaccess/Connection.h"
 
 #include <QString>
+#include <QStringList>
+#include <QStringView>
 
 #include <memory>
 
@@ -49,3 +51,14 @@ void readLoginNames(const QString &commandLine, QString &userName, QString &tnsN
 void connectDb(const QString &user, const QString &password, const QString &database,
                bool &connected, std::shared_ptr<Connection> &conn, qint16 driver, qint16 privilege,
                QString &connectionString);
+
+/// The names that databases have in Oracle's network configuration, `tnsnames.ora`.
+
+/// The aliases that such a file's text defines, in its order, each once. A definition that is not
+/// closed ends where another one begins at the start of a line.
+QStringList tnsAliases(QStringView text);
+
+/// The aliases of this user and this machine: those of `~/.tnsnames.ora` and of the first
+/// tnsnames.ora in the folder that TNS_ADMIN names, in /etc and in $ORACLE_HOME/network/admin.
+/// Files that cannot be read have none.
+QStringList tnsAliases();

@@ -7,7 +7,10 @@
 #include <QString>
 #include <QStringList>
 
-/// Making the sandbox's database out of the server's empty one.
+#include <chrono>
+
+/// The sandbox's server as a program: what it is started with, how its database is made out of its
+/// empty one, who watches over it.
 
 /// A file of the sandbox's own SQL.
 /// @throws RuntimeError 53 when there is none of that name
@@ -32,3 +35,25 @@ QStringList sandboxServingOptions();
 ///        holds it as well, to its own end
 /// @throws RuntimeError 3000 with the server's own words when a step fails
 void createSandboxData(const SandboxFolder &folder, const FileLock &lock);
+
+/// Starts the sandbox's server in @p folder, and a process that is the server's parent and stops it
+/// when the last client has gone. Returns as soon as both are on their way.
+/// @param lock  the one on server.lock, which the server holds from then on
+/// @param command  the server's program and its arguments; paths are relative to the folder
+/// @throws RuntimeError 3000 when the system has no room for another process
+void superviseServer(const SandboxFolder &folder, const FileLock &lock, const QStringList &command);
+
+/// A connection to the server's socket @p path, which is at most a hundred characters long; -1 when
+/// nobody listens there.
+int connectToServer(const char *path);
+
+enum class ServerAnswer {
+    Refusal, ///< nobody listens, or nobody who stays
+    Silence, ///< somebody does, but says nothing
+    Greeting ///< the server is ready
+};
+
+/// What the server says to somebody who comes. It speaks first, which shows that it is at work and
+/// not merely there. Uses no memory of the heap.
+/// @param longest  to wait for a word
+ServerAnswer serverAnswer(const char *path, std::chrono::milliseconds longest);

@@ -1,15 +1,42 @@
-#include "editor/paneLayout.h"
+#include "editor/windowLook.h"
+
+#include "platform/textForms.h"
 
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
+constexpr int shownCharacters = 30;
+
+// In twips.
 constexpr int sideMargins = 200;
 constexpr int dividerHeight = 50;
 constexpr int statusBarHeight = 500;
 
 } // namespace
+
+QString captionAtLoad(const QString &userName, const QString &tnsName)
+{
+    return userName.toUpper() + u'@' + tnsName.toUpper() + u" - SQL Editor"_s;
+}
+
+QString captionWithText(const QString &userName, const QString &tnsName, const QString &text)
+{
+    return captionAtLoad(userName, tnsName) + u": "_s + trimBlanks(text).left(shownCharacters) +
+           u"..."_s;
+}
+
+QString titleOf(QString caption)
+{
+    for (QChar &character : caption) {
+        if (character.isSpace() || character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    return caption.replace(u"[*]"_s, u"[*][*]"_s);
+}
 
 float boundedSplitRatio(float ratio)
 {

@@ -1,8 +1,0 @@
-#include "platform/fileAccess.h"
-
-#include <unistd.h>
-
-bool flushToDisk(QFile &file)
-{
-    return ::fsync(file.handle()) == 0;
-}
