@@ -2,7 +2,6 @@
 
 #include "dataaccess/odbc/OdbcCursor.h"
 #include "dataaccess/text/SqlTokens.h"
-#include "platform/RuntimeError.h"
 
 #include <QRegularExpression>
 
@@ -34,8 +33,7 @@ void driverConnect(const OdbcHandle &connection, const QString &connectionString
 bool mayHaveFurtherResults(const QString &text)
 {
     const SqlToken first = SqlTokens(text).next();
-    return first.isWord(u"BEGIN") || first.isWord(u"CALL") || first.isWord(u"EXECUTE") ||
-           first.isSign(u'{');
+    return first.isOneOf("BEGIN CALL EXECUTE"_L1) || first.isSign(u'{');
 }
 
 /// Whether a driver refuses a statement because results are still open, rather than for what the
@@ -62,9 +60,7 @@ bool saysMemoryRanOut(const RuntimeError &error, bool isMariaDb)
 /// Whether @p text ends the transaction that it is sent in.
 bool endsTransaction(const QString &text)
 {
-    const SqlToken word = SqlTokens(text).next();
-    return word.isWord(u"rollback") || word.isWord(u"abort") || word.isWord(u"commit") ||
-           word.isWord(u"end");
+    return SqlTokens(text).next().isOneOf("ROLLBACK ABORT COMMIT END"_L1);
 }
 
 /// Whether the driver manager has room for the names of drivers in @p connectionString; one that is
