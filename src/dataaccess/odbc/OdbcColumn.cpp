@@ -189,7 +189,7 @@ std::vector<OdbcColumn> describeColumns(const OdbcHandle &statement, const OdbcA
         if (described.sqlType == SQL_BIGINT &&
             numericAttribute(statement, number, SQL_DESC_UNSIGNED) == SQL_TRUE)
             column.form = ColumnForm::Digits;
-        if (!abilities.declarationsBindValues && column.form != ColumnForm::Text &&
+        if (abilities.isSqlite && column.form != ColumnForm::Text &&
             column.form != ColumnForm::Binary)
             column.form = ColumnForm::Anything;
         if (abilities.givesUtf8 && column.form == ColumnForm::Text)

@@ -34,7 +34,7 @@ bool hasDoubtfulSize(const OdbcColumn &column, const OdbcAbilities &abilities)
 {
     if (!hasFreeSize(column))
         return false;
-    if (column.expectedBytes == 0 || !abilities.declarationsBindValues)
+    if (column.expectedBytes == 0 || abilities.isSqlite)
         return true;
     if (column.isTableColumn)
         return false;

@@ -102,8 +102,6 @@ RuntimeError odbcError(const OdbcHandle &handle);
 struct OdbcAbilities
 {
     SQLUINTEGER getDataExtensions = 0; ///< SQL_GD_… flags
-    /// False for an engine in which a column's declared type and size limit nothing.
-    bool declarationsBindValues = true;
     /// A statement that defines something ends the transaction.
     bool definitionsCommit = false;
 
@@ -113,6 +111,9 @@ struct OdbcAbilities
     /// did not get: of blocks and calls alone it may be asked for more than one. A whole result it
     /// reads at once.
     bool isMariaDb = false;
+    /// SQLite has them, too: a column's declared type and size limit nothing there, and a change
+    /// that is cancelled ends the transaction, which its driver does not notice.
+    bool isSqlite = false;
     /// Texts that are fetched as narrow ones come in UTF-8. Wide ones, MariaDB's driver ends at the
     /// first zero character, and misreckons their length when it has to cut them.
     bool givesUtf8 = false;

@@ -179,7 +179,7 @@ void OdbcSession::readAbilities()
 {
     const QString driver = textInfo(m_connection, SQL_DRIVER_NAME);
     m_abilities.getDataExtensions = info<SQLUINTEGER>(m_connection, SQL_GETDATA_EXTENSIONS, 0);
-    m_abilities.declarationsBindValues = textInfo(m_connection, SQL_DBMS_NAME) != "SQLite"_L1;
+    m_abilities.isSqlite = textInfo(m_connection, SQL_DBMS_NAME) == "SQLite"_L1;
     m_abilities.definitionsCommit =
         info<SQLUSMALLINT>(m_connection, SQL_TXN_CAPABLE, SQL_TC_NONE) == SQL_TC_DDL_COMMIT;
     m_abilities.isMariaDb = driver.contains("maodbc"_L1);
@@ -193,7 +193,7 @@ void OdbcSession::readAbilities()
     m_oneResultOnly = info<SQLUSMALLINT>(m_connection, SQL_MAX_CONCURRENT_ACTIVITIES, 0) == 1;
     m_commitKeepsResults = keepsResults(m_connection, SQL_CURSOR_COMMIT_BEHAVIOR);
     m_rollbackKeepsResults = keepsResults(m_connection, SQL_CURSOR_ROLLBACK_BEHAVIOR);
-    if (m_thread && (m_abilities.isMariaDb || !m_abilities.declarationsBindValues)) {
+    if (m_thread && (m_abilities.isMariaDb || m_abilities.isSqlite)) {
         m_idleStatement = OdbcHandle(SQL_HANDLE_STMT, m_connection);
         m_thread->setIdleStatement(m_idleStatement.get());
     }
@@ -339,11 +339,10 @@ void OdbcSession::watchFailures(const std::function<void()> &action)
     }
 }
 
-/// SQLite ends the transaction of a change that is cancelled, but its driver does not notice: what
-/// comes next would be committed at once.
+/// What comes next would be committed at once.
 bool OdbcSession::hasLostTransaction()
 {
-    if (m_abilities.declarationsBindValues)
+    if (!m_abilities.isSqlite)
         return false;
     const OdbcHandle statement(SQL_HANDLE_STMT, m_connection);
     return SQL_SUCCEEDED(SQLExecDirectW(statement.get(), odbcText(u"begin"_s), SQL_NTS));
