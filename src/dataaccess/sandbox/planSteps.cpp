@@ -208,8 +208,7 @@ private:
         SqlTokens tokens(statement);
         SqlToken token = tokens.next();
         while (token.kind != SqlToken::End) {
-            const bool first =
-                token.isWord(u"FROM") || token.isWord(u"UPDATE") || token.isWord(u"INTO");
+            const bool first = token.isOneOf("FROM UPDATE INTO"_L1);
             const bool starts = first || token.isWord(u"JOIN") || token.isSign(u',');
             token = tokens.next();
             if (!starts || !token.isName())
