@@ -142,7 +142,6 @@ void MDIFormQuerna::offerPractice()
     connect(m_practice, &QLabel::linkActivated, this, [this] {
         reportErrors([this] {
             openCommandLine(practiceConnectionString);
-            readLoginNames(gConnectString, gUserName, gTnsName);
             if (m_login)
                 m_login->close();
             showEditorWindow();
@@ -166,7 +165,6 @@ void MDIFormQuerna::Form_Load(const QString &commandLine)
         endProgram(1);
         return;
     }
-    readLoginNames(gConnectString, gUserName, gTnsName);
     ignoreErrors([this] { showEditorWindow(); });
 }
 
@@ -177,6 +175,7 @@ void MDIFormQuerna::openCommandLine(const QString &connectionString)
     const FrameNotice notice(*m_area);
     gConnection->Open(gConnectString);
     gConnection->BeginTrans();
+    readLoginNames(gConnectString, gUserName, gTnsName);
 }
 
 frmQuerna *MDIFormQuerna::activeEditor() const
