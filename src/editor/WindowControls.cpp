@@ -95,7 +95,7 @@ void WindowControls::createOutputTab()
     rtbdbms->setAccessibleName(QObject::tr("Server output"));
     rtbdbms->setUndoRedoEnabled(false);
     rtbdbms->setLineWrapMode(QPlainTextEdit::NoWrap);
-    rtbdbms->setFont(QFont(fixedWidthFamily(), defaultPoints()));
+    rtbdbms->setFont(fixedWidthFont());
     tbSql->addTab(page, u"DBMS Output"_s);
 }
 

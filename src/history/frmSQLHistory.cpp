@@ -86,7 +86,7 @@ frmSQLHistory::frmSQLHistory(QWidget *parent)
     txtStatement->setReadOnly(true);
     txtStatement->setTabChangesFocus(true);
     txtStatement->setLineWrapMode(QPlainTextEdit::NoWrap);
-    txtStatement->setFont(QFont(fixedWidthFamily(), defaultPoints()));
+    txtStatement->setFont(fixedWidthFont());
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(txtFilter);
     layout->addWidget(msfgSQL, 3);

@@ -52,6 +52,11 @@ int defaultPoints()
     return std::max(chosen.pointSize(), smallest);
 }
 
+QFont fixedWidthFont()
+{
+    return QFont(fixedWidthFamily(), defaultPoints());
+}
+
 QFont fittingFont(const QFont &font, const QString &text, int room)
 {
     const int needed = longestWord(QFontMetrics(font), text);

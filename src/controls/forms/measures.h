@@ -28,6 +28,9 @@ QString fixedWidthFamily();
 /// Size in points that text is edited in.
 int defaultPoints();
 
+/// The font of both, for text that is shown as it was written.
+QFont fixedWidthFont();
+
 /// @p font, or a smaller one in which the longest word of @p text is not wider than @p room pixels.
 /// What would be too small to be read is not made any smaller.
 QFont fittingFont(const QFont &font, const QString &text, int room);

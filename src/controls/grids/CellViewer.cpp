@@ -53,7 +53,7 @@ CellViewer::CellViewer(QWidget *parent)
     txtValue->setReadOnly(true);
     txtValue->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     txtValue->setUndoRedoEnabled(false);
-    txtValue->setFont(QFont(fixedWidthFamily(), defaultPoints()));
+    txtValue->setFont(fixedWidthFont());
     createOptions();
     createParts();
 
