@@ -27,7 +27,10 @@ public:
         const qsizetype length = std::distance(m_rest.begin(), end);
         if (length < fewest || length > most)
             throw RuntimeError(ErrorNumber::TypeMismatch);
-        number = static_cast<Number>(m_rest.first(length).toInt());
+        int value = 0;
+        for (const QChar digit : m_rest.first(length))
+            value = 10 * value + digit.unicode() - u'0';
+        number = static_cast<Number>(value);
         m_rest = m_rest.sliced(length);
     }
 

@@ -3,6 +3,8 @@
 #include "dataaccess/rows/NumberKey.h"
 #include "dataaccess/rows/packedCells.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -193,6 +195,8 @@ private:
             units = {m_bytes.view().data(), m_bytes.size(), 1};
         }
         const qsizetype left = units.count - depth;
+        if (m_step == bytesInKey && left > m_step)
+            return qFromBigEndian<quint64>(units.data + depth) | more;
         const qsizetype taken = std::min(left, m_step);
         quint64 key = 0;
         for (qsizetype i = 0; i < m_step; ++i) {
