@@ -17,7 +17,6 @@ private slots:
     void integers() { compareTextRow(); }
     void oddDates();
     void randomNumbers();
-    void randomDates();
 };
 
 namespace {
@@ -143,34 +142,6 @@ void tst_TextForms::randomNumbers()
         const QString form = exactNumber(digits);
         QCOMPARE(exactNumber(form), form);
     }
-}
-
-// Dates and nothing else are read, by a second writing of what they look like.
-void tst_TextForms::randomDates()
-{
-    static const QRegularExpression pattern(
-        uR"(\A *(\d\d?)/(\d\d?)/(\d{4})(?: (\d\d?):(\d\d)(?::(\d\d))?)? *\z)"_s);
-    static const QStringList pieces{u"1"_s, u"2"_s,     u"12"_s, u"30"_s,     u"2024"_s, u"/"_s,
-                                    u"/"_s, u"2/29/"_s, u" "_s,  u"23:59:"_s, u":0"_s,   u":"_s};
-    QRandomGenerator random(20240305);
-    int dates = 0;
-    for (int run = 0; run < 100'000; ++run) {
-        QString text = run % 2 == 0 ? u"2/"_s : u"12/3/2024 "_s;
-        for (int piece = random.bounded(7); piece > 0; --piece)
-            text += pieces[random.bounded(int(pieces.size()))];
-        const auto match = pattern.match(text);
-        const auto part = [&](int number) { return match.captured(number).toInt(); };
-        const QDate date(part(3), part(1), part(2));
-        const QTime time(part(4), part(5), part(6));
-        QString read;
-        const int error = raisedError([&] { read = timestampToText(textToTimestamp(text)); });
-        const bool isDate = match.hasMatch() && date.isValid() && time.isValid();
-        QCOMPARE(error, isDate ? 0 : ErrorNumber::TypeMismatch);
-        if (isDate)
-            QCOMPARE(read, dateTimeToText(QDateTime(date, time, Qt::UTC)));
-        dates += isDate;
-    }
-    QVERIFY(dates > 1000);
 }
 
 QTEST_GUILESS_MAIN(tst_TextForms)
