@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -38,6 +39,15 @@ void showLongTextScrolling(QMessageBox &box)
     field->setMinimumSize(room);
     delete layout->replaceWidget(label, field);
     label->hide();
+}
+
+/// Has a short text leave room for the title, and for what the frame shows beside it.
+void makeRoomForTitle(QMessageBox &box)
+{
+    const int beside = 5 * box.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const int title = box.fontMetrics().horizontalAdvance(box.windowTitle());
+    if (auto *layout = qobject_cast<QGridLayout *>(box.layout()))
+        layout->setColumnMinimumWidth(layout->columnCount() - 1, title + beside);
 }
 
 /// The window that a message belongs to. Just after a dialog has closed, and while another program
@@ -71,6 +81,7 @@ int showBox(QMessageBox::Icon icon, const QString &text, QMessageBox::StandardBu
     if (buttons.testFlag(QMessageBox::No))
         box.setEscapeButton(QMessageBox::No);
     showLongTextScrolling(box);
+    makeRoomForTitle(box);
     // While it waits for the user, the program does not look busy.
     const bool looksBusy = QGuiApplication::overrideCursor() != nullptr;
     if (looksBusy)
