@@ -269,7 +269,7 @@ void tst_odbc::openResultsAreReleased()
 {
     for (const auto &items : {u"ONERESULT=1"_s, u"ONERESULT=1;ACTIVITIES=1"_s,
                               // PostgreSQL's driver, as it is registered for narrow texts.
-                              u"NAME=psqlodbca.so;NARROW=1;ROLLSBACK=1"_s}) {
+                              u"NAME=psqlodbca.so;NARROW=1;ROLLSBACK=1;UseDeclareFetch=1"_s}) {
         const auto connection = fake(items);
         Recordset first;
         first.setCacheSize(10);

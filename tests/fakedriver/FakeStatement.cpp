@@ -40,7 +40,8 @@ SQLRETURN execute(Statement &statement, const std::string &text)
     statement.close();
     parse(statement, std::istringstream(text));
     const bool rollsBack = statement.has("refuse") && statement.connection->has("ROLLSBACK") &&
-                           statement.connection->item("AB") != 20;
+                           (statement.connection->item("AB") != 20 ||
+                            statement.connection->item("UseDeclareFetch") != 0);
     if (rollsBack || statement.has("rollback"))
         statement.endAllResults();
     for (long number = statement.item("refuse"); number > 0; --number)

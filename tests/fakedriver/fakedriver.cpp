@@ -7,7 +7,8 @@
 //     NOBEGIN=1       refuses to turn autocommit off
 //     NAME=<name>     what SQL_DRIVER_NAME says
 //     ROLLSBACK=1     rolls back and ends all results in silence when a statement fails, unless
-//     AB=20 NARROW=1        gives narrow texts alone
+//     AB=20           is there and UseDeclareFetch=1 is not
+//     NARROW=1        gives narrow texts alone
 //
 // The connection string is written to the file that the environment names in FAKEDRIVER_RECORD.
 // Every statement, and every end of a transaction, is added to the file named in
@@ -179,7 +180,7 @@ SQLRETURN SQL_API SQLDriverConnect(SQLHDBC handle, SQLHWND, SQLCHAR *text, SQLSM
     for (std::string item; std::getline(items, item, ';');) {
         const std::string name = item.substr(0, item.find('='));
         const std::string value = item.substr(std::min(item.size(), name.size() + 1));
-        connection.items.emplace(name, std::atol(value.c_str()));
+        connection.items.insert_or_assign(name, std::atol(value.c_str()));
         if (name == "NAME")
             connection.driverName = value;
     }

@@ -100,7 +100,8 @@ QString textInfo(const OdbcHandle &connection, SQLUSMALLINT what)
 /// For PostgreSQL's driver, which guards uncommitted work against a statement that fails by a
 /// savepoint: to send that by itself (a round trip). Otherwise it goes in one piece with the
 /// statement, is never made if that has a fault of syntax, and all work is rolled back in silence.
-const QString postgreSqlSafeguards = u";Protocol=7.4-2;AB=20"_s;
+/// So it is when the driver has fetched rows through a cursor of the server's.
+const QString postgreSqlSafeguards = u";Protocol=7.4-2;AB=20;UseDeclareFetch=0"_s;
 
 bool isPostgreSql(const OdbcHandle &connection)
 {
