@@ -30,6 +30,12 @@ void makeUnique(QStringList &names)
 
 } // namespace
 
+void ResultPaging::setResult(std::shared_ptr<Recordset> result)
+{
+    m_result = std::move(result);
+    m_recordsFetched = 0;
+}
+
 void ResultPaging::openResult(QString &sql, const std::shared_ptr<Connection> &connection)
 {
     if (trimBlanks(sql).isEmpty())
@@ -39,7 +45,6 @@ void ResultPaging::openResult(QString &sql, const std::shared_ptr<Connection> &c
     const std::shared_ptr<Recordset> result = m_result;
     source->setCacheSize(sourceCacheSize);
     m_source = source;
-    m_recordsFetched = 0;
     source->Open(sql, connection);
     if (source->State() == adStateClosed || source->Eof())
         return;

@@ -27,8 +27,9 @@ public:
     /// @param yield  called behind every row that retrieveAll() brings
     void setYield(std::function<void()> yield) { m_yield = std::move(yield); }
 
-    /// The recordset that the next query fills, set up but not opened.
-    void setResult(std::shared_ptr<Recordset> result) { m_result = std::move(result); }
+    /// The recordset that the next query fills, set up but not opened; nothing is in it yet, and a
+    /// statement that is no query leaves it so.
+    void setResult(std::shared_ptr<Recordset> result);
     std::shared_ptr<Recordset> result() const { return m_result; }
 
     /// Opens @p sql on @p connection and copies the first set into the result(), which has to be
@@ -47,15 +48,18 @@ public:
     void retrieveAll();
     void stop() { m_fetchingAll = false; }
 
-    /// Rows copied since the query was opened.
+    /// Rows copied into the result().
     qint32 recordsFetched() const { return m_recordsFetched; }
     /// "Records Retrieved: " and their number.
     QString retrievedText() const;
 
     /// Whether what was opened last gives rows, even if none.
     bool isQuery() const { return m_source && m_source->State() == adStateOpen; }
-    /// Whether rows of the query wait on the server.
-    bool hasMore() const { return isQuery() && !m_source->Eof(); }
+    /// Whether rows for the result() wait on the server.
+    bool hasMore() const
+    {
+        return isQuery() && m_result->State() == adStateOpen && !m_source->Eof();
+    }
     /// How many rows there are and whether more wait, in words; an empty text while no query is
     /// open.
     QString rowsText() const;

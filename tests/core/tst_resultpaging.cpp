@@ -134,7 +134,7 @@ void tst_ResultPaging::whatHappensDuringAYield_data()
     row("connection closed", 30, [this] { m_connection->Close(); });
     row("another query", 25, [this] { open(numbers(60)); });
     row("query without rows", 0, [this] { open(u"select 1 where 1 = 2"_s); });
-    row("no query", 30, [this] { m_paging->setResult(std::make_shared<Recordset>()); });
+    row("no query", 0, [this] { m_paging->setResult(std::make_shared<Recordset>()); });
     row("owner gone", 0, [this] {
         m_paging->setRowsArrived({});
         m_paging->stop();
@@ -162,6 +162,7 @@ void tst_ResultPaging::whatHappensDuringAYield()
         return;
     }
     QTEST(int(m_paging->recordsFetched()), "fetched");
+    QVERIFY(m_paging->recordsFetched() > 0 || !m_paging->hasMore());
     QCOMPARE(m_shown.last(), m_paging->retrievedText());
 }
 
