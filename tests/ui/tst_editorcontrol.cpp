@@ -175,6 +175,11 @@ void tst_EditorControl::blocksAreTakenByLine()
         editor.setSelText(replacement);
         QCOMPARE(editor.GetText(), expected);
         QCOMPARE(editor.SelStart(), expected.size());
+        const QSignalSpy changes(&editor, &EditorControl::contentChanged);
+        QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(changes.size(), 1);
+        QTest::keyClick(&editor, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(editor.GetText(), expected);
         editor.ExecuteCommand(EditorControl::CommandUndo);
         QCOMPARE(editor.GetText(), text);
     }

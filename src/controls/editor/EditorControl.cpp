@@ -304,7 +304,7 @@ void EditorControl::reportCaret()
 bool EditorControl::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride &&
-        zoomCommand(*static_cast<QKeyEvent *>(event)) != ZoomCommand::None) {
+        keyCommand(*static_cast<QKeyEvent *>(event)) != KeyCommand::None) {
         event->accept();
         return true;
     }
@@ -326,26 +326,28 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
         emit completionWanted();
         return;
     }
-    switch (zoomCommand(*event)) {
-    case ZoomCommand::In:
-        zoomIn();
-        break;
-    case ZoomCommand::Out:
-        zoomOut();
-        break;
-    case ZoomCommand::Reset:
-        zoomTo(0);
-        break;
-    case ZoomCommand::None:
-        if (typesAltCharacter(*event))
-            event->ignore();
-        else if (event->matches(QKeySequence::Paste) && selectedRanges(*this).size() > 1)
-            setSelText(QGuiApplication::clipboard()->text());
-        else
-            QsciScintilla::keyPressEvent(event);
-        reportCaret();
+    switch (keyCommand(*event)) {
+    case KeyCommand::ZoomIn:
+        return zoomIn();
+    case KeyCommand::ZoomOut:
+        return zoomOut();
+    case KeyCommand::ZoomReset:
+        return zoomTo(0);
+    // The widget itself tells of each of many changes.
+    case KeyCommand::Undo:
+        return ExecuteCommand(CommandUndo);
+    case KeyCommand::Redo:
+        return ExecuteCommand(CommandRedo);
+    case KeyCommand::None:
         break;
     }
+    if (typesAltCharacter(*event))
+        event->ignore();
+    else if (event->matches(QKeySequence::Paste) && selectedRanges(*this).size() > 1)
+        setSelText(QGuiApplication::clipboard()->text());
+    else
+        QsciScintilla::keyPressEvent(event);
+    reportCaret();
 }
 
 /// The widget ends a block with a line end.

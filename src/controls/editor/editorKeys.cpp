@@ -61,22 +61,26 @@ int windowsShiftState(const QKeyEvent &event)
            (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
 }
 
-ZoomCommand zoomCommand(const QKeyEvent &event)
+KeyCommand keyCommand(const QKeyEvent &event)
 {
     const Qt::KeyboardModifiers modifiers =
         event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
     if (modifiers != Qt::ControlModifier)
-        return ZoomCommand::None;
+        return KeyCommand::None;
     switch (event.key()) {
     case Qt::Key_Plus:
     case Qt::Key_Equal:
-        return ZoomCommand::In;
+        return KeyCommand::ZoomIn;
     case Qt::Key_Minus:
-        return ZoomCommand::Out;
+        return KeyCommand::ZoomOut;
     case Qt::Key_0:
-        return ZoomCommand::Reset;
+        return KeyCommand::ZoomReset;
+    case Qt::Key_Z:
+        return event.modifiers().testFlag(Qt::ShiftModifier) ? KeyCommand::Redo : KeyCommand::Undo;
+    case Qt::Key_Y:
+        return KeyCommand::Redo;
     default:
-        return ZoomCommand::None;
+        return KeyCommand::None;
     }
 }
 
