@@ -322,18 +322,15 @@ void EditorControl::changeEvent(QEvent *event)
 void EditorControl::keyPressEvent(QKeyEvent *event)
 {
     emit keyWentDown(windowsKeyCode(*event), windowsShiftState(*event));
-    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::ControlModifier) {
-        emit completionWanted();
-        return;
-    }
     switch (keyCommand(*event)) {
+    case KeyCommand::Complete:
+        return completionWanted();
     case KeyCommand::ZoomIn:
         return zoomIn();
     case KeyCommand::ZoomOut:
         return zoomOut();
     case KeyCommand::ZoomReset:
         return zoomTo(0);
-    // The widget itself tells of each of many changes.
     case KeyCommand::Undo:
         return ExecuteCommand(CommandUndo);
     case KeyCommand::Redo:
@@ -342,11 +339,15 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
         break;
     }
     if (typesAltCharacter(*event))
-        event->ignore();
-    else if (event->matches(QKeySequence::Paste) && selectedRanges(*this).size() > 1)
-        setSelText(QGuiApplication::clipboard()->text());
-    else
-        QsciScintilla::keyPressEvent(event);
+        return event->ignore();
+    const bool changesRows = selectedRanges(*this).size() > 1;
+    if (changesRows && event->matches(QKeySequence::Paste))
+        return setSelText(QGuiApplication::clipboard()->text());
+    if (changesRows)
+        m_changes->collect();
+    QsciScintilla::keyPressEvent(event);
+    if (changesRows)
+        m_changes->tell();
     reportCaret();
 }
 

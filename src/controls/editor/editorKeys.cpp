@@ -67,7 +67,10 @@ KeyCommand keyCommand(const QKeyEvent &event)
         event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
     if (modifiers != Qt::ControlModifier)
         return KeyCommand::None;
+    const bool isShifted = event.modifiers().testFlag(Qt::ShiftModifier);
     switch (event.key()) {
+    case Qt::Key_Space:
+        return isShifted ? KeyCommand::None : KeyCommand::Complete;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
         return KeyCommand::ZoomIn;
@@ -76,7 +79,7 @@ KeyCommand keyCommand(const QKeyEvent &event)
     case Qt::Key_0:
         return KeyCommand::ZoomReset;
     case Qt::Key_Z:
-        return event.modifiers().testFlag(Qt::ShiftModifier) ? KeyCommand::Redo : KeyCommand::Undo;
+        return isShifted ? KeyCommand::Redo : KeyCommand::Undo;
     case Qt::Key_Y:
         return KeyCommand::Redo;
     default:

@@ -12,9 +12,10 @@ int windowsKeyCode(const QKeyEvent &event);
 /// 1 Shift + 2 Ctrl + 4 Alt.
 int windowsShiftState(const QKeyEvent &event);
 
-enum class KeyCommand { None, ZoomIn, ZoomOut, ZoomReset, Undo, Redo };
+enum class KeyCommand { None, Complete, ZoomIn, ZoomOut, ZoomReset, Undo, Redo };
 
-/// Ctrl with plus, minus or 0, on either part of the keyboard; Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z.
+/// Ctrl+Space; Ctrl with plus, minus or 0, on either part of the keyboard; Ctrl+Z, Ctrl+Y and
+/// Ctrl+Shift+Z.
 KeyCommand keyCommand(const QKeyEvent &event);
 
 /// Whether a key is Alt with a character. The toolkit's text boxes would type it, where it is
