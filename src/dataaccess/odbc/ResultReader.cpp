@@ -3,6 +3,7 @@
 #include "dataaccess/odbc/OdbcCursor.h"
 #include "dataaccess/odbc/OdbcSession.h"
 
+#include <algorithm>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -11,7 +12,7 @@ using Clock = std::chrono::steady_clock;
 namespace {
 
 /// Long enough for the way to the other thread and back not to matter.
-constexpr auto portionTime = 2ms;
+constexpr std::chrono::microseconds longestPortion = 2ms;
 
 } // namespace
 
@@ -57,8 +58,10 @@ void ResultReader::takePortion()
 
 void ResultReader::readAhead()
 {
-    if (m_read.rowCount() == 0 && !m_isReadToEnd)
-        read(Clock::now() + portionTime);
+    if (m_read.rowCount() != 0 || m_isReadToEnd)
+        return;
+    read(Clock::now() + m_portionTime);
+    m_portionTime = std::min(2 * m_portionTime, longestPortion);
 }
 
 void ResultReader::takeRead()

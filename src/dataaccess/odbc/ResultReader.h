@@ -60,5 +60,7 @@ private:
     std::exception_ptr m_readFailure;
     bool m_isReadToEnd = false;
     bool m_isRowRead = false; ///< that of the cursor
+    /// For the next portion. Short at first, when somebody waits to see any rows at all.
+    std::chrono::microseconds m_portionTime{250};
     RowWriter m_writer;
 };
