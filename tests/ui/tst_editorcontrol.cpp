@@ -186,7 +186,9 @@ void tst_EditorControl::blocksAreTakenByLine()
     selectBlock(11, 5);
     QTest::keyClick(&editor, Qt::Key_X, Qt::ControlModifier);
     QCOMPARE(QGuiApplication::clipboard()->text(), u"bcß\r\n\r\nfgh"_s);
+    const QSignalSpy changes(&editor, &EditorControl::contentChanged);
     QTest::keyClicks(&editor, u"-"_s);
+    QCOMPARE(changes.size(), 1);
     QCOMPARE(editor.GetText(), u"a-\r\nx-\r\ne-"_s);
     QGuiApplication::clipboard()->setText(u"1\n2"_s);
     QTest::keyClick(&editor, Qt::Key_Left, Qt::AltModifier | Qt::ShiftModifier);

@@ -340,13 +340,13 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
     }
     if (typesAltCharacter(*event))
         return event->ignore();
-    const bool changesRows = selectedRanges(*this).size() > 1;
-    if (changesRows && event->matches(QKeySequence::Paste))
+    if (event->matches(QKeySequence::Paste) && selectedRanges(*this).size() > 1)
         return setSelText(QGuiApplication::clipboard()->text());
-    if (changesRows)
+    const bool hasManyCarets = SendScintilla(SCI_GETSELECTIONS) > 1;
+    if (hasManyCarets)
         m_changes->collect();
     QsciScintilla::keyPressEvent(event);
-    if (changesRows)
+    if (hasManyCarets)
         m_changes->tell();
     reportCaret();
 }
